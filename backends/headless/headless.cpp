@@ -1,0 +1,26 @@
+#include "backends/headless/headless.h"
+
+namespace paperway::headless {
+
+MessageBox::Answer MessageBox::show(std::string_view text, std::string_view title, Buttons buttons,
+                                    Icon icon) {
+  shown.push_back({std::string(text), std::string(title), buttons, icon});
+  if (answers.empty()) return buttons == Buttons::ok ? Answer::ok : Answer::no;
+  const Answer answer = answers.front();
+  answers.erase(answers.begin());
+  return answer;
+}
+
+void Windows::show(std::shared_ptr<Form> form) { forms.push_back(std::move(form)); }
+
+std::filesystem::path Folders::folder(const char* name) const {
+  const std::filesystem::path path = root_ / name;
+  std::filesystem::create_directories(path);
+  return path;
+}
+
+std::filesystem::path Folders::work() { return folder("work"); }
+std::filesystem::path Folders::program() { return folder("program"); }
+std::filesystem::path Folders::temporary() { return folder("temporary"); }
+
+}  // namespace paperway::headless

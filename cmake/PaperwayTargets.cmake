@@ -1,0 +1,28 @@
+# One way to make every target: warnings, sanitizers, include root.
+
+function(paperway_compile_options target)
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow>)
+  if(PAPERWAY_WERROR)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(PAPERWAY_SANITIZE)
+    target_compile_options(${target} PRIVATE -fsanitize=${PAPERWAY_SANITIZE} -fno-omit-frame-pointer
+                                             -fno-sanitize-recover=all)
+    target_link_options(${target} PRIVATE -fsanitize=${PAPERWAY_SANITIZE})
+  endif()
+endfunction()
+
+# paperway_library(name folder): a static library of every .cpp below folder, known as
+# paperway::name, whose headers are included from the root that holds the folder.
+function(paperway_library name folder)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
+  add_library(paperway_${name} STATIC ${sources})
+  add_library(paperway::${name} ALIAS paperway_${name})
+  set_target_properties(paperway_${name} PROPERTIES EXPORT_NAME ${name}
+                                                    POSITION_INDEPENDENT_CODE ON)
+  target_include_directories(paperway_${name} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/paperway>)
+  target_compile_features(paperway_${name} PUBLIC cxx_std_20)
+  paperway_compile_options(paperway_${name})
+endfunction()

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace paperway {
+
+class Folders;
+class MessageBox;
+class Windows;
+
+/// Everything outside the library that it asks something of. A plain record of references: whoever
+/// makes it owns what they refer to and keeps it alive as long as any Class1 made with it.
+struct Platform {
+  MessageBox& messageBox;
+  Windows& windows;
+  Folders& folders;
+};
+
+}  // namespace paperway

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace paperway {
+
+/// The failure that reaches a host: a number of the automation platform, the part of the library
+/// that raised it, and a sentence (UTF-8) that names the thing and the reason.
+class AutomationError : public std::runtime_error {
+ public:
+  enum Number : long {
+    kInvalidCall = 5,
+    kOverflow = 6,
+    kSubscript = 9,
+    kTypeMismatch = 13,
+    kFileNotFound = 53,
+    kDeviceIo = 57,
+    kDiskFull = 61,
+    kPermissionDenied = 70,
+    kPathFileAccess = 75,
+    kPathNotFound = 76,
+    kInvalidUseOfNull = 94,
+    kApplicationDefined = 1000,
+    kNoCurrentRow = 3021,
+    kItemNotFound = 3265,
+    kDataProvider = 3704,
+  };
+
+  AutomationError(long errorNumber, std::string errorSource, const std::string& description)
+      : std::runtime_error(description), number_(errorNumber), source_(std::move(errorSource)) {}
+
+  long number() const { return number_; }
+  const std::string& source() const { return source_; }
+  const char* description() const { return what(); }
+
+ private:
+  long number_;
+  std::string source_;
+};
+
+}  // namespace paperway

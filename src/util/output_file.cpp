@@ -1,0 +1,129 @@
+#include "util/output_file.h"
+
+#include <cerrno>
+#include <cstring>
+#include <random>
+#include <system_error>
+
+#include "util/automation_error.h"
+
+namespace paperway {
+namespace {
+
+long errorNumber(int error) {
+  switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+      return AutomationError::kDiskFull;
+    case ENOENT:
+    case ENOTDIR:
+      return AutomationError::kPathNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return AutomationError::kPermissionDenied;
+    default:
+      return AutomationError::kDeviceIo;
+  }
+}
+
+[[noreturn]] void raise(const char* verb, const std::filesystem::path& path, int error,
+                        const std::string& source) {
+  throw AutomationError(errorNumber(error), source,
+                        std::string("Cannot ") + verb + " \"" + path.string() +
+                            "\": " + std::generic_category().message(error) + ".");
+}
+
+std::filesystem::path neighbour(const std::filesystem::path& target) {
+  std::random_device random;
+  return target.parent_path() /
+         ("." + target.filename().string() + "." + std::to_string(random()) + ".part");
+}
+
+// What stands behind /dev/stdout may well be a regular file, opened by a shell that will go on
+// writing to it: it must not be renamed away, nor cut off.
+bool isWrittenDirectly(const std::filesystem::path& target) {
+  if (target.string().starts_with("/dev/")) return true;
+  std::error_code ignored;
+  const auto status = std::filesystem::status(target, ignored);
+  return std::filesystem::exists(status) && !std::filesystem::is_regular_file(status);
+}
+
+}  // namespace
+
+OutputFile::OutputFile(std::filesystem::path target, std::string source)
+    : target_(std::move(target)), source_(std::move(source)) {
+  if (target_.empty()) {
+    throw AutomationError(AutomationError::kPathNotFound, source_,
+                          "Cannot write a file without a name.");
+  }
+  if (isWrittenDirectly(target_)) {
+    file_.reset(std::fopen(target_.c_str(), "ab"));
+  } else {
+    std::error_code error;
+    if (std::filesystem::is_symlink(target_, error)) {
+      const auto resolved = std::filesystem::weakly_canonical(target_, error);
+      if (!error) target_ = resolved;
+    }
+    written_ = neighbour(target_);
+    file_.reset(std::fopen(written_.c_str(), "wbx"));
+  }
+  if (!file_) {
+    const int error = errno;
+    written_.clear();
+    fail(error);
+  }
+  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
+}
+
+OutputFile::~OutputFile() {
+  file_.reset();
+  std::error_code ignored;
+  if (!written_.empty()) std::filesystem::remove(written_, ignored);
+}
+
+void OutputFile::write(std::string_view bytes) {
+  if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) fail(errno);
+}
+
+void OutputFile::commit() {
+  if (std::fclose(file_.release()) != 0) fail(errno);
+  if (written_.empty()) return;
+  std::error_code error;
+  const auto status = std::filesystem::status(target_, error);
+  if (std::filesystem::exists(status)) {
+    std::filesystem::permissions(written_, status.permissions(), error);
+  }
+  std::filesystem::rename(written_, target_, error);
+  if (error) fail(error.value());
+  written_.clear();
+}
+
+void OutputFile::fail(int error) const { raise("write", target_, error, source_); }
+
+void replaceFile(const std::filesystem::path& target, std::string_view bytes,
+                 const std::string& source) {
+  OutputFile file(target, source);
+  file.write(bytes);
+  file.commit();
+}
+
+std::string readFile(const std::filesystem::path& path, const std::string& source) {
+  std::error_code status;
+  if (std::filesystem::is_directory(path, status)) raise("read", path, EISDIR, source);
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
+                                                             std::fclose);
+  if (!file) raise("read", path, errno, source);
+  std::string bytes;
+  const auto size = std::filesystem::file_size(path, status);
+  if (!status) bytes.reserve(size);
+  char buffer[64 * 1024];
+  for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;) {
+    bytes.append(buffer, n);
+  }
+  if (std::ferror(file.get()) != 0) raise("read", path, errno, source);
+  return bytes;
+}
+
+}  // namespace paperway

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace paperway {
+
+/// A file that appears whole or not at all. The bytes go to a new file beside the target, which
+/// commit() puts in the target's place; an OutputFile that dies uncommitted leaves the target as it
+/// was. A target that is not a regular file (a device, a pipe), or lies in /dev, is written
+/// directly. Every failure is an AutomationError that names the file and the reason.
+class OutputFile {
+ public:
+  /// `source` names the caller in errors ("Text_Rpt").
+  OutputFile(std::filesystem::path target, std::string source);
+  ~OutputFile();
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+
+  void write(std::string_view bytes);
+
+  /// Closes the file and puts it in place. Nothing may be written afterwards.
+  void commit();
+
+ private:
+  struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+
+  [[noreturn]] void fail(int error) const;
+
+  std::filesystem::path target_;
+  std::filesystem::path written_;  // the new file; empty when the target is written directly
+  std::string source_;
+  std::unique_ptr<std::FILE, Closer> file_;
+};
+
+/// The target replaced by these bytes in one step.
+void replaceFile(const std::filesystem::path& target, std::string_view bytes,
+                 const std::string& source);
+
+/// The whole of a file's bytes; an AutomationError that names the file and the reason otherwise.
+std::string readFile(const std::filesystem::path& path, const std::string& source);
+
+}  // namespace paperway

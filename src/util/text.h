@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace paperway {
+
+/// Texts are UTF-8 and are measured in characters (code points).
+
+inline bool isAscii(std::string_view text) {
+  for (const char c : text) {
+    if (static_cast<unsigned char>(c) >= 0x80) return false;
+  }
+  return true;
+}
+
+/// Blanks (character 32 alone) off both ends.
+std::string_view trimBlanks(std::string_view text);
+
+/// Offset of the first byte that does not belong to well-formed UTF-8; text.size() when all does.
+std::size_t validUtf8Length(std::string_view text);
+
+std::size_t characterCount(std::string_view text);
+
+/// Decodes the character at `offset` and moves `offset` behind it. A byte that starts none gives
+/// U+FFFD and moves by one.
+char32_t nextCharacter(std::string_view text, std::size_t& offset);
+void appendCharacter(std::string& out, char32_t character);
+
+/// The first, or last, `count` characters.
+std::string_view leftCharacters(std::string_view text, std::size_t count);
+std::string_view rightCharacters(std::string_view text, std::size_t count);
+
+/// Upper and lower case of single characters: ASCII, Latin, Greek and Cyrillic letters that have a
+/// partner of one character.
+char32_t upperCase(char32_t character);
+char32_t lowerCase(char32_t character);
+std::string upperCase(std::string_view text);
+std::string lowerCase(std::string_view text);
+
+bool equalIgnoringCase(std::string_view left, std::string_view right);
+
+/// Offset of `part` in `text` from byte `from` on, ignoring case; npos when it is not there.
+std::size_t findIgnoringCase(std::string_view text, std::string_view part, std::size_t from = 0);
+
+}  // namespace paperway
