@@ -17,6 +17,7 @@ endfunction()
 function(paperway_library name folder)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
   add_library(paperway_${name} STATIC ${sources})
+  set_target_properties(paperway_${name} PROPERTIES LINKER_LANGUAGE CXX)
   add_library(paperway::${name} ALIAS paperway_${name})
   set_target_properties(paperway_${name} PROPERTIES EXPORT_NAME ${name}
                                                     POSITION_INDEPENDENT_CODE ON)
