@@ -11,7 +11,9 @@ MessageBox::Answer MessageBox::show(std::string_view text, std::string_view titl
   return answer;
 }
 
-void Windows::show(std::shared_ptr<Form> form) { forms.push_back(std::move(form)); }
+void Windows::show(std::shared_ptr<Form> form) {
+  forms.push_back(std::move(form));
+}
 
 std::filesystem::path Folders::folder(const char* name) const {
   const std::filesystem::path path = root_ / name;
@@ -19,8 +21,14 @@ std::filesystem::path Folders::folder(const char* name) const {
   return path;
 }
 
-std::filesystem::path Folders::work() { return folder("work"); }
-std::filesystem::path Folders::program() { return folder("program"); }
-std::filesystem::path Folders::temporary() { return folder("temporary"); }
+std::filesystem::path Folders::work() {
+  return folder("work");
+}
+std::filesystem::path Folders::program() {
+  return folder("program");
+}
+std::filesystem::path Folders::temporary() {
+  return folder("temporary");
+}
 
 }  // namespace paperway::headless

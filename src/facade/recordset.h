@@ -68,6 +68,8 @@ class Fields {
   const Recordset& rows_;
 };
 
-inline Fields Recordset::Fields() const { return paperway::Fields(*this); }
+inline Fields Recordset::Fields() const {
+  return paperway::Fields(*this);
+}
 
 }  // namespace paperway

@@ -100,7 +100,9 @@ void OutputFile::commit() {
   written_.clear();
 }
 
-void OutputFile::fail(int error) const { raise("write", target_, error, source_); }
+void OutputFile::fail(int error) const {
+  raise("write", target_, error, source_);
+}
 
 void replaceFile(const std::filesystem::path& target, std::string_view bytes,
                  const std::string& source) {

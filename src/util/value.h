@@ -81,8 +81,8 @@ struct Decimal {
   static constexpr int kMaxDigits = 20;
 
   bool negative = false;
-  int count = 0;     // digits in use, no trailing zeros
-  int exponent = 0;  // place of the point, counted from the first digit
+  int count = 0;            // digits in use, no trailing zeros
+  int exponent = 0;         // place of the point, counted from the first digit
   char digits[kMaxDigits];  // '0' to '9', `count` of them
 
   /// At most 15 significant digits, rounded half away from zero on the shortest decimal form.
@@ -95,8 +95,8 @@ struct Decimal {
 };
 
 /// The default text form (UTF-8). Null is empty. A real has at most 15 significant digits and no
-/// trailing zeros, with an exponent ("1E+15", "1E-05") from 1E15 up and below 0.0001; an integer has
-/// all its digits. A date is "m/d/yyyy", with " h:mm:ss AM/PM" behind it when it has a time.
+/// trailing zeros, with an exponent ("1E+15", "1E-05") from 1E15 up and below 0.0001; an integer
+/// has all its digits. A date is "m/d/yyyy", with " h:mm:ss AM/PM" behind it when it has a time.
 void appendDefaultText(std::string& out, ValueView value);
 std::string defaultText(ValueView value);
 

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "facade/recordset.h"
+#include "platform/platform.h"
+#include "textreport/control_strings.h"
+#include "textreport/report_format.h"
+#include "textreport/text_rpt.h"
+
+namespace paperway {
+
+/// Published for hosts; no member takes it.
+enum class CaseTyp { Tital = 0, Uper = 1, Lover = 2 };
+
+/// The arguments of PreviewReport. The seven switches show (not 0) or hide a feature of the window.
+struct PreviewReportArguments {
+  std::string Path1;  // report file, native path
+  std::uint8_t RCont = 0;
+  std::uint8_t REdit = 0;
+  std::uint8_t RSearch = 0;
+  std::uint8_t RImport = 0;
+  std::uint8_t RExport = 0;
+  std::uint8_t RColor = 0;
+  std::uint8_t RPrint = 0;
+  std::uint8_t DirectPrint = 0;  // 1: print at once, no window
+  std::uint8_t cc17 = 0;         // 1: condensed
+  std::uint8_t cc12 = 0;         // 1: 12 characters per inch
+  std::uint8_t Tear = 0;         // 1: feed the stored tear lines; comes back as 1 or 0
+};
+
+/// The library's one public face. A host makes it, hands it recordsets and file names, and calls
+/// its members in the order Guid_comp1, Pagelenth and PrinterName, Set_Repot_Format, Text_Rpt,
+/// PreviewReport.
+///
+/// Texts are UTF-8, paths native, both std::string. Failures are AutomationErrors, unless a member
+/// says that it shows a message. One thread uses an object; the run state that the windows share is
+/// one a thread.
+class Class1 {
+ public:
+  /// Makes sure that the work folder exists. The platform outlives the object.
+  explicit Class1(const Platform& platform);
+
+  std::uint8_t Pagelenth = 0;    // page length in inches, for PreviewReport
+  std::string PrinterName;       // empty: the default printer
+  std::uint8_t opendReport = 0;  // the host's own
+  std::int16_t Verson;           // revision of the library
+
+  // Text report
+
+  /// Reads the columns of a report. A failure is shown as a message; the call then returns with the
+  /// table as far as it was filled.
+  void Set_Repot_Format(Recordset& Rst);
+
+  /// Writes a paged report file of the rows, under the table that Set_Repot_Format read. Call that
+  /// before every report: running totals stay in the table.
+  void Text_Rpt(TextRptArguments& arguments);
+  void Text_Rpt(TextRptArguments&& arguments) { Text_Rpt(arguments); }
+
+  // Layout primitives
+
+  std::string TxtL(std::string_view DispField, std::int16_t sp1);
+  std::string TxtR(std::string_view DispField, std::int16_t sp1);
+  std::string StrCenter(std::string_view strTxt, std::uint8_t maxlen);
+  std::string Print_line(std::int16_t Start_pos, std::string_view Print_str,
+                         std::string_view Data_str);
+
+  // Preview and print
+
+  /// Opens a report file in a window of its own and returns while it stays open, or prints it.
+  void PreviewReport(PreviewReportArguments& arguments);
+  void PreviewReport(PreviewReportArguments&& arguments) { PreviewReport(arguments); }
+
+  /// True while a report window is open.
+  bool RtWindows1() const;
+
+  // Settings
+
+  /// The host's company or installation number, which names the settings file.
+  void Guid_comp1(std::string Guid_comp1);
+
+ private:
+  Platform platform_;
+  ReportFormatTable ReportFormat_;
+  DOSEFONTcHR font_;
+};
+
+}  // namespace paperway
