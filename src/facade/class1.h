@@ -6,9 +6,9 @@
 
 #include "facade/recordset.h"
 #include "platform/platform.h"
-#include "textreport/control_strings.h"
 #include "textreport/report_format.h"
 #include "textreport/text_rpt.h"
+#include "util/control_strings.h"
 
 namespace paperway {
 

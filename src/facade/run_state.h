@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "textreport/control_strings.h"
+#include "util/control_strings.h"
 
 namespace paperway {
 

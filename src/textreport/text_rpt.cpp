@@ -1,12 +1,12 @@
 #include "textreport/text_rpt.h"
 
 #include "facade/run_state.h"
-#include "textreport/control_strings.h"
 #include "textreport/layout.h"
 #include "textreport/report_lines.h"
 #include "textreport/report_plan.h"
 #include "util/automation_error.h"
 #include "util/code_page.h"
+#include "util/control_strings.h"
 #include "util/output_file.h"
 #include "util/text.h"
 
