@@ -1,0 +1,27 @@
+# find_package(paperway) and pkg-config. Headers keep their folders below include/paperway, so that
+# a host includes "facade/class1.h" as the library itself does.
+include(CMakePackageConfigHelpers)
+
+set(installed paperway_core paperway_headless paperway_system paperway_memory)
+set(PAPERWAY_CONFIG_DEPENDENCIES "")
+if(PAPERWAY_DATA)
+  list(APPEND installed paperway_sqlite)
+  string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(SQLite3)\n")
+endif()
+
+install(TARGETS ${installed} EXPORT paperway ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(EXPORT paperway NAMESPACE paperway:: FILE paperway-targets.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/paperway)
+install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/paperway FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY backends DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/paperway
+        FILES_MATCHING PATTERN "*.h")
+
+configure_package_config_file(cmake/paperway-config.cmake.in paperway-config.cmake
+  INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/paperway)
+write_basic_package_version_file(paperway-config-version.cmake COMPATIBILITY SameMinorVersion)
+configure_file(cmake/paperway.pc.in paperway.pc @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/paperway-config.cmake
+              ${CMAKE_CURRENT_BINARY_DIR}/paperway-config-version.cmake
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/paperway)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/paperway.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every check and test.
+set -euo pipefail
+cd "$(dirname "$0")"
+. tools/packages.sh
+
+step() { printf '\n== %s\n' "$*"; }
+
+step "Packages"
+need_packages $build_packages $run_packages $test_packages
+
+sources() { git ls-files -- 'src/*' 'backends/*' 'apps/*' 'tests/*' 'examples/*' 'bench/*' | grep -E "$1"; }
+
+step "Format"
+sources '\.(h|cpp|c)$' | xargs clang-format --dry-run -Werror
+
+step "Everything, warnings as errors"
+cmake --preset dev
+cmake --build --preset dev
+
+step "The core alone"
+cmake --preset core -DPAPERWAY_TESTS=OFF -DPAPERWAY_WERROR=ON
+cmake --build --preset core
+
+step "Static checks"
+sources '\.cpp$' | grep -E '^(src|backends|apps)/' |
+  xargs -P "$(nproc)" -n 8 clang-tidy --quiet -p build/dev
+
+step "Sanitizers"
+cmake --preset asan -DPAPERWAY_DESKTOP=OFF
+cmake --build --preset asan
+
+step "Tests under the sanitizers"
+ctest --preset asan
+
+step "Tests"
+ctest --preset dev
