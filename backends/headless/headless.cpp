@@ -1,6 +1,22 @@
 #include "backends/headless/headless.h"
 
+#include <algorithm>
+
+#include "controls/form.h"
+#include "util/automation_error.h"
+
 namespace paperway::headless {
+namespace {
+
+template <typename T>
+std::optional<T> takeFront(std::vector<std::optional<T>>& answers) {
+  if (answers.empty()) return std::nullopt;
+  const std::optional<T> answer = answers.front();
+  answers.erase(answers.begin());
+  return answer;
+}
+
+}  // namespace
 
 MessageBox::Answer MessageBox::show(std::string_view text, std::string_view title, Buttons buttons,
                                     Icon icon) {

@@ -1,12 +1,17 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/clipboard.h"
+#include "platform/dialogs.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
 #include "platform/platform.h"
+#include "platform/shell.h"
 #include "platform/windows.h"
 
 namespace paperway::headless {
@@ -27,12 +32,47 @@ class MessageBox : public paperway::MessageBox {
   std::vector<Answer> answers;  // taken from the front
 };
 
-/// Keeps the forms that were shown, newest last.
+/// Keeps the forms that were shown, newest last, and brings each to the front as a desktop would.
 class Windows : public paperway::Windows {
  public:
   void show(std::shared_ptr<Form> form) override;
+  ScreenSize screen() override { return screenSize; }
+  void doEvents() override;
 
   std::vector<std::shared_ptr<Form>> forms;
+  ScreenSize screenSize{15360, 11520};
+  std::function<void()> waitingEvents;  // what doEvents lets run
+};
+
+class Clipboard : public paperway::Clipboard {
+ public:
+  std::string text() override { return content; }
+  void setText(std::string_view text) override { content = text; }
+
+  std::string content;
+};
+
+/// Keeps the questions; answers from a script, and is cancelled once that is used up.
+class Dialogs : public paperway::Dialogs {
+ public:
+  std::optional<std::filesystem::path> openFile(const FileQuestion& question) override;
+  std::optional<std::filesystem::path> saveFile(const FileQuestion& question) override;
+  std::optional<std::uint32_t> color(std::uint32_t start) override;
+
+  std::vector<FileQuestion> questions;
+  std::vector<std::optional<std::filesystem::path>> files;  // taken from the front
+  std::vector<std::optional<std::uint32_t>> colors;         // taken from the front
+};
+
+/// Keeps the commands that would have been started.
+class Shell : public paperway::Shell {
+ public:
+  void start(const std::vector<std::string>& command) override;
+  std::optional<std::vector<std::string>> calculator() override { return calculatorCommand; }
+
+  std::vector<std::vector<std::string>> started;
+  std::optional<std::vector<std::string>> calculatorCommand{{"calculator"}};
+  bool fails = false;
 };
 
 /// Folders below one root.
@@ -55,8 +95,11 @@ struct Headless {
   MessageBox messageBox;
   Windows windows;
   Folders folders;
+  Clipboard clipboard;
+  Dialogs dialogs;
+  Shell shell;
 
-  Platform platform() { return {messageBox, windows, folders}; }
+  Platform platform() { return {messageBox, windows, folders, clipboard, dialogs, shell}; }
 };
 
 }  // namespace paperway::headless

@@ -2,8 +2,11 @@
 
 namespace paperway {
 
+class Clipboard;
+class Dialogs;
 class Folders;
 class MessageBox;
+class Shell;
 class Windows;
 
 /// Everything outside the library that it asks something of. A plain record of references: whoever
@@ -12,6 +15,9 @@ struct Platform {
   MessageBox& messageBox;
   Windows& windows;
   Folders& folders;
+  Clipboard& clipboard;
+  Dialogs& dialogs;
+  Shell& shell;
 };
 
 }  // namespace paperway

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "controls/look.h"
+
+namespace paperway {
+
+class Dialogs;
+
+/// The file and colour dialog of a form. A cancelled dialog leaves FileName and Color as they were.
+class CommonDialog {
+ public:
+  explicit CommonDialog(Dialogs& dialogs) : dialogs_(dialogs) {}
+
+  std::string Filter;  // "Text (*.txt)|*.txt|…": pairs of description and pattern
+  std::string DialogTitle;
+  std::string FileName;  // native path
+  paperway::Color Color = 0;
+
+  void ShowOpen();
+  void ShowSave();
+  void ShowColor();
+
+ private:
+  Dialogs& dialogs_;
+};
+
+}  // namespace paperway

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace paperway {
+
+/// Lengths on forms are twips, 1440 to the inch; 15 make one logical pixel.
+inline constexpr int kTwipsPerPixel = 15;
+
+struct Geometry {
+  int Left = 0;
+  int Top = 0;
+  int Width = 0;
+  int Height = 0;
+
+  int right() const { return Left + Width; }
+  int bottom() const { return Top + Height; }
+};
+
+/// blue × 65536 + green × 256 + red, or one of the system colours below, which the renderer takes
+/// from the desktop's theme.
+using Color = std::uint32_t;
+
+inline constexpr Color kWindowBackground = 0x80000005;
+inline constexpr Color kWindowText = 0x80000008;
+inline constexpr Color kButtonFace = 0x8000000F;
+inline constexpr Color kButtonShadow = 0x80000010;
+inline constexpr Color kButtonText = 0x80000012;
+inline constexpr Color kButtonHighlight = 0x80000014;
+inline constexpr Color kWhite = 16777215;
+
+constexpr bool isSystemColor(Color color) {
+  return (color & 0x80000000) != 0;
+}
+constexpr int redOf(Color color) {
+  return static_cast<int>(color & 0xFF);
+}
+constexpr int greenOf(Color color) {
+  return static_cast<int>(color >> 8 & 0xFF);
+}
+constexpr int blueOf(Color color) {
+  return static_cast<int>(color >> 16 & 0xFF);
+}
+
+/// An empty name or a size of 0 means the desktop's own font.
+struct FontSpec {
+  std::string Name;
+  double Size = 0;  // points
+  bool Bold = false;
+  bool Italic = false;
+  bool Underline = false;
+
+  bool operator==(const FontSpec&) const = default;
+};
+
+/// Values of MousePointer.
+enum MousePointer { mpDefault = 0, mpHourglass = 11, mpCustom = 99 };
+
+enum class Alignment { left = 0, right = 1, center = 2 };
+
+/// Mouse buttons and the shift mask of key and mouse events.
+enum MouseButton { mbLeft = 1, mbRight = 2, mbMiddle = 4 };
+enum ShiftMask { smShift = 1, smCtrl = 2, smAlt = 4 };
+
+struct MouseEvent {
+  int button = 0;
+  int shift = 0;
+  int x = 0;  // twips from the control's (or the form's) top left corner
+  int y = 0;
+};
+
+/// Key codes of key-down and key-up events: those of the automation platform. Letters and digits
+/// have the code of their upper-case ASCII character.
+enum KeyCode {
+  keyBack = 8,
+  keyTab = 9,
+  keyReturn = 13,
+  keyShift = 16,
+  keyControl = 17,
+  keyMenu = 18,
+  keyEscape = 27,
+  keySpace = 32,
+  keyPageUp = 33,
+  keyPageDown = 34,
+  keyEnd = 35,
+  keyHome = 36,
+  keyLeft = 37,
+  keyUp = 38,
+  keyRight = 39,
+  keyDown = 40,
+  keyDelete = 46,
+  keyF1 = 112,  // keyF1 + 11 is F12
+  keyAdd = 107,
+  keySubtract = 109,
+};
+
+}  // namespace paperway

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "controls/control.h"
+
+namespace paperway {
+
+struct SpLebalPaint;
+
+/// Measures a caption wrapped at a width, both in pixels.
+class TextMeasure {
+ public:
+  virtual ~TextMeasure() = default;
+  virtual int wrappedHeight(std::string_view text, const FontSpec& font, int width) const = 0;
+};
+
+/// A caption inside a frame of four thin lines that can look raised, sunken or flat, with a second
+/// text at the right for a hot key. Clicked when any mouse button is released on it.
+class SpLebal : public Control {
+ public:
+  SpLebal(Form& owner, std::string itsName, Control* itsContainer = nullptr);
+
+  /// 0 left on one line, 1 centred on one line, 2 centred and wrapped; others paint no text.
+  std::int32_t CaptionStyle = 1;
+  std::string HotKeyCaption;
+  bool Down3D = true;
+  /// 1 raised, 0 sunken, 2 flat; others leave the lines as they are.
+  std::int32_t View3D = 0;
+
+  /// What the control keeps of itself: keys and values in their order.
+  using Record = std::vector<std::pair<std::string, std::string>>;
+  Record write() const;
+  void read(const Record& record);
+
+  /// What to paint on a surface of this inner size, in twips.
+  SpLebalPaint paint(int width, int height, const TextMeasure& measure);
+
+ private:
+  // The lines keep their colours when View3D has no row of its own.
+  Color topLeft_ = kButtonShadow;
+  Color bottomRight_ = kButtonHighlight;
+};
+
+struct SpLebalPaint {
+  struct Line {
+    int x1, y1, x2, y2;  // twips
+    Color color;
+  };
+  struct Text {
+    std::string text;
+    int left, top, right, bottom;  // pixels
+    enum class Horizontal { left, center, right } horizontal;
+    enum class Vertical { top, center, bottom } vertical;
+    bool wrapped;
+  };
+
+  Color background;
+  Color textColor;
+  std::vector<Line> lines;  // lineRight, lineLeft, lineBottom, lineTop
+  std::vector<Text> texts;  // in the order of painting
+};
+
+}  // namespace paperway
