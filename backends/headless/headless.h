@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "backends/headless/machine.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/folders.h"
@@ -90,7 +91,7 @@ class Folders : public paperway::Folders {
 
 /// A machine without a screen: for tests and servers.
 struct Headless {
-  explicit Headless(const std::filesystem::path& root) : folders(root) {}
+  explicit Headless(const std::filesystem::path& root) : folders(root), files(root / "temporary") {}
 
   MessageBox messageBox;
   Windows windows;
@@ -98,8 +99,15 @@ struct Headless {
   Clipboard clipboard;
   Dialogs dialogs;
   Shell shell;
+  FileSystem files;
+  Clock clock;
+  SystemNames names;
+  UserStore userStore;
 
-  Platform platform() { return {messageBox, windows, folders, clipboard, dialogs, shell}; }
+  Platform platform() {
+    return {messageBox, windows, folders, clipboard, dialogs,
+            shell,      files,   clock,   names,     userStore};
+  }
 };
 
 }  // namespace paperway::headless

@@ -3,10 +3,14 @@
 namespace paperway {
 
 class Clipboard;
+class Clock;
 class Dialogs;
+class FileSystem;
 class Folders;
 class MessageBox;
 class Shell;
+class SystemNames;
+class UserStore;
 class Windows;
 
 /// Everything outside the library that it asks something of. A plain record of references: whoever
@@ -18,6 +22,10 @@ struct Platform {
   Clipboard& clipboard;
   Dialogs& dialogs;
   Shell& shell;
+  FileSystem& files;
+  Clock& clock;
+  SystemNames& names;
+  UserStore& userStore;
 };
 
 }  // namespace paperway

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include "support/test_folder.h"
 #include "util/automation_error.h"
 
 namespace paperway::desktop {
@@ -15,15 +16,12 @@ namespace fs = std::filesystem;
 class FoldersTest : public testing::Test {
  protected:
   FoldersTest() {
-    static const std::string outside = testing::TempDir();  // asked before TMPDIR changes
-    std::string name = outside + "/foldersXXXXXX";
-    root_ = mkdtemp(name.data());
     setenv("XDG_DATA_HOME", (root_ / "data").c_str(), 1);
     setenv("TMPDIR", (root_ / "tmp").c_str(), 1);
   }
-  ~FoldersTest() override { fs::remove_all(root_); }
 
-  fs::path root_;
+  TestFolder folder_;
+  const fs::path& root_ = folder_.path;
   Folders folders_;
 };
 

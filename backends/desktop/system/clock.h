@@ -1,0 +1,13 @@
+#pragma once
+
+#include "backends/desktop/system/local_time.h"
+#include "platform/clock.h"
+
+namespace paperway::desktop {
+
+class Clock : public paperway::Clock {
+ public:
+  Date now() override { return localTime(std::time(nullptr)); }
+};
+
+}  // namespace paperway::desktop

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/system_names.h"
+
+namespace paperway::desktop {
+
+class SystemNames : public paperway::SystemNames {
+ public:
+  std::string computerName() override;
+  std::string userName() override;
+};
+
+}  // namespace paperway::desktop

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "util/value.h"
+
+namespace paperway {
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+
+  /// Date and time of day where the user is.
+  virtual Date now() = 0;
+};
+
+}  // namespace paperway

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace paperway {
+
+/// Names by which the machine and its user are known, in UTF-8; empty when the system gives none.
+class SystemNames {
+ public:
+  virtual ~SystemNames() = default;
+
+  virtual std::string computerName() = 0;
+  virtual std::string userName() = 0;
+};
+
+}  // namespace paperway
