@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "backends/headless/machine.h"
+#include "backends/headless/printing.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/folders.h"
@@ -103,10 +104,13 @@ struct Headless {
   Clock clock;
   SystemNames names;
   UserStore userStore;
+  Printers printers;
+  Spooler spooler{printers};
+  PrintDevice printDevice{printers};
 
   Platform platform() {
-    return {messageBox, windows, folders, clipboard, dialogs,
-            shell,      files,   clock,   names,     userStore};
+    return {messageBox, windows, folders,   clipboard, dialogs,  shell,      files,
+            clock,      names,   userStore, spooler,   printers, printDevice};
   }
 };
 

@@ -8,7 +8,10 @@ class Dialogs;
 class FileSystem;
 class Folders;
 class MessageBox;
+class PrintDevice;
+class Printers;
 class Shell;
+class Spooler;
 class SystemNames;
 class UserStore;
 class Windows;
@@ -26,6 +29,9 @@ struct Platform {
   Clock& clock;
   SystemNames& names;
   UserStore& userStore;
+  Spooler& spooler;
+  Printers& printers;
+  PrintDevice& printDevice;
 };
 
 }  // namespace paperway
