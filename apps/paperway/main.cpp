@@ -1,10 +1,41 @@
 #include <CLI/CLI.hpp>
-#include <string>
+#include <clocale>
+#include <exception>
+#include <iostream>
+
+#include "apps/paperway/commands.h"
+
+namespace {
+
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+constexpr int kInterrupted = 130;
+
+int run(CLI::App& app, int argc, char** argv) {
+  try {
+    app.parse(argc, argv);
+    return 0;
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : kUsage;
+  } catch (const paperway::command::Told&) {
+    return kFailed;
+  } catch (const paperway::command::Interrupted&) {
+    std::cerr << "paperway: stopped; nothing was written.\n";
+    return kInterrupted;
+  } catch (const std::exception& error) {
+    std::cerr << "paperway: " << error.what() << "\n";
+    return kFailed;
+  }
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app{"Reports from the rows of a database to paper", "paperway"};
+  CLI::App app{"Takes the rows of a database to paper.", "paperway"};
   app.set_version_flag("--version", std::string("paperway ") + PAPERWAY_VERSION);
   app.require_subcommand(1);
-  CLI11_PARSE(app, argc, argv);
-  return 0;
+  app.get_formatter()->column_width(34);
+  paperway::command::addText(app);
+  paperway::command::addColumns(app);
+  return run(app, argc, argv);
 }

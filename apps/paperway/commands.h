@@ -1,0 +1,23 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <stdexcept>
+#include <string>
+
+namespace paperway::command {
+
+/// A failure that a message box has already told; the command ends with exit code 1.
+struct Told : std::runtime_error {
+  Told() : std::runtime_error("told") {}
+};
+
+/// The user asked to stop.
+struct Interrupted : std::runtime_error {
+  Interrupted() : std::runtime_error("interrupted") {}
+};
+
+/// Each adds one command; its work runs as the callback, which throws when it fails.
+void addText(CLI::App& app);
+void addColumns(CLI::App& app);
+
+}  // namespace paperway::command

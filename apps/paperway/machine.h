@@ -1,0 +1,51 @@
+#pragma once
+
+#include "apps/paperway/commands.h"
+#include "backends/desktop/system/system.h"
+#include "backends/headless/headless.h"
+#include "platform/platform.h"
+
+namespace paperway::command {
+
+/// The machine as a command without a window sees it: the user's own folders and files, messages
+/// on the console.
+class Machine {
+ public:
+  Platform platform() {
+    return {.messageBox = messageBox_,
+            .windows = screenless_.windows,
+            .folders = system_.folders,
+            .clipboard = screenless_.clipboard,
+            .dialogs = screenless_.dialogs,
+            .shell = screenless_.shell,
+            .files = system_.files,
+            .clock = system_.clock,
+            .names = system_.names,
+            .userStore = system_.userStore,
+            .spooler = screenless_.spooler,
+            .printers = screenless_.printers,
+            .printDevice = screenless_.printDevice};
+  }
+
+  /// Throws Told when a message has been shown.
+  void throwIfTold() const {
+    if (messageBox_.told) throw Told();
+  }
+
+ private:
+  /// Remembers that it has been used.
+  struct MessageBox : desktop::ConsoleMessageBox {
+    Answer show(std::string_view text, std::string_view title, Buttons buttons,
+                Icon icon) override {
+      told = true;
+      return ConsoleMessageBox::show(text, title, buttons, icon);
+    }
+    bool told = false;
+  };
+
+  MessageBox messageBox_;
+  desktop::System system_;
+  headless::Headless screenless_{system_.folders.temporary()};
+};
+
+}  // namespace paperway::command

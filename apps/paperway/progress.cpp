@@ -1,0 +1,69 @@
+#include "apps/paperway/progress.h"
+
+#include <csignal>
+#include <iostream>
+#include <unistd.h>
+
+#include "apps/paperway/commands.h"
+#include "facade/run_state.h"
+#include "util/format_pattern.h"
+
+namespace paperway::command {
+namespace {
+
+constexpr auto kBeforeFirstLine = std::chrono::seconds(1);
+constexpr auto kBetweenLines = std::chrono::milliseconds(200);
+
+volatile std::sig_atomic_t wantsStop = 0;
+
+void askToStop(int signal) {
+  wantsStop = 1;
+  std::signal(signal, SIG_DFL);  // a second one ends the process at once
+}
+
+std::string grouped(std::int64_t number) {
+  return FormatPattern("#,##0")(ValueView(number));
+}
+
+}  // namespace
+
+Progress::Progress() : terminal_(isatty(STDERR_FILENO) != 0) {
+  wantsStop = 0;
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, askToStop);
+}
+
+Progress::~Progress() {
+  if (onShow_) std::cerr << "\r\033[K";
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
+}
+
+void Progress::checkInterrupt() {
+  if (wantsStop != 0) throw Interrupted();
+}
+
+void Progress::look() {
+  checkInterrupt();
+  if (!terminal_) return;
+  const auto now = Clock::now();
+  if (now - start_ < kBeforeFirstLine || now - shown_ < kBetweenLines) return;
+  shown_ = now;
+  onShow_ = true;
+  std::cerr << "\r\033[K" << line() << std::flush;
+}
+
+std::string Progress::line() const {
+  const RunState& state = runState();
+  const double seconds = std::chrono::duration<double>(Clock::now() - start_).count();
+  const double rate = seconds > 0 ? static_cast<double>(state.rowsDone) / seconds : 0;
+  return grouped(state.rowsDone) + " rows, " + grouped(static_cast<std::int64_t>(rate)) +
+         " rows/s, " + grouped(state.pagesDone) + " pages";
+}
+
+void Progress::finish(const std::string& fileName) {
+  if (!terminal_) return;
+  if (onShow_) std::cerr << "\r\033[K";
+  onShow_ = false;
+  std::cerr << fileName << ": " << line() << "\n";
+}
+
+}  // namespace paperway::command

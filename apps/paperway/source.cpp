@@ -1,0 +1,43 @@
+#include "apps/paperway/source.h"
+
+#include "backends/data/memory/csv_table.h"
+#include "backends/data/sqlite/sqlite_recordset.h"
+#include "util/text.h"
+
+namespace paperway::command {
+namespace {
+
+bool isStatement(std::string_view text) {
+  const std::string start = lowerCase(trimBlanks(text).substr(0, 8));
+  for (const std::string_view verb : {"select", "with", "values"}) {
+    if (!start.starts_with(verb) || start.size() == verb.size()) continue;
+    const char next = start[verb.size()];
+    if (next == ' ' || next == '\t' || next == '\n' || next == '\r' || next == '(') return true;
+  }
+  return false;
+}
+
+template <typename Rows, typename Database>
+std::unique_ptr<Recordset> open(const Database& database, const std::string& statement,
+                                Progress* progress) {
+  if (progress == nullptr) return std::make_unique<Rows>(database, statement);
+  return std::make_unique<Watched<Rows>>(*progress, database, statement);
+}
+
+}  // namespace
+
+void Source::addOptions(CLI::App& app) {
+  app.add_option("--db", db, "SQLite database to read")->type_name("FILE");
+}
+
+std::unique_ptr<Recordset> Source::rows(const std::string& statement, Progress* progress) const {
+  if (!isGiven()) throw CLI::RequiredError("--db");
+  return open<SqliteRecordset>(SqliteDatabase(db), statement, progress);
+}
+
+std::unique_ptr<Recordset> Source::columns(const std::string& fileOrStatement) const {
+  if (isStatement(fileOrStatement)) return rows(fileOrStatement);
+  return std::make_unique<MemoryTable>(readCsvFile(fileOrStatement));
+}
+
+}  // namespace paperway::command

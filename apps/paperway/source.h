@@ -1,0 +1,26 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+
+#include "apps/paperway/progress.h"
+#include "facade/recordset.h"
+
+namespace paperway::command {
+
+/// The database that a command reads.
+struct Source {
+  std::string db;
+
+  void addOptions(CLI::App& app);
+  bool isGiven() const { return !db.empty(); }
+
+  /// The rows of a statement; it tells `progress`, when there is one, of each move.
+  std::unique_ptr<Recordset> rows(const std::string& statement, Progress* progress = nullptr) const;
+
+  /// A column table: the rows of a statement, or a file of comma-separated values.
+  std::unique_ptr<Recordset> columns(const std::string& fileOrStatement) const;
+};
+
+}  // namespace paperway::command

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "backends/data/memory/memory_table.h"
+#include "backends/headless/headless.h"
+#include "facade/class1.h"
+#include "util/output_file.h"
+
+namespace paperway {
+
+/// One row of a column table, with the values that most columns have.
+struct Column {
+  std::string fNM, fHeder;
+  int Sz = 0;
+  std::string Dtyp = "T", Ali = "L";
+  int Spc = 1;
+  std::string Lt = "N", AllPageTot = "N", GTot1, GTot2, Frmt, BoldGroup1, BoldGroup2;
+  std::string DupPrintYN = "N", DupPrintField;
+};
+
+inline MemoryTable columnTable(const std::vector<Column>& columns) {
+  MemoryTable table({"fNM", "fHeder", "Sz", "Dtyp", "Ali", "Spc", "Lt", "AllPageTot", "GTot1",
+                     "GTot2", "Frmt", "BoldGroup1", "BoldGroup2", "FontNm", "DupPrintYN",
+                     "DupPrintField"});
+  for (const Column& c : columns) {
+    table.addRow({c.fNM, c.fHeder, c.Sz, c.Dtyp, c.Ali, c.Spc, c.Lt, c.AllPageTot, c.GTot1, c.GTot2,
+                  c.Frmt, c.BoldGroup1, c.BoldGroup2, ValueView(), c.DupPrintYN, c.DupPrintField});
+  }
+  return table;
+}
+
+/// Control strings by their names in angle brackets, line ends as LF: a report to read.
+inline std::string readable(std::string bytes) {
+  const DOSEFONTcHR font;
+  const std::vector<std::pair<std::string, std::string>> names = {
+      {font.BBon, "<BBon>"}, {font.BBoff, "<BBoff>"}, {font.C96, "<C96>"}, {font.C80, "<C80>"},
+      {font.Bon, "<Bon>"},   {font.Boff, "<Boff>"},   {font.Con, "<Con>"}, {font.Coff, "<Coff>"},
+      {"\x0C", "<FF>"},      {"\r\n", "\n"},          {"\r", "<lone CR>"},
+  };
+  for (const auto& [from, to] : names) {
+    for (std::size_t at = 0; (at = bytes.find(from, at)) != std::string::npos; at += to.size()) {
+      bytes.replace(at, from.size(), to);
+    }
+  }
+  return bytes;
+}
+
+/// A Class1 on a machine without a screen, and a folder that is gone after the test.
+class ReportTest : public ::testing::Test {
+ protected:
+  ReportTest()
+      : folder_(std::filesystem::path(::testing::TempDir()) /
+                (std::string("report-") +
+                 ::testing::UnitTest::GetInstance()->current_test_info()->name())),
+        machine_(folder_),
+        class1_(machine_.platform()) {}
+  ~ReportTest() override { std::filesystem::remove_all(folder_); }
+
+  std::string file(const std::string& name) const { return (folder_ / name).string(); }
+  std::string bytesOf(const std::string& path) const { return readFile(path, "test"); }
+  static std::string golden(const std::string& name) {
+    return readFile(std::filesystem::path(PAPERWAY_SOURCE_DIR) / "tests/golden" / name, "test");
+  }
+
+  /// The report of these rows as its bytes.
+  std::string report(const std::vector<Column>& columns, TextRptArguments arguments) {
+    MemoryTable table = columnTable(columns);
+    class1_.Set_Repot_Format(table);
+    arguments.TextFileName = file("report.txt");
+    class1_.Text_Rpt(arguments);
+    nextSerial_ = arguments.Srno;
+    return bytesOf(arguments.TextFileName);
+  }
+
+  std::filesystem::path folder_;
+  headless::Headless machine_;
+  Class1 class1_;
+  std::int32_t nextSerial_ = 0;
+};
+
+}  // namespace paperway

@@ -1,0 +1,281 @@
+#include <algorithm>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "textreport/report_fixture.h"
+#include "util/automation_error.h"
+
+namespace paperway {
+namespace {
+
+const std::vector<Column> kPlain = {
+    {.fNM = "item", .fHeder = "Item", .Sz = 10},
+    {.fNM = "amount",
+     .fHeder = "Amount",
+     .Sz = 8,
+     .Dtyp = "N",
+     .Ali = "R",
+     .Spc = 0,
+     .Lt = "Y",
+     .Frmt = "0.00"},
+};
+
+MemoryTable numbered(int rows) {
+  MemoryTable table({"item", "amount"});
+  for (int i = 1; i <= rows; ++i) table.addRow({"row", i});
+  return table;
+}
+
+int count(const std::string& text, const std::string& part) {
+  int found = 0;
+  for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; ++at) ++found;
+  return found;
+}
+
+class TextReport : public ReportTest {};
+
+TEST_F(TextReport, PlainRowsMatchTheWorkedPage) {
+  MemoryTable rows({"Item", "AMOUNT"}, {{"Apple", 12.5}, {"Café", "1000.25"}});
+  const std::string bytes = report(kPlain, {.Rs = rows,
+                                            .Tital1 = "Sales",
+                                            .Tital5 = "2026",
+                                            .MPLine = 60,
+                                            .Srno = 1,
+                                            .C_80_96_136 = 80});
+  EXPECT_EQ(readable(bytes), [] {
+    std::string golden = ReportTest::golden("plain_80.txt");
+    golden.replace(golden.find("é"), 2, "\xE9");
+    return golden;
+  }());
+  EXPECT_EQ(nextSerial_, 3);
+  EXPECT_TRUE(rows.Eof());
+}
+
+const std::vector<Column> kLedger = {
+    {.fNM = "voucher",
+     .fHeder = "No",
+     .Sz = 6,
+     .BoldGroup2 = "Y",
+     .DupPrintYN = "Y",
+     .DupPrintField = "voucher"},
+    {.fNM = "item", .fHeder = "Item", .Sz = 8, .GTot1 = "Count+customer", .Frmt = "0"},
+    {.fNM = "qty",
+     .fHeder = "Qty",
+     .Sz = 5,
+     .Dtyp = "N",
+     .Ali = "R",
+     .Lt = "Y",
+     .GTot1 = "customer",
+     .GTot2 = "region",
+     .Frmt = "0"},
+    {.fNM = "amount",
+     .fHeder = "Amount",
+     .Sz = 9,
+     .Dtyp = "N",
+     .Ali = "R",
+     .Spc = 0,
+     .Lt = "Y",
+     .AllPageTot = "Y",
+     .GTot1 = "customer",
+     .GTot2 = "region",
+     .Frmt = "#,##0.00"},
+};
+
+MemoryTable ledgerRows() {
+  return MemoryTable({"region", "customer", "voucher", "item", "qty", "amount"},
+                     {{"North", "Asha", "V1", "Pen", std::int64_t{2}, 10.0},
+                      {"NORTH", "asha", "V1", "Ink", std::int64_t{1}, 1250.5},
+                      {"North", "Bela", "V2", "Pad", std::int64_t{3}, 30.0},
+                      {"South", "Bela", "V3", "Pen", std::int64_t{4}, 20.0}});
+}
+
+TEST_F(TextReport, GroupsDuplicatesAndCarriedTotalsMatchTheGoldenLedger) {
+  MemoryTable rows = ledgerRows();
+  const std::string bytes =
+      report(kLedger, {.Rs = rows, .Tital1 = "Ledger", .MPLine = 15, .C_80_96_136 = 136});
+  EXPECT_EQ(readable(bytes), golden("ledger_136.txt"));
+}
+
+TEST_F(TextReport, RowsOfAPageFollowFromItsLineBudget) {
+  // Four head lines and no page totals: a page of 60 ends when its count reaches 57. The count is
+  // of eight bits: with 255 lines it wraps before it reaches 252 only if the head alone is larger.
+  const struct {
+    int rows;
+    std::uint8_t lines;
+    int pages;
+  } cases[] = {{52, 60, 1}, {53, 60, 2},   {106, 60, 3},  {3, 5, 4},
+               {3, 0, 4},   {247, 255, 1}, {248, 255, 2}, {0, 60, 1}};
+  for (const auto& c : cases) {
+    MemoryTable rows = numbered(c.rows);
+    const std::string bytes = report(kPlain, {.Rs = rows, .MPLine = c.lines});
+    EXPECT_EQ(count(bytes, "\x0C"), c.pages) << c.rows << " rows, " << +c.lines << " lines";
+    EXPECT_EQ(count(bytes, "row "), c.rows);
+    EXPECT_EQ(count(bytes, "Page No # "), c.pages);
+  }
+}
+
+TEST_F(TextReport, TheLineCountWrapsAt256) {
+  // 300 group headers and rows: each row is its own group, four lines a row but the first.
+  const std::vector<Column> columns = {{.fNM = "item", .fHeder = "Item", .Sz = 4, .GTot1 = "item"}};
+  MemoryTable rows({"item"});
+  for (int i = 0; i < 100; ++i) rows.addRow({std::to_string(i)});
+  const std::string bytes = report(columns, {.Rs = rows, .MPLine = 255});
+  // 4 + 2 + 5 a row: after row 50 the count is 251, after row 51 it is 256, that is 0; the page
+  // goes on to the end.
+  EXPECT_EQ(count(bytes, "\x0C"), 1);
+}
+
+TEST_F(TextReport, PitchCodesStandWhereTheyBelong) {
+  const struct {
+    std::uint8_t pitch;
+    const char* firstLine;
+    const char* pageBreak;
+    const char* end;
+  } cases[] = {{136, "<Con>\n", "\n<Coff><FF><Con>\n", "\n<Coff><FF>\n"},
+               {96, "<C96>\n", "\n<FF>\n", "\n<FF>\n"},
+               {80, "<C80>\n", "\n<FF>\n", "\n<FF>\n"},
+               {100, "\n", "\n<FF>\n", "\n<FF>\n"},
+               {0, "\n", "\n<FF>\n", "\n<FF>\n"}};
+  for (const auto& c : cases) {
+    MemoryTable rows = numbered(60);
+    const std::string text =
+        readable(report(kPlain, {.Rs = rows, .MPLine = 60, .C_80_96_136 = c.pitch}));
+    EXPECT_TRUE(text.starts_with(std::string(17, ' ') + c.firstLine)) << +c.pitch;
+    EXPECT_EQ(count(text, c.pageBreak), c.pageBreak == std::string(c.end) ? 2 : 1) << +c.pitch;
+    EXPECT_TRUE(text.ends_with(c.end)) << +c.pitch;
+  }
+}
+
+TEST_F(TextReport, CellsFollowTheirTypeAndSide) {
+  const struct {
+    const char* type;
+    const char* side;
+    const char* pattern;
+    Value value;
+    const char* cell;
+  } cases[] = {
+      {"T", "L", "", "  too long for it ", "too long"},
+      {"T", "R", "", "too long for it", "g for it"},
+      {"T", "L", "", std::monostate{}, "        "},
+      {"T", "R", "0.00", 2.5, "     2.5"},
+      {"N", "R", "0.00", std::monostate{}, "    0.00"},
+      {"N", "R", "#,##0.00", 123456789.0, "6,789.00"},
+      {"N", "L", "0", "12 pieces", "12      "},
+      {"N", "R", "0.00", "1,234.50", "    1.00"},
+      {"N", "R", "0", "about 12", "       0"},
+      {"N", "R", "0.00", 2.345, "    2.35"},
+      {"D", "L", "dd-mm-yy", Date{2026, 3, 5}, "05-03-26"},
+      {"D", "L", "", Date{2026, 3, 5}, "3/5/2026"},
+      {"D", "L", "dd-mm-yy", std::monostate{}, "        "},
+      {"X", "L", "", "lost", ""},
+  };
+  for (const auto& c : cases) {
+    MemoryTable rows({"f"}, {{c.value}});
+    const std::string bytes = report({{.fNM = "f",
+                                       .fHeder = "F",
+                                       .Sz = 8,
+                                       .Dtyp = c.type,
+                                       .Ali = c.side,
+                                       .Spc = 1,
+                                       .Frmt = c.pattern}},
+                                     {.Rs = rows, .MPLine = 60});
+    const std::string expected =
+        std::string(9, '-') + "\r\n" + c.cell + (*c.cell ? " \r\n" : "\r\n") + std::string(9, '-');
+    EXPECT_NE(bytes.find(expected), std::string::npos) << c.type << c.side << c.cell << "\n"
+                                                       << bytes;
+  }
+}
+
+TEST_F(TextReport, TitlesAndPageNumberShareTheHead) {
+  const struct {
+    const char* title5;
+    const char* pageLine;
+  } cases[] = {{"", "<Bon><Boff>    Page No # 0001\n"},
+               {"2026", "<Bon>2026<Boff>Page No # 0001\n"},
+               {"2026-27 half", "<Bon>2026-27 half<Boff>o # 0001"},
+               {"eighteen letters..", "<Bon>eighteen letters..<Boff>\n"},
+               {"more than eighteen letters", "<Bon>more than eighteen letters<Boff>\n"}};
+  for (const auto& c : cases) {
+    MemoryTable rows = numbered(1);
+    std::vector<Column> columns = kPlain;
+    columns[0].Sz = 9;
+    const std::string text =
+        readable(report(columns, {.Rs = rows, .Tital3 = "Sub", .Tital5 = c.title5, .MPLine = 60}));
+    const std::string pageLine = c.pageLine;
+    EXPECT_NE(text.find("<Bon>Sub<Boff>\n" + pageLine.substr(0, pageLine.size())),
+              std::string::npos)
+        << text;
+  }
+}
+
+TEST_F(TextReport, TotalsOutliveARunUntilTheTableIsReadAnew) {
+  MemoryTable rows = numbered(2);
+  report(kPlain, {.Rs = rows, .MPLine = 60});
+  class1_.Text_Rpt({.Rs = rows, .TextFileName = file("again.txt"), .MPLine = 60});
+  EXPECT_NE(bytesOf(file("again.txt")).find("    6.00\r\n"), std::string::npos);
+}
+
+TEST_F(TextReport, SerialNumbersKeepTheirLastFourDigits) {
+  MemoryTable rows = numbered(2);
+  const std::string bytes = report(kPlain, {.Rs = rows, .MPLine = 60, .Srno = 9999});
+  EXPECT_NE(bytes.find("\r\n9999 row"), std::string::npos);
+  EXPECT_NE(bytes.find("\r\n0000 row"), std::string::npos);
+  EXPECT_EQ(nextSerial_, 10001);
+}
+
+TEST_F(TextReport, AGroupFieldThatTheDataLacksIsToldBeforeAnythingIsTouched) {
+  MemoryTable rows = numbered(1);
+  std::vector<Column> columns = kPlain;
+  columns[0].GTot2 = "region";
+  MemoryTable table = columnTable(columns);
+  class1_.Set_Repot_Format(table);
+  replaceFile(file("report.txt"), "earlier", "test");
+  TextRptArguments arguments{
+      .Rs = rows, .TextFileName = file("report.txt"), .MPLine = 60, .Srno = 7};
+  class1_.Text_Rpt(arguments);
+  ASSERT_EQ(machine_.messageBox.shown.size(), 1u);
+  EXPECT_EQ(machine_.messageBox.shown[0].text,
+            " Please Check for RecordSet \r\nregion\r\n Not found ");
+  EXPECT_EQ(arguments.Srno, 7);
+  EXPECT_EQ(bytesOf(file("report.txt")), "earlier");
+}
+
+TEST_F(TextReport, FailuresNameTheThingAndLeaveTheEarlierReport) {
+  const struct {
+    const char* field;
+    const char* path;
+    Value value;
+    const char* reason;
+  } cases[] = {
+      {"nothing", "report.txt", "a", "\"nothing\"; the fields are item, amount"},
+      {"item", "report.txt", "caf\xE9", "\"item\" of row 1 of the data is not UTF-8"},
+      {"item", "/dev/full", "a", "/dev/full"},
+      {"item", "missing/report.txt", "a", "missing/report.txt"},
+      {"item", "", "a", "without a name"},
+  };
+  for (const auto& c : cases) {
+    MemoryTable rows({"item", "amount"}, {{c.value, 1.0}});
+    std::vector<Column> columns = kPlain;
+    columns[0].fNM = c.field;
+    MemoryTable table = columnTable(columns);
+    class1_.Set_Repot_Format(table);
+    replaceFile(file("report.txt"), "earlier", "test");
+    const std::string path =
+        std::string(c.path).starts_with("/") || *c.path == '\0' ? c.path : file(c.path);
+    try {
+      class1_.Text_Rpt({.Rs = rows, .TextFileName = path, .MPLine = 60});
+      ADD_FAILURE() << c.reason << ": no error";
+    } catch (const AutomationError& error) {
+      EXPECT_NE(std::string(error.what()).find(c.reason), std::string::npos) << error.what();
+    }
+    EXPECT_EQ(bytesOf(file("report.txt")), "earlier");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_), {}), 2) << c.reason;
+  }
+  Class1 fresh(machine_.platform());
+  MemoryTable rows = numbered(1);
+  EXPECT_THROW(fresh.Text_Rpt({.Rs = rows, .TextFileName = file("x"), .MPLine = 60}),
+               AutomationError);
+}
+
+}  // namespace
+}  // namespace paperway
