@@ -1,0 +1,36 @@
+// A complete host: the sales of a SQLite database as a paged report.
+//
+//   host ledger.db ledger.txt
+
+#include <exception>
+#include <iostream>
+
+#include "backends/data/sqlite/sqlite_recordset.h"
+#include "backends/headless/headless.h"
+#include "facade/class1.h"
+
+int main(int argc, char** argv) try {
+  if (argc != 3) {
+    std::cerr << "usage: host DATABASE REPORT\n";
+    return 2;
+  }
+  const paperway::SqliteDatabase database(argv[1]);
+  paperway::SqliteRecordset columns(database, "SELECT * FROM columns");
+  paperway::SqliteRecordset rows(database, "SELECT * FROM sales");
+
+  paperway::headless::Headless machine("host-files");  // a machine without a screen
+  paperway::Class1 report(machine.platform());
+  report.Set_Repot_Format(columns);
+  report.Text_Rpt({.Rs = rows,
+                   .TextFileName = argv[2],
+                   .Tital1 = "Sales ledger",
+                   .Tital5 = "By region and customer",
+                   .MPLine = 60,
+                   .Srno = 1,
+                   .C_80_96_136 = 136});
+  for (const auto& message : machine.messageBox.shown) std::cerr << message.text << "\n";
+  return machine.messageBox.shown.empty() ? 0 : 1;
+} catch (const std::exception& error) {
+  std::cerr << "host: " << error.what() << "\n";
+  return 1;
+}
