@@ -17,7 +17,7 @@ enum class CaseTyp { Tital = 0, Uper = 1, Lover = 2 };
 
 /// The arguments of PreviewReport. The seven switches show (not 0) or hide a feature of the window.
 struct PreviewReportArguments {
-  std::string Path1;  // report file, native path
+  std::string Path1{};  // report file, native path
   std::uint8_t RCont = 0;
   std::uint8_t REdit = 0;
   std::uint8_t RSearch = 0;

@@ -49,6 +49,7 @@ class ValueView {
   ValueView() : kind_(Kind::null), integer_(0) {}
   ValueView(std::string_view text) : kind_(Kind::text), text_(text) {}
   ValueView(const char* text) : ValueView(std::string_view(text)) {}
+  ValueView(const std::string& text) : ValueView(std::string_view(text)) {}
   ValueView(double number) : kind_(Kind::real), real_(number) {}
   ValueView(std::int64_t number) : kind_(Kind::integer), integer_(number) {}
   ValueView(int number) : ValueView(std::int64_t{number}) {}

@@ -15,12 +15,12 @@ namespace paperway {
 
 /// One row of a column table, with the values that most columns have.
 struct Column {
-  std::string fNM, fHeder;
+  std::string fNM{}, fHeder{};
   int Sz = 0;
   std::string Dtyp = "T", Ali = "L";
   int Spc = 1;
-  std::string Lt = "N", AllPageTot = "N", GTot1, GTot2, Frmt, BoldGroup1, BoldGroup2;
-  std::string DupPrintYN = "N", DupPrintField;
+  std::string Lt = "N", AllPageTot = "N", GTot1{}, GTot2{}, Frmt{}, BoldGroup1{}, BoldGroup2{};
+  std::string DupPrintYN = "N", DupPrintField{};
 };
 
 inline MemoryTable columnTable(const std::vector<Column>& columns) {
