@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "apps/paperway/commands.h"
+#include "apps/paperway/progress.h"
 
 namespace {
 
@@ -19,10 +20,11 @@ int run(CLI::App& app, int argc, char** argv) {
     return app.exit(error) == 0 ? 0 : kUsage;
   } catch (const paperway::command::Told&) {
     return kFailed;
-  } catch (const paperway::command::Interrupted&) {
-    std::cerr << "paperway: stopped; nothing was written.\n";
-    return kInterrupted;
   } catch (const std::exception& error) {
+    if (paperway::command::Progress::isInterrupted()) {
+      std::cerr << "paperway: stopped; the report was not written.\n";
+      return kInterrupted;
+    }
     std::cerr << "paperway: " << error.what() << "\n";
     return kFailed;
   }

@@ -37,12 +37,10 @@ Progress::~Progress() {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
 }
 
-void Progress::checkInterrupt() {
-  if (wantsStop != 0) throw Interrupted();
-}
+bool Progress::isInterrupted() { return wantsStop != 0; }
 
 void Progress::look() {
-  checkInterrupt();
+  if (isInterrupted()) throw Interrupted();
   if (!terminal_) return;
   const auto now = Clock::now();
   if (now - start_ < kBeforeFirstLine || now - shown_ < kBetweenLines) return;

@@ -26,8 +26,8 @@ class Progress {
     if (++ticks_ % kTicksPerLook == 0) look();
   }
 
-  /// Throws Interrupted when the user wants to stop.
-  static void checkInterrupt();
+  /// Whether the user wants to stop.
+  static bool isInterrupted();
 
   /// The last line: what was written where.
   void finish(const std::string& fileName);

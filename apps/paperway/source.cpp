@@ -32,7 +32,9 @@ void Source::addOptions(CLI::App& app) {
 
 std::unique_ptr<Recordset> Source::rows(const std::string& statement, Progress* progress) const {
   if (!isGiven()) throw CLI::RequiredError("--db");
-  return open<SqliteRecordset>(SqliteDatabase(db), statement, progress);
+  const SqliteDatabase database(db);
+  database.stopWhen(Progress::isInterrupted);
+  return open<SqliteRecordset>(database, statement, progress);
 }
 
 std::unique_ptr<Recordset> Source::columns(const std::string& fileOrStatement) const {

@@ -75,6 +75,14 @@ SqliteDatabase::SqliteDatabase(const std::filesystem::path& file,
   }
 }
 
+void SqliteDatabase::stopWhen(bool (*asked)()) const {
+  constexpr int kInstructionsBetween = 100'000;
+  sqlite3_progress_handler(
+      connection_.get(), kInstructionsBetween,
+      [](void* question) { return reinterpret_cast<bool (*)()>(question)() ? 1 : 0; },
+      reinterpret_cast<void*>(asked));
+}
+
 void SqliteRecordset::Finalizer::operator()(sqlite3_stmt* statement) const {
   sqlite3_finalize(statement);
 }

@@ -25,6 +25,10 @@ class SqliteDatabase {
   explicit SqliteDatabase(const std::filesystem::path& file,
                           std::chrono::milliseconds patience = std::chrono::seconds(2));
 
+  /// Asked now and then while a statement works on its next row, a long sort included; true ends it
+  /// with an AutomationError.
+  void stopWhen(bool (*asked)()) const;
+
  private:
   friend class SqliteRecordset;
 
