@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
-constexpr int kInterrupted = 130;
+constexpr int kSignalled = 128;
 
 int run(CLI::App& app, int argc, char** argv) {
   try {
@@ -23,7 +23,7 @@ int run(CLI::App& app, int argc, char** argv) {
   } catch (const std::exception& error) {
     if (paperway::command::Progress::isInterrupted()) {
       std::cerr << "paperway: stopped; the report was not written.\n";
-      return kInterrupted;
+      return kSignalled + paperway::command::Progress::interruptSignal();
     }
     std::cerr << "paperway: " << error.what() << "\n";
     return kFailed;

@@ -14,11 +14,18 @@ namespace {
 constexpr auto kBeforeFirstLine = std::chrono::seconds(1);
 constexpr auto kBetweenLines = std::chrono::milliseconds(200);
 
-volatile std::sig_atomic_t wantsStop = 0;
+constexpr int kStopSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
+volatile std::sig_atomic_t stopSignal = 0;
 
 void askToStop(int signal) {
-  wantsStop = 1;
+  stopSignal = signal;
   std::signal(signal, SIG_DFL);  // a second one ends the process at once
+}
+
+/// A signal that whoever started the process had it ignore (nohup) stays ignored.
+void handle(int signal, void (*handler)(int)) {
+  if (std::signal(signal, handler) == SIG_IGN) std::signal(signal, SIG_IGN);
 }
 
 std::string grouped(std::int64_t number) {
@@ -28,16 +35,22 @@ std::string grouped(std::int64_t number) {
 }  // namespace
 
 Progress::Progress() : terminal_(isatty(STDERR_FILENO) != 0) {
-  wantsStop = 0;
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, askToStop);
+  stopSignal = 0;
+  for (const int signal : kStopSignals) handle(signal, askToStop);
 }
 
 Progress::~Progress() {
   if (onShow_) std::cerr << "\r\033[K";
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
+  for (const int signal : kStopSignals) handle(signal, SIG_DFL);
 }
 
-bool Progress::isInterrupted() { return wantsStop != 0; }
+bool Progress::isInterrupted() {
+  return stopSignal != 0;
+}
+
+int Progress::interruptSignal() {
+  return stopSignal;
+}
 
 void Progress::look() {
   if (isInterrupted()) throw Interrupted();

@@ -28,6 +28,8 @@ class Progress {
 
   /// Whether the user wants to stop.
   static bool isInterrupted();
+  /// The signal that said so.
+  static int interruptSignal();
 
   /// The last line: what was written where.
   void finish(const std::string& fileName);

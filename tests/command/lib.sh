@@ -1,0 +1,32 @@
+# Sourced by the tests of the command: a folder of their own, and a few ways to look at an outcome.
+set -uo pipefail
+paperway=$1
+make_ledger=$2
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+export HOME=$work XDG_DATA_HOME=$work/data XDG_CONFIG_HOME=$work/config
+failures=0
+
+fail() {
+  echo "FAILED: $*"
+  failures=$((failures + 1))
+}
+
+# expect EXIT_CODE TEXT COMMAND...: the command ends so, and says the text on either stream.
+expect() {
+  local code=$1 text=$2
+  shift 2
+  local said
+  said=$("$@" 2>&1)
+  local got=$?
+  [ "$got" -eq "$code" ] || fail "$*: exit $got, not $code: $said"
+  grep -qF -- "$text" <<<"$said" || fail "$*: does not say \"$text\": $said"
+}
+
+same() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
+
+finish() {
+  [ "$failures" -eq 0 ] && echo "all as expected"
+  exit $((failures > 0))
+}

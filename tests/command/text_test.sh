@@ -1,0 +1,73 @@
+#!/usr/bin/env bash
+# The commands "text" and "columns", as a user types them.
+. "$(dirname "$0")/lib.sh"
+columns=$3
+
+"$make_ledger" ledger.db 400
+sales="SELECT * FROM sales"
+text() { "$paperway" text --db ledger.db --data "$sales" --columns "$columns" "$@"; }
+
+# A file, standard output and a query for the columns give the same bytes.
+text --out a.txt --title Sales --title "" --title Third --serial 1 --pitch 136 || fail "plain run"
+text --out - --title Sales --title "" --title Third --serial 1 --pitch 136 >b.txt
+text --out - --title Sales --title "" --title Third --serial 1 --pitch 136 | cat >c.txt
+"$paperway" text --db ledger.db --data "$sales" --columns "SELECT * FROM columns" --out d.txt \
+  --title Sales --title "" --title Third --serial 1 --pitch 136
+same a.txt b.txt
+same a.txt c.txt
+same a.txt d.txt
+echo before >e.txt
+text --out - --title Sales --title "" --title Third --serial 1 --pitch 136 >>e.txt
+tail -n +2 e.txt | cmp -s - a.txt || fail "standard output that is appended to"
+[ "$(grep -c $'\f' a.txt)" -gt 5 ] || fail "pages"
+tr -d '\033' <a.txt | grep -q '^EThirdF' || fail "an empty title leaves its place out"
+
+# Errors name the thing; nothing is written.
+run="$paperway text --db ledger.db --columns $columns --out x.txt"
+expect 1 '"missing.db"' "$paperway" text --db missing.db --data "$sales" --columns "$columns" --out x.txt
+expect 1 'missing.csv' "$paperway" text --db ledger.db --data "$sales" --columns missing.csv --out x.txt
+expect 1 'no such table' $run --data "SELECT * FROM nothing"
+expect 1 'Please Check for RecordSet' $run --data "SELECT voucher FROM sales"
+expect 1 'There is no field "voucher"' $run --data "SELECT region, customer FROM sales"
+expect 1 '/dev/full' text --out /dev/full
+expect 1 'no/such/folder' text --out no/such/folder/x.txt
+expect 2 '--data' "$paperway" text --db ledger.db --columns "$columns" --out x.txt
+expect 2 '--pitch' text --out x.txt --pitch 100
+expect 2 '--title' text --out x.txt --title 1 --title 2 --title 3 --title 4 --title 5 --title 6
+[ ! -e x.txt ] || fail "a failed run left x.txt"
+
+# A file that may not grow, and a stop in the middle, leave the earlier report.
+echo earlier >kept.txt
+(
+  ulimit -f 8
+  trap '' XFSZ
+  text --out kept.txt 2>limit.txt
+) && fail "a file over the limit"
+grep -q 'kept.txt' limit.txt || fail "the limit's message: $(cat limit.txt)"
+listens_for_term() { # PID
+  local caught
+  caught=$(awk '/^SigCgt/ { print $2 }' "/proc/$1/status")
+  (((0x$caught & 0x4000) != 0))
+}
+endless="WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)
+  SELECT i AS voucher, i AS date, '' AS customer, '' AS region, '' AS item, i AS quantity,
+    i AS rate, i AS amount FROM n"
+for data in "$endless" "$endless ORDER BY i"; do
+  "$paperway" text --db ledger.db --data "$data" --columns "$columns" --out kept.txt 2>stop.txt &
+  until listens_for_term $!; do :; done
+  kill -TERM $!
+  wait $!
+  code=$?
+  [ $code -eq 143 ] || fail "a stop ends with $code"
+  grep -q stopped stop.txt || fail "the stop's message: $(cat stop.txt)"
+done
+[ "$(cat kept.txt)" = earlier ] || fail "the earlier report is gone"
+[ -z "$(find . -name '*.part')" ] || fail "half a file is left: $(find . -name '*.part')"
+
+# The columns command.
+expect 0 'count by customer' "$paperway" columns "$columns"
+expect 0 'wider than the paper' "$paperway" columns "$columns" --db ledger.db --data "$sales"
+expect 1 'There is no field' "$paperway" columns "$columns" --db ledger.db --data "SELECT 1 AS one"
+printf 'fNM,fHeder,Sz\nitem,Item,10\n' >short.csv
+expect 1 'There is no field "Dtyp"' "$paperway" columns short.csv
+finish
