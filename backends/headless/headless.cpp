@@ -28,7 +28,34 @@ MessageBox::Answer MessageBox::show(std::string_view text, std::string_view titl
 }
 
 void Windows::show(std::shared_ptr<Form> form) {
-  forms.push_back(std::move(form));
+  if (std::find(forms.begin(), forms.end(), form) == forms.end()) forms.push_back(form);
+  form->activate();
+}
+
+void Windows::doEvents() {
+  if (waitingEvents) waitingEvents();
+}
+
+std::optional<std::filesystem::path> Dialogs::openFile(const FileQuestion& question) {
+  questions.push_back(question);
+  return takeFront(files);
+}
+
+std::optional<std::filesystem::path> Dialogs::saveFile(const FileQuestion& question) {
+  questions.push_back(question);
+  return takeFront(files);
+}
+
+std::optional<std::uint32_t> Dialogs::color(std::uint32_t) {
+  return takeFront(colors);
+}
+
+void Shell::start(const std::vector<std::string>& command) {
+  if (fails) {
+    throw AutomationError(AutomationError::kFileNotFound, "Shell",
+                          command.front() + " cannot be started: there is no such program");
+  }
+  started.push_back(command);
 }
 
 std::filesystem::path Folders::folder(const char* name) const {
