@@ -190,7 +190,7 @@ TEST_F(RichText, SavesRichText) {
   box.Text =
       "{a}\\\r\n\x1B"
       "E\xE9\f";
-  box.format(5, 8, {.size = 20, .color = 128, .bold = true});
+  box.format(6, 9, {.size = 20, .color = 128, .bold = true});
   box.SaveFile(folder_ / "out.rtf", RichTextBox::rtfRTF);
   EXPECT_EQ(readFile(folder_ / "out.rtf", "test"),
             "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 Courier "
