@@ -111,6 +111,14 @@ void replaceFile(const std::filesystem::path& target, std::string_view bytes,
   file.commit();
 }
 
+void makeSureOfFile(const std::filesystem::path& path, const std::string& source) {
+  std::error_code ignored;
+  if (std::filesystem::exists(path, ignored)) return;
+  std::FILE* file = std::fopen(path.c_str(), "ab");
+  if (file == nullptr) raise("create", path, errno, source);
+  std::fclose(file);
+}
+
 std::string readFile(const std::filesystem::path& path, const std::string& source) {
   std::error_code status;
   if (std::filesystem::is_directory(path, status)) raise("read", path, EISDIR, source);

@@ -42,6 +42,9 @@ class OutputFile {
 void replaceFile(const std::filesystem::path& target, std::string_view bytes,
                  const std::string& source);
 
+/// An empty file where there is none; what is there stays as it is.
+void makeSureOfFile(const std::filesystem::path& path, const std::string& source);
+
 /// The whole of a file's bytes; an AutomationError that names the file and the reason otherwise.
 std::string readFile(const std::filesystem::path& path, const std::string& source);
 

@@ -1,0 +1,161 @@
+#include "facade/settings_store.h"
+
+#include <filesystem>
+#include <iterator>
+#include <system_error>
+
+#include "platform/folders.h"
+#include "util/automation_error.h"
+#include "util/code_page.h"
+#include "util/ini_text.h"
+#include "util/output_file.h"
+#include "util/text.h"
+#include "util/value.h"
+
+namespace paperway {
+namespace {
+
+constexpr std::size_t kLongestFile = 32767;
+constexpr char kReportView[] = "ReportView";
+constexpr char kReader[] = "ReadIniValue";
+constexpr char kWriter[] = "WriteIniValue";
+
+struct KeyRow {
+  const char* name;  // as it is written; read in any case
+  const char* fallback;
+};
+
+// In the order of ReportViewKey.
+constexpr KeyRow kKeys[] = {
+    {"BBold", "8388608"},
+    {"Bold", "128"},
+    {"Cond", "8388736"},
+    {"RepotBackColor", "16777215"},
+    {"SearchString", "33023"},
+    {"Highlight", "255"},
+    {"chSearch", "1"},
+    {"ChHighlighte", "0"},
+    {"chl", "0"},
+    {"PrnDefult", "D"},
+    {"Localdos", "F"},
+    {"Ttt", "0"},
+};
+static_assert(std::size(kKeys) == static_cast<std::size_t>(ReportViewKey::Ttt) + 1);
+
+const KeyRow& rowOf(ReportViewKey key) {
+  return kKeys[static_cast<std::size_t>(key)];
+}
+
+/// The first character of `text` that a settings file cannot hold; empty when it can hold all.
+std::string_view foreignCharacter(std::string_view text) {
+  for (std::size_t offset = 0; offset < text.size();) {
+    const std::size_t start = offset;
+    const char32_t character = nextCharacter(text, offset);
+    if (character == '\r' || character == '\n' || !CodePage::windows1252().has(character)) {
+      return text.substr(start, offset - start);
+    }
+  }
+  return {};
+}
+
+std::string encoded(std::string_view text, const char* argument) {
+  const std::string_view foreign = foreignCharacter(text);
+  if (foreign.empty()) return CodePage::windows1252().encode(text);
+  const bool isLineEnd = foreign == "\r" || foreign == "\n";
+  throw AutomationError(AutomationError::kInvalidCall, kWriter,
+                        std::string(argument) + " holds " +
+                            (isLineEnd ? "a line end" : "\"" + std::string(foreign) + "\"") +
+                            ", which a settings file cannot hold.");
+}
+
+void makeSureOfWritableFile(const std::string& path, const char* source) {
+  namespace fs = std::filesystem;
+  makeSureOfFile(path, source);
+  std::error_code ignored;
+  const fs::perms permissions = fs::status(path, ignored).permissions();
+  if ((permissions & fs::perms::owner_write) == fs::perms::none) {
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
+  }
+}
+
+std::string twoDigits(std::string_view text) {
+  const std::string padded = "00" + std::string(text);
+  return std::string(rightCharacters(padded, 2));
+}
+
+}  // namespace
+
+std::string ReadIniValue(const std::string& INIpath, std::string_view KEY,
+                         std::string_view Variable, std::string_view DefultVal) {
+  makeSureOfWritableFile(INIpath, kReader);
+  const std::string file = readFile(INIpath, kReader);
+  if (!foreignCharacter(KEY).empty() || !foreignCharacter(Variable).empty()) {
+    return std::string(DefultVal);
+  }
+  const CodePage& page = CodePage::windows1252();
+  const auto value = findSetting(file, page.encode(KEY), page.encode(Variable));
+  return value ? page.decode(*value) : std::string(DefultVal);
+}
+
+void WriteIniValue(const std::string& INIpath, std::string_view PutKey,
+                   std::string_view PutVariable, std::string_view PutValue) {
+  const std::string section = encoded(PutKey, "PutKey");
+  const std::string key = encoded(PutVariable, "PutVariable");
+  const std::string value = encoded(PutValue, "PutValue");
+  makeSureOfWritableFile(INIpath, kWriter);
+  const std::string file = withSetting(readFile(INIpath, kWriter), section, key, value);
+  if (file.size() > kLongestFile) {
+    throw AutomationError(AutomationError::kOverflow, kWriter,
+                          "\"" + INIpath + "\" would have " + std::to_string(file.size()) +
+                              " characters; 32767 are the most.");
+  }
+  replaceFile(INIpath, file, kWriter);
+}
+
+std::string settingsPath(Folders& folders, const std::string& ModGuidComp) {
+  if (ModGuidComp.find_first_of(std::string_view("/\\\0", 3)) != ModGuidComp.npos) {
+    throw AutomationError(AutomationError::kInvalidCall, "Guid_comp1",
+                          "\"" + ModGuidComp + "\" cannot be part of a file name.");
+  }
+  return (folders.work() / (ModGuidComp + ".ini")).string();
+}
+
+TearLines TearLines::fromText(std::string_view text) {
+  const std::string in = std::string(text) + "00";
+  const std::string out = "00" + std::string(text);
+  return {static_cast<int>(leadingNumber(leftCharacters(in, 2))),
+          static_cast<int>(leadingNumber(rightCharacters(out, 2)))};
+}
+
+std::string TearLines::toText(std::string_view in, std::string_view out) {
+  return twoDigits(in) + twoDigits(out);
+}
+
+std::string ReportViewSettings::text(ReportViewKey key) const {
+  return ReadIniValue(path_, kReportView, rowOf(key).name, rowOf(key).fallback);
+}
+
+void ReportViewSettings::setText(ReportViewKey key, std::string_view text) const {
+  WriteIniValue(path_, kReportView, rowOf(key).name, text);
+}
+
+std::uint32_t ReportViewSettings::color(ReportViewKey key) const {
+  const auto stored = parseNumber(text(key));
+  const bool isColor = stored && *stored >= 0 && *stored <= 0xFFFFFF;
+  return static_cast<std::uint32_t>(isColor ? *stored : leadingNumber(rowOf(key).fallback));
+}
+
+void ReportViewSettings::setColor(ReportViewKey key, std::uint32_t color) const {
+  setText(key, std::to_string(color));
+}
+
+bool ReportViewSettings::flag(ReportViewKey key) const {
+  const std::string stored = text(key);
+  return (stored == "0" || stored == "1" ? stored : rowOf(key).fallback) == "1";
+}
+
+void ReportViewSettings::setFlag(ReportViewKey key, bool flag) const {
+  setText(key, flag ? "1" : "0");
+}
+
+}  // namespace paperway
