@@ -2,11 +2,19 @@
 
 #include <exception>
 
+#include "controls/form.h"
 #include "facade/run_state.h"
+#include "facade/settings_store.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
+#include "platform/system_tools.h"
+#include "platform/windows.h"
 #include "textreport/layout.h"
 #include "util/automation_error.h"
+#include "util/colors.h"
+#include "util/extremes.h"
+#include "util/text_tools.h"
+#include "util/words.h"
 
 namespace paperway {
 namespace {
@@ -83,8 +91,127 @@ bool Class1::RtWindows1() const {
   return runState().ModWindowOpen;
 }
 
+std::string Class1::ReadIniValue(const std::string& INIpath, std::string_view KEY,
+                                 std::string_view Variable, std::string_view DefultVal) {
+  return paperway::ReadIniValue(INIpath, KEY, Variable, DefultVal);
+}
+
+void Class1::WriteIniValue(const std::string& INIpath, std::string_view PutKey,
+                           std::string_view PutVariable, std::string_view PutValue) {
+  paperway::WriteIniValue(INIpath, PutKey, PutVariable, PutValue);
+}
+
 void Class1::Guid_comp1(std::string Guid_comp1) {
   runState().ModGuidComp = std::move(Guid_comp1);
+}
+
+std::string Class1::NumToText(double Num) {
+  return paperway::NumToText(Num);
+}
+
+float Class1::Desi(double Kk) {
+  return paperway::Desi(Kk);
+}
+
+Value Class1::round_curr(ValueView currValue) {
+  return paperway::round_curr(currValue);
+}
+
+std::string Class1::MonName(std::uint8_t Mon) {
+  return paperway::MonName(Mon);
+}
+
+std::int16_t Class1::OnlyNum(std::int16_t KEY) {
+  return paperway::OnlyNum(KEY);
+}
+
+void Class1::cent_scr(Geometry& pform) {
+  centreOnScreen(pform, platform_.windows.screen());
+}
+
+std::string Class1::ShowShortPath(ValueView filespec) {
+  return paperway::ShowShortPath(files(), filespec);
+}
+
+std::string Class1::UNIQFile() {
+  return paperway::UNIQFile(platform_.clock);
+}
+
+std::string Class1::ReverseName(std::string_view str) {
+  return paperway::ReverseName(str);
+}
+
+std::string Class1::ParseFileName(std::string_view PstrFileIn, std::uint8_t NoExtention) {
+  return paperway::ParseFileName(PstrFileIn, NoExtention);
+}
+
+std::string Class1::EncryptText(std::string_view strText, std::string_view strPwd) {
+  return paperway::EncryptText(strText, strPwd);
+}
+
+std::string Class1::DecryptText(std::string_view strText, std::string_view strPwd) {
+  return paperway::DecryptText(strText, strPwd);
+}
+
+std::string Class1::TempFile() {
+  return paperway::TempFile(files());
+}
+
+std::string Class1::TempFolder() {
+  return paperway::TempFolder(files());
+}
+
+std::uint8_t Class1::RgbR(std::int32_t Colr) {
+  return paperway::RgbR(Colr);
+}
+
+std::uint8_t Class1::RgbG(std::int32_t Colr) {
+  return paperway::RgbG(Colr);
+}
+
+std::uint8_t Class1::RgbB(std::int32_t Colr) {
+  return paperway::RgbB(Colr);
+}
+
+double Class1::MaximumValue(std::initializer_list<ValueView> Val) {
+  return paperway::MaximumValue(Val);
+}
+
+double Class1::MinimamValue(std::initializer_list<ValueView> Val) {
+  return paperway::MinimamValue(Val);
+}
+
+std::string Class1::Get_CoputerName() {
+  return paperway::Get_CoputerName(platform_.names);
+}
+
+std::string Class1::Get_UserName() {
+  return paperway::Get_UserName(platform_.names);
+}
+
+bool Class1::DirExists(const std::string& OrigFile) {
+  return paperway::DirExists(files(), OrigFile);
+}
+
+void Class1::Appendtxt(const std::string& FileName, std::string_view Text) {
+  paperway::Appendtxt(files(), FileName, Text);
+}
+
+std::uint8_t Class1::FileCompare_DateLastModified(const std::string& f1, const std::string& f2) {
+  return paperway::FileCompare_DateLastModified(files(), f1, f2);
+}
+
+std::string Class1::UniToHex(ValueView strSource) {
+  return paperway::UniToHex(strSource);
+}
+
+std::string Class1::Allow_Only_azAZ_01(std::string_view STr1) {
+  return paperway::Allow_Only_azAZ_01(STr1);
+}
+
+FileSystem& Class1::files() {
+  if (scr1 == nullptr) scr1 = &platform_.files;
+  return *scr1;
 }
 
 }  // namespace paperway

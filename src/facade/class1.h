@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,9 @@
 #include "util/control_strings.h"
 
 namespace paperway {
+
+class FileSystem;
+struct Geometry;
 
 /// Published for hosts; no member takes it.
 enum class CaseTyp { Tital = 0, Uper = 1, Lover = 2 };
@@ -43,6 +47,7 @@ class Class1 {
   /// Makes sure that the work folder exists. The platform outlives the object.
   explicit Class1(const Platform& platform);
 
+  FileSystem* scr1 = nullptr;    // of the utility members; the platform's unless the host sets it
   std::uint8_t Pagelenth = 0;    // page length in inches, for PreviewReport
   std::string PrinterName;       // empty: the default printer
   std::uint8_t opendReport = 0;  // the host's own
@@ -78,10 +83,52 @@ class Class1 {
 
   // Settings
 
+  /// The value of a key in a settings file, or the default. See facade/settings_store.h.
+  std::string ReadIniValue(const std::string& INIpath, std::string_view KEY,
+                           std::string_view Variable, std::string_view DefultVal);
+  void WriteIniValue(const std::string& INIpath, std::string_view PutKey,
+                     std::string_view PutVariable, std::string_view PutValue);
+
   /// The host's company or installation number, which names the settings file.
   void Guid_comp1(std::string Guid_comp1);
 
+  // Numbers and dates: see util/words.h
+
+  std::string NumToText(double Num);
+  float Desi(double Kk);
+  Value round_curr(ValueView currValue);
+  std::string MonName(std::uint8_t Mon);
+
+  // Text, path, file and system: see util/text_tools.h, util/colors.h, util/extremes.h and
+  // platform/system_tools.h
+
+  std::int16_t OnlyNum(std::int16_t KEY);
+  /// Moves a form, or a control, to the middle of the screen, a little above the true centre.
+  void cent_scr(Geometry& pform);
+  std::string ShowShortPath(ValueView filespec);
+  std::string UNIQFile();
+  std::string ReverseName(std::string_view str);
+  std::string ParseFileName(std::string_view PstrFileIn, std::uint8_t NoExtention = 0);
+  std::string EncryptText(std::string_view strText, std::string_view strPwd);
+  std::string DecryptText(std::string_view strText, std::string_view strPwd);
+  std::string TempFile();
+  std::string TempFolder();
+  std::uint8_t RgbR(std::int32_t Colr);
+  std::uint8_t RgbG(std::int32_t Colr);
+  std::uint8_t RgbB(std::int32_t Colr);
+  double MaximumValue(std::initializer_list<ValueView> Val);
+  double MinimamValue(std::initializer_list<ValueView> Val);
+  std::string Get_CoputerName();
+  std::string Get_UserName();
+  bool DirExists(const std::string& OrigFile);
+  void Appendtxt(const std::string& FileName, std::string_view Text);
+  std::uint8_t FileCompare_DateLastModified(const std::string& f1, const std::string& f2);
+  std::string UniToHex(ValueView strSource);
+  std::string Allow_Only_azAZ_01(std::string_view STr1);
+
  private:
+  FileSystem& files();
+
   Platform platform_;
   ReportFormatTable ReportFormat_;
   DOSEFONTcHR font_;

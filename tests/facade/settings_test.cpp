@@ -1,0 +1,135 @@
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "facade/class1_fixture.h"
+#include "facade/settings_store.h"
+#include "util/output_file.h"
+
+namespace paperway {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Settings : public Class1Test {
+ protected:
+  std::string file_ = path("own.ini");
+  std::string bytes() const { return readFile(file_, "test"); }
+};
+
+TEST_F(Settings, AreReadAndWrittenInTheHostsFile) {
+  EXPECT_EQ(class1_.ReadIniValue(file_, "S", "k", "default €"), "default €");
+  EXPECT_EQ(bytes(), "");
+  class1_.WriteIniValue(file_, "S", "Größe", "5 €");
+  EXPECT_EQ(bytes(),
+            "[S]\r\nGr\xF6\xDF"
+            "e=5 \x80\r\n");
+  EXPECT_EQ(class1_.ReadIniValue(file_, "s", "GRÖßE", ""), "5 €");
+  EXPECT_EQ(class1_.ReadIniValue(file_, "s", "क", "none"), "none");
+}
+
+TEST_F(Settings, AReadTakesTheReadOnlyMarkOff) {
+  replaceFile(file_, "[S]\r\nk=1\r\n", "test");
+  fs::permissions(file_, fs::perms::owner_read | fs::perms::group_read);
+  EXPECT_EQ(class1_.ReadIniValue(file_, "S", "k", ""), "1");
+  EXPECT_EQ(fs::status(file_).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
+TEST_F(Settings, WhatAFileCannotHoldIsRefusedAndTheFileStays) {
+  class1_.WriteIniValue(file_, "S", "k", "1");
+  const std::string before = bytes();
+  const std::string lineEnd = " holds a line end, which a settings file cannot hold.";
+  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
+      {"S\r", "k", "2", "PutKey" + lineEnd},
+      {"S", "k\nx", "2", "PutVariable" + lineEnd},
+      {"S", "k", "2\r\n", "PutValue" + lineEnd},
+      {"S", "k", "₹ 2", "PutValue holds \"₹\", which a settings file cannot hold."},
+      {"S", "k", std::string(32759, 'x'),
+       "\"" + file_ + "\" would have 32768 characters; 32767 are the most."}};
+  for (const auto& [section, key, value, description] : cases) {
+    EXPECT_EQ(errorOf([&] { class1_.WriteIniValue(file_, section, key, value); }), description);
+    EXPECT_EQ(bytes(), before);
+  }
+  class1_.WriteIniValue(file_, "S", "k", std::string(32758, 'x'));
+  EXPECT_EQ(bytes().size(), 32767U);
+}
+
+TEST_F(Settings, AFileThatCannotBeMadeIsNamed) {
+  const std::string missing = path("none/own.ini");
+  const std::string description = "Cannot create \"" + missing + "\": No such file or directory.";
+  EXPECT_EQ(errorOf([&] { class1_.ReadIniValue(missing, "S", "k", ""); }), description);
+  EXPECT_EQ(errorOf([&] { class1_.WriteIniValue(missing, "S", "k", ""); }), description);
+  EXPECT_EQ(errorOf([&] { class1_.ReadIniValue(path(""), "S", "k", ""); }),
+            "Cannot read \"" + path("") + "\": Is a directory.");
+}
+
+TEST_F(Settings, HaveAFileForEachInstallation) {
+  EXPECT_EQ(settingsPath(machine_.folders, ""), path("work/.ini"));
+  EXPECT_EQ(settingsPath(machine_.folders, "7"), path("work/7.ini"));
+  for (const std::string& number : {std::string("../7"), std::string("a\\b"), std::string(1, 0)}) {
+    EXPECT_THROW(settingsPath(machine_.folders, number), AutomationError);
+  }
+}
+
+TEST_F(Settings, TearLinesAreTwoDigitsEach) {
+  const std::tuple<const char*, int, int> cases[] = {{"0305", 3, 5}, {"0", 0, 0},      {"", 0, 0},
+                                                     {"7", 70, 7},   {"1234", 12, 34}, {"x5", 0, 0},
+                                                     {"305", 30, 5}};
+  for (const auto& [text, in, out] : cases) {
+    EXPECT_EQ(TearLines::fromText(text).in, in) << text;
+    EXPECT_EQ(TearLines::fromText(text).out, out) << text;
+  }
+  EXPECT_EQ(TearLines::toText("3", "25"), "0325");
+  EXPECT_EQ(TearLines::toText("", "117"), "0017");
+}
+
+TEST_F(Settings, OfTheReportViewHaveDefaultsAndKeepTheirSpelling) {
+  const ReportViewSettings settings(file_);
+  EXPECT_EQ(settings.color(ReportViewKey::Cond), 8388736U);
+  EXPECT_EQ(settings.text(ReportViewKey::PrnDefult), "D");
+  EXPECT_TRUE(settings.flag(ReportViewKey::chSearch));
+  EXPECT_FALSE(settings.flag(ReportViewKey::ChHighlighte));
+  EXPECT_EQ(settings.tearLines().in, 0);
+  replaceFile(file_, "[reportview]\r\ncond=1\r\nbold=red\r\nchsearch=2\r\n", "test");
+  EXPECT_EQ(settings.color(ReportViewKey::Bold), 128U);
+  EXPECT_TRUE(settings.flag(ReportViewKey::chSearch));
+  settings.setColor(ReportViewKey::Cond, 0xFFFFFF);
+  settings.setFlag(ReportViewKey::chSearch, false);
+  settings.setText(ReportViewKey::Ttt, TearLines::toText("3", "5"));
+  EXPECT_EQ(settings.color(ReportViewKey::Cond), 0xFFFFFFU);
+  EXPECT_FALSE(settings.flag(ReportViewKey::chSearch));
+  EXPECT_EQ(settings.tearLines().out, 5);
+  EXPECT_EQ(bytes(), "[reportview]\r\nTtt=0305\r\nCond=16777215\r\nbold=red\r\nchSearch=0\r\n");
+}
+
+/// A program that writes texts of one letter, of changing lengths, until it is killed.
+pid_t startWriter(const std::string& file, char value) noexcept {
+  const pid_t writer = fork();
+  if (writer != 0) return writer;
+  for (std::size_t length = 0;; length = (length + 997) % 30000) {
+    WriteIniValue(file, "S", "k", std::string(length, value));
+  }
+}
+
+TEST_F(Settings, AreWholeWheneverTheirWritersAreKilled) {
+  class1_.WriteIniValue(file_, "S", "k", "");
+  for (int round = 0; round < 20; ++round) {
+    const pid_t writers[] = {startWriter(file_, 'a'), startWriter(file_, 'b')};
+    for (int reads = 0; reads < 10 * round; ++reads) {
+      const std::string file = bytes();
+      const std::string value = class1_.ReadIniValue(file_, "S", "k", "missing");
+      ASSERT_EQ(value.find_first_not_of(value.substr(0, 1)), value.npos) << value;
+      ASSERT_TRUE(file.starts_with("[S]\r\nk=") && file.ends_with("\r\n")) << file;
+    }
+    for (const pid_t writer : writers) {
+      kill(writer, SIGKILL);
+      waitpid(writer, nullptr, 0);
+    }
+  }
+  class1_.WriteIniValue(file_, "S", "k", "last");
+  EXPECT_EQ(bytes(), "[S]\r\nk=last\r\n");
+}
+
+}  // namespace
+}  // namespace paperway
