@@ -19,5 +19,7 @@ struct Interrupted : std::runtime_error {
 /// Each adds one command; its work runs as the callback, which throws when it fails.
 void addText(CLI::App& app);
 void addColumns(CLI::App& app);
+void addWords(CLI::App& app);
+void addSetting(CLI::App& app);
 
 }  // namespace paperway::command

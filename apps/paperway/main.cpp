@@ -39,5 +39,7 @@ int main(int argc, char** argv) {
   app.get_formatter()->column_width(34);
   paperway::command::addText(app);
   paperway::command::addColumns(app);
+  paperway::command::addWords(app);
+  paperway::command::addSetting(app);
   return run(app, argc, argv);
 }
