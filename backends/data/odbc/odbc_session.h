@@ -1,0 +1,29 @@
+#pragma once
+
+// Shared by the files of this folder; not for hosts.
+
+#include <string_view>
+
+#include "backends/data/odbc/odbc_connection.h"
+#include "backends/data/odbc/odbc_handle.h"
+
+namespace paperway {
+
+/// An open connection; it ends with the last of its recordsets.
+class OdbcSession {
+ public:
+  explicit OdbcSession(std::string_view connection);
+  ~OdbcSession();
+  OdbcSession(const OdbcSession&) = delete;
+  OdbcSession& operator=(const OdbcSession&) = delete;
+
+  const OdbcHandle& handle() const { return connection_; }
+  const OdbcDriver& driver() const { return driver_; }
+
+ private:
+  OdbcHandle environment_{SQL_HANDLE_ENV, nullptr};
+  OdbcHandle connection_{SQL_HANDLE_DBC, &environment_};
+  OdbcDriver driver_;
+};
+
+}  // namespace paperway
