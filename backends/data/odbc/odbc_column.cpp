@@ -284,10 +284,7 @@ void OdbcColumn::reserveRows(std::size_t rows) {
 
 void OdbcColumn::fail(const std::string& what) const {
   throw AutomationError(AutomationError::kTypeMismatch, "OdbcRecordset",
-                        "The field "
-                        " + name_ + "
-                        " " +
-                            what + ".");
+                        "The field \"" + name_ + "\" " + what + ".");
 }
 
 }  // namespace paperway

@@ -45,19 +45,23 @@ OdbcCursor::OdbcCursor(std::shared_ptr<OdbcSession> session, std::string_view st
       statement_(statement) {
   const Utf8Locale locale;
   prepare();
+  checkForQuery();
   describeColumns(driver);
   planBlocks(driver);
-  execute();
+  run();
+}
+
+void OdbcCursor::prepare() {
+  if (!SQL_SUCCEEDED(SQLPrepare(handle_.get(), odbcText(statement_),
+                                static_cast<SQLINTEGER>(statement_.size())))) {
+    fail("prepare");
+  }
 }
 
 // Nothing runs before it is known to be a query.
-void OdbcCursor::prepare() {
+void OdbcCursor::checkForQuery() {
   SQLSMALLINT count = 0;
-  if (!SQL_SUCCEEDED(SQLPrepare(handle_.get(), odbcText(statement_),
-                                static_cast<SQLINTEGER>(statement_.size()))) ||
-      !SQL_SUCCEEDED(SQLNumResultCols(handle_.get(), &count))) {
-    fail("prepare");
-  }
+  if (!SQL_SUCCEEDED(SQLNumResultCols(handle_.get(), &count))) fail("prepare");
   if (count == 0) {
     throw AutomationError(
         AutomationError::kDataProvider, "OdbcRecordset",
@@ -112,13 +116,19 @@ void OdbcCursor::planBlocks(const OdbcDriver& driver) {
   }
 }
 
-void OdbcCursor::execute() {
-  const Utf8Locale locale;
-  SQLFreeStmt(handle_.get(), SQL_CLOSE);
+void OdbcCursor::run() {
   if (!SQL_SUCCEEDED(SQLExecute(handle_.get()))) fail("run");
   rowsBefore_ = 0;
   fetched_ = 0;
   for (LongCell& cell : longCells_) cell.row = 0;
+}
+
+// Prepared anew: SQLite's driver would go on behind the rows that it has given.
+void OdbcCursor::rewind() {
+  const Utf8Locale locale;
+  SQLFreeStmt(handle_.get(), SQL_CLOSE);
+  prepare();
+  run();
 }
 
 std::size_t OdbcCursor::fetch() {

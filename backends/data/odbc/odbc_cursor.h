@@ -22,8 +22,8 @@ class OdbcCursor {
   OdbcCursor(std::shared_ptr<OdbcSession> session, std::string_view statement,
              const OdbcDriver& driver);
 
-  /// Runs the statement, again if need be; fetch() then gives the first block.
-  void execute();
+  /// Runs the statement again; fetch() then gives the first block.
+  void rewind();
   /// Takes the next block; the number of its rows, 0 behind the last.
   std::size_t fetch();
 
@@ -40,9 +40,11 @@ class OdbcCursor {
 
  private:
   void prepare();
+  void checkForQuery();
   void describeColumns(const OdbcDriver& driver);
   OdbcDescription describe(std::size_t ordinal) const;
   void planBlocks(const OdbcDriver& driver);
+  void run();
   void readCells();
   std::string_view longCell(std::size_t row, std::size_t ordinal);
   void readRest(std::size_t ordinal);

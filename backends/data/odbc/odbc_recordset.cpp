@@ -25,7 +25,7 @@ void OdbcRecordset::MoveFirst() {
   onLastRow_ = false;
   blockRows_ = 0;
   rowsBefore_ = 0;
-  cursor_->execute();
+  cursor_->rewind();
   fetchBlock();
 }
 

@@ -1,0 +1,212 @@
+#include <cstdint>
+#include <string>
+
+#include "odbc_fixture.h"
+
+namespace paperway {
+namespace {
+
+constexpr int kRows = 1000;
+
+std::string noteOf(int row) {
+  return row % 7 == 0 ? std::string(static_cast<std::size_t>(row) * 10, 'x') + " é"
+                      : "note " + std::to_string(row);
+}
+
+class OdbcWalk : public ::testing::Test {
+ protected:
+  OdbcWalk() {
+    databases_.runOnBoth("CREATE TABLE " + table_ + "(n INTEGER, note TEXT)");
+    std::string rows;
+    for (int i = 1; i <= kRows; ++i) {
+      rows += (i > 1 ? ", (" : "(") + std::to_string(i) + ", '" + noteOf(i) + "')";
+    }
+    databases_.runOnBoth("INSERT INTO " + table_ + " VALUES " + rows);
+  }
+
+  std::string query(const std::string& condition = "true") const {
+    return "SELECT n, note FROM " + table_ + " WHERE " + condition + " ORDER BY n";
+  }
+
+  static void expectRow(const Recordset& rows, int row) {
+    ASSERT_FALSE(rows.Eof());
+    EXPECT_EQ(rows.value(0).integer(), row);
+    EXPECT_EQ(rows.value(1).text(), noteOf(row));
+  }
+  static void moveOn(Recordset& rows, int count) {
+    for (int i = 0; i < count; ++i) rows.MoveNext();
+  }
+
+  const TwoDatabases databases_;
+  const std::string table_ = ownName("walk");
+};
+
+TEST_F(OdbcWalk, GoesThroughAllRowsAndRewinds) {
+  for (const Way& way : kWays) {
+    SCOPED_TRACE(way.name);
+    const auto rows = way.open(databases_, query());
+    EXPECT_EQ(rows->RecordCount(), -1);
+    for (int row = 1; row <= kRows; ++row, rows->MoveNext()) expectRow(*rows, row);
+    EXPECT_TRUE(rows->Eof());
+    EXPECT_EQ(errorOf([&] { rows->MoveNext(); }), "The recordset has no current row.");
+    EXPECT_EQ(errorOf([&] { rows->value(0); }), "The recordset has no current row.");
+    for (const int turn : {14, 700, 3}) {
+      rows->MoveFirst();
+      expectRow(*rows, 1);
+      moveOn(*rows, turn - 1);
+      expectRow(*rows, turn);
+    }
+  }
+}
+
+TEST_F(OdbcWalk, ReadsALongTextOfAnEarlierRowAgain) {
+  for (const Way& way : kWays) {
+    SCOPED_TRACE(way.name);
+    const auto rows = way.open(databases_, query("n % 7 = 0 AND n > 600"));
+    for (int turn = 0; turn < 3; ++turn, rows->MoveFirst()) {
+      expectRow(*rows, 602);
+      expectRow(*rows, 602);
+      moveOn(*rows, 2);
+      expectRow(*rows, 616);
+    }
+  }
+}
+
+TEST_F(OdbcWalk, StandsOnTheLastRowAndCounts) {
+  for (const Way& way : kWays) {
+    SCOPED_TRACE(way.name);
+    for (const int count : {1, 7, kRows}) {
+      const auto rows = way.open(databases_, query("n <= " + std::to_string(count)));
+      for (int turn = 0; turn < 2; ++turn) {
+        rows->MoveLast();
+        rows->MoveLast();
+        EXPECT_EQ(rows->RecordCount(), count);
+        expectRow(*rows, count);
+        rows->MoveNext();
+        EXPECT_TRUE(rows->Eof());
+      }
+      rows->MoveFirst();
+      expectRow(*rows, 1);
+      EXPECT_EQ(rows->RecordCount(), count);
+    }
+  }
+}
+
+TEST_F(OdbcWalk, OfNoRowsIsAtItsEnd) {
+  for (const Way& way : kWays) {
+    SCOPED_TRACE(way.name);
+    const auto rows = way.open(databases_, query("n < 0"));
+    for (int turn = 0; turn < 2; ++turn, rows->MoveFirst()) EXPECT_TRUE(rows->Eof());
+    EXPECT_EQ(rows->RecordCount(), 0);
+    EXPECT_EQ(rows->fieldCount(), 2U);
+    EXPECT_EQ(errorOf([&] { rows->MoveLast(); }), "The recordset has no current row.");
+    EXPECT_EQ(errorOf([&] { rows->fieldOrdinal("nmae"); }),
+              "There is no field \"nmae\"; the fields are n, note.");
+  }
+}
+
+TEST_F(OdbcWalk, DoesNotRunTheQueryAgainWhileRowOneIsAtHand) {
+  for (const Way& way : kWays) {
+    const auto rows = way.open(databases_, "SELECT random() AS r");
+    const Value before = rows->value(0).toValue();
+    rows->MoveFirst();
+    EXPECT_EQ(rows->value(0).toValue(), before) << way.name;
+  }
+}
+
+TEST_F(OdbcWalk, TakesRowsAsTheyCome) {
+  const struct {
+    std::string connection;
+    const char* query;
+  } endless[] = {
+      {databases_.sqlite(),
+       "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s"},
+      {postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 100000000000) AS n"},
+  };
+  for (const auto& c : endless) {
+    OdbcRecordset rows(OdbcConnection(c.connection), c.query);
+    moveOn(rows, 5000);
+    EXPECT_EQ(columnNumber(rows.value(0)), 5001) << c.query;
+  }
+}
+
+TEST_F(OdbcWalk, TwoAtOnceShareAConnection) {
+  for (const std::string& connection : {databases_.sqlite(), postgres("UseDeclareFetch=1")}) {
+    auto opened = std::make_unique<OdbcConnection>(connection);
+    OdbcRecordset first(*opened, query());
+    OdbcRecordset second(*opened, query("n > 500"));
+    opened.reset();
+    moveOn(first, 499);
+    moveOn(second, 499);
+    expectRow(first, 500);
+    expectRow(second, 1000);
+  }
+}
+
+TEST(OdbcError, CarriesTheDriversWordsAndState) {
+  const TwoDatabases databases;
+  const std::string lost = "Driver={PostgreSQL Unicode};Servername=127.0.0.1;Port=1;Pwd={a;b}";
+  const struct {
+    std::string connection;
+    std::string query;
+    std::vector<std::string> parts;
+  } cases[] = {
+      {"no such source", "", {"Cannot connect to \"no such source\": [IM002] "}},
+      {"Driver=SQLite3;Database=/nowhere/é.db", "", {"/nowhere/é.db\": [HY000] ", "failed"}},
+      {lost, "", {"Cannot connect to \"", ";Pwd=***\": [08001] ", "refused"}},
+      {postgres("Uid=nobody;Password=wrong"), "", {";Password=***\": [", "nobody"}},
+      {postgres(),
+       "SELECT * FROM sale",
+       {"Cannot prepare \"SELECT * FROM sale\": [42P01] ", "sale"}},
+      {postgres(), "SELEC 1", {"[42601] ", "SELEC"}},
+      {postgres(), "SELECT 1 / (1 - 1) AS x", {"[22012] ", "division by zero"}},
+      {postgres(), "SELECT 'é' FROM grün", {"FROM grün\": [42P01] ", "\"grün\""}},
+      {databases.sqlite(),
+       "SELECT * FROM sale",
+       {"Cannot prepare ", "[HY000] ", "no such table: sale"}},
+      {databases.sqlite(), "SELECT 'é' FROM grün", {"no such table: grün"}},
+      {databases.sqlite(), "SELECT ?", {"Cannot run \"SELECT ?\": [HY000] ", "unbound"}},
+      {databases.sqlite(), "", {"Cannot prepare \"\": [HY090] "}},
+      {databases.sqlite(), "SELECT '" + std::string(300, 'y') + "' FROM x", {"yyy…\": [HY000] "}},
+  };
+  for (const auto& c : cases) {
+    const std::string error =
+        errorOf([&] { OdbcRecordset(OdbcConnection(c.connection), c.query); });
+    for (const std::string& part : c.parts) {
+      EXPECT_NE(error.find(part), std::string::npos) << c.query << " gives: " << error;
+    }
+    EXPECT_EQ(error.find("a;b"), std::string::npos);
+    EXPECT_EQ(error.find('\n'), std::string::npos);
+  }
+}
+
+TEST(OdbcError, AStatementThatIsNoQueryDoesNotRun) {
+  const TwoDatabases databases;
+  const std::string table = ownName("kept");
+  databases.runOnBoth("CREATE TABLE " + table + "(n INTEGER)");
+  databases.runOnBoth("INSERT INTO " + table + " VALUES (1)");
+  const std::string statement = "DELETE FROM " + table;
+  for (const std::string& connection : {databases.sqlite(), postgres()}) {
+    const OdbcConnection opened(connection);
+    EXPECT_EQ(errorOf([&] { OdbcRecordset(opened, statement); }),
+              "The statement \"" + statement + "\" gives no columns; a recordset needs a query.");
+    EXPECT_FALSE(OdbcRecordset(opened, "SELECT n FROM " + table).Eof());
+  }
+}
+
+TEST(OdbcError, EndsTheRowsWhenTheServerGoesAway) {
+  OdbcRecordset rows(OdbcConnection(postgres("UseDeclareFetch=1;Fetch=10")),
+                     "SELECT generate_series(1, 100000), pg_backend_pid() AS pid");
+  run(postgres(), "DO $$ BEGIN PERFORM pg_terminate_backend(" +
+                      std::to_string(rows.value(1).integer()) + ", 10000); END $$");
+  const std::string error = errorOf([&] {
+    while (!rows.Eof()) rows.MoveNext();
+  });
+  EXPECT_EQ(error.rfind("Cannot fetch the rows of \"SELECT generate_series", 0), 0U) << error;
+  EXPECT_NE(error.find("\": ["), std::string::npos) << error;
+  EXPECT_TRUE(rows.Eof());
+  EXPECT_EQ(rows.RecordCount(), -1);
+}
+
+}  // namespace
+}  // namespace paperway
