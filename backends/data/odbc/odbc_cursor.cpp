@@ -97,7 +97,7 @@ OdbcDescription OdbcCursor::describe(std::size_t ordinal) const {
 void OdbcCursor::planBlocks(const OdbcDriver& driver) {
   bound_ = driver.rereadsCells;
   if (driver.rereadsInBlocks) {
-    std::size_t rowBytes = 0;
+    std::size_t rowBytes = sizeof(SQLUSMALLINT);  // its state
     for (const OdbcColumn& column : columns_) rowBytes += column.cellBytes();
     blockRows_ = std::clamp<std::size_t>(kBlockBytes / rowBytes, 1, kMostBlockRows);
     setAttribute(handle_, SQL_ATTR_ROW_ARRAY_SIZE, blockRows_);
