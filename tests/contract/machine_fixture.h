@@ -3,10 +3,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
-#include <string>
 
 #include "backends/desktop/system/system.h"
 #include "backends/headless/headless.h"
+#include "support/error_of.h"
 #include "support/test_folder.h"
 #include "util/output_file.h"
 

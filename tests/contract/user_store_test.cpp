@@ -49,15 +49,9 @@ TEST_F(SystemUserStore, AGarbledFileIsAnErrorAndStays) {
   store_.save("a", "b", "c", "d");
   const std::string good = readFile(file_, "test");
   EXPECT_EQ(good, "paperway store 1\na\tb\tc\td\n");
-  const std::string garbled[] = {"",
-                                 "other\n",
-                                 good.substr(0, good.size() - 1),
-                                 good + "x",
-                                 good + "a\tb\tc\n",
-                                 good + "a\tb\tc\td\te\n",
-                                 good + "a\tb\tc\t\\x\n",
-                                 good + "a\tb\tc\t\\\n"};
-  for (const std::string& bytes : garbled) {
+  for (const char* tail :
+       {"x", "a\tb\tc\n", "a\tb\tc\td\te\n", "a\tb\tc\t\\x\n", "a\tb\tc\t\\\n"}) {
+    const std::string bytes = good + tail;
     replaceFile(file_, bytes, "test");
     EXPECT_THROW(store_.get("a", "b", "c", ""), AutomationError) << bytes;
     EXPECT_THROW(store_.save("a", "b", "c", "e"), AutomationError) << bytes;

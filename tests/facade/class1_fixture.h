@@ -2,6 +2,7 @@
 
 #include "backends/headless/headless.h"
 #include "facade/class1.h"
+#include "support/error_of.h"
 #include "support/test_folder.h"
 
 namespace paperway {
@@ -14,16 +15,5 @@ class Class1Test : public testing::Test {
 
   std::string path(const char* name) const { return (folder_.path / name).string(); }
 };
-
-/// The description of the AutomationError that the call raises.
-template <class Call>
-std::string errorOf(Call call) {
-  try {
-    call();
-  } catch (const AutomationError& error) {
-    return error.description();
-  }
-  return "no error";
-}
 
 }  // namespace paperway

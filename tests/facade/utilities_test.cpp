@@ -27,23 +27,18 @@ TEST_F(Utilities, TextFunctions) {
 }
 
 TEST_F(Utilities, ParseFileName) {
-  struct Case {
-    const char* path;
-    const char* name;
-    const char* stem;
-  };
-  const Case cases[] = {{"report.txt", "report.txt", "report"},
-                        {"c:\\a.b\\report.txt", "report.txt", "report"},
-                        {"c:\\b.c.txt", "b.c.txt", "b"},
-                        {"c:\\report", "report", "report"},
-                        {"c:\\reports\\", "", ""},
-                        {"a/b:c.txt", "a/b:c.txt", "a/b:c"},
-                        {"", "", ""},
-                        {".ini", ".ini", ""}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(class1_.ParseFileName(c.path), c.name);
-    EXPECT_EQ(class1_.ParseFileName(c.path, 1), c.stem) << c.path;
-    EXPECT_EQ(class1_.ParseFileName(c.path, 2), c.name);
+  const std::array<const char*, 3> cases[] = {{"report.txt", "report.txt", "report"},
+                                              {"c:\\a.b\\report.txt", "report.txt", "report"},
+                                              {"c:\\b.c.txt", "b.c.txt", "b"},
+                                              {"c:\\report", "report", "report"},
+                                              {"c:\\reports\\", "", ""},
+                                              {"a/b:c.txt", "a/b:c.txt", "a/b:c"},
+                                              {"", "", ""},
+                                              {".ini", ".ini", ""}};
+  for (const auto& [path, name, stem] : cases) {
+    EXPECT_EQ(class1_.ParseFileName(path), name);
+    EXPECT_EQ(class1_.ParseFileName(path, 1), stem) << path;
+    EXPECT_EQ(class1_.ParseFileName(path, 2), name);
   }
 }
 

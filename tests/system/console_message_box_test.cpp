@@ -27,8 +27,7 @@ TEST(ConsoleMessageBox, WritesTheMessageAndTakesTheAnswer) {
       {"Print?", "", Buttons::yesNo, nullptr, Answer::no, "Print? [no]\n", Answer::no},
       {"Print?", "", Buttons::yesNo, "y\n", Answer::no, "Print? [y/n] ", Answer::yes},
       {"Print?", "", Buttons::yesNo, "what\nN\n", Answer::yes, "Print? [y/n]  [y/n] ", Answer::no},
-      {"Print?", "", Buttons::yesNo, "", Answer::yes, "Print? [y/n] ", Answer::no},
-  };
+      {"Print?", "", Buttons::yesNo, "", Answer::yes, "Print? [y/n] ", Answer::no}};
   for (const Case& c : cases) {
     std::ostringstream out;
     std::istringstream user(c.typed == nullptr ? "" : c.typed);
