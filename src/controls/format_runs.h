@@ -12,7 +12,7 @@ namespace paperway {
 /// How characters look. What is not set comes from the control's font and colour.
 struct CharFormat {
   double size = 0;  // points; 0 is the control's
-  std::optional<Color> color;
+  std::optional<Color> color = {};
   bool bold = false;
   bool underline = false;
 

@@ -9,17 +9,17 @@
 #include "platform/message_box.h"
 #include "platform/system_tools.h"
 #include "platform/windows.h"
+#include "preview/frm_report.h"
 #include "textreport/layout.h"
 #include "util/automation_error.h"
 #include "util/colors.h"
 #include "util/extremes.h"
+#include "util/revision.h"
 #include "util/text_tools.h"
 #include "util/words.h"
 
 namespace paperway {
 namespace {
-
-constexpr std::int16_t kRevision = 1;
 
 void showFailure(MessageBox& messageBox, long number, const char* description) {
   messageBox.show(numberText(static_cast<double>(number)) + "\r\n" + description);
@@ -77,6 +77,7 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModPrinterName = PrinterName;
   state.ModCc17 = arguments.cc17;
   state.ModCc12 = arguments.cc12;
+  if (arguments.DirectPrint == 1) return;
   state.ModRCont = arguments.RCont;
   state.ModREdit = arguments.REdit;
   state.ModRSearch = arguments.RSearch;
@@ -85,6 +86,9 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModRColor = arguments.RColor;
   state.ModRPrint = arguments.RPrint;
   state.ModPath1 = arguments.Path1;
+  const auto form = std::make_shared<FrmReport>(platform_);
+  form->load();
+  platform_.windows.show(form);
 }
 
 bool Class1::RtWindows1() const {

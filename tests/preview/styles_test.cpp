@@ -1,0 +1,147 @@
+#include "report_window.h"
+
+namespace paperway {
+namespace {
+
+using Styles = ReportWindow;
+
+/// One letter a character: '.' plain, 'h' hidden, 'B' bold, 'C' condensed, 'D' double, 'u'
+/// underlined (upper case when bold too), '?' anything else.
+std::string looks(const RichTextBox& box) {
+  std::string map;
+  for (std::size_t i = 0; i < box.buffer().size(); ++i) {
+    const CharFormat f = box.formats().at(i);
+    char look = '?';
+    if (f == CharFormat{}) look = '.';
+    if (f == CharFormat{.size = 1, .color = kWhite}) look = 'h';
+    if (f.hidden()) look = 'h';
+    if (f == CharFormat{.color = 128, .bold = true}) look = 'B';
+    if (f == CharFormat{.size = 7, .color = 8388736}) look = 'C';
+    if (f == CharFormat{.size = 20, .color = 8388608, .bold = true}) look = 'D';
+    if (f == CharFormat{.underline = true}) look = 'u';
+    if (f == CharFormat{.color = 128, .bold = true, .underline = true}) look = 'U';
+    if (f == CharFormat{.size = 7, .color = 128, .bold = true}) look = 'b';
+    map += look;
+  }
+  return map;
+}
+
+#define ESC "\x1B"
+
+TEST_F(Styles, MarksAreHiddenAndTheTextBetweenThemStyled) {
+  struct Case {
+    const char* what;
+    const char* page;
+    const char* looks;
+  };
+  const Case cases[] = {
+      {"condensed",
+       "A\x0F"
+       "bc\x12"
+       "D",
+       ".hCCh.."},
+      {"bold", "a" ESC "Ebc" ESC "Fd", ".hhBBhh.."},
+      {"underline", ESC "-1ab" ESC "-0", "hhhuuhhh."},
+      {"underline and bold", ESC "-1a" ESC "Eb" ESC "F" ESC "-0", "hhhuhhUhhhhh."},
+      {"double goes over bold", "\x0E" ESC "E" ESC "Gab\x14" ESC "F" ESC "H", "hhhhhDDhhhhh."},
+      {"bold in condensed",
+       "\x0F"
+       "a" ESC "Eb" ESC "Fc\x12",
+       "hChhbhhCh."},
+      {"twelve to the inch", "a\x12" ESC "W " ESC "Mb" ESC "Pc", ".hhhhhh.hh.."},
+      {"double strike", ESC "Ga" ESC "H", "hh.hh."},
+      {"start without end", "a" ESC "Ebc", ".hh..."},
+      {"the rest of the pass is dropped", ESC "Ea" ESC "Fb" ESC "Ec", "hhBhh.hh.."},
+      {"end without start", "a" ESC "Fb", "....."},
+      {"two pairs", ESC "Ea" ESC "Fb" ESC "Ec" ESC "F", "hhBhh.hhBhh."},
+      {"start after start", ESC "Ea" ESC "Eb" ESC "Fc", "hhBBBBhh.."},
+      {"nothing", "", "."},
+  };
+  for (const Case& c : cases) {
+    open(std::string(c.page) + "\f");
+    EXPECT_EQ(looks(form->Rt1), c.looks) << c.what;
+    EXPECT_EQ(form->Rt1.SelStart, 0);
+    EXPECT_EQ(form->Rt1.SelLength, 1);
+  }
+}
+
+TEST_F(Styles, MarksAreWhiteOnAnyBackground) {
+  load("x");
+  form->settings().setColor(ReportViewKey::RepotBackColor, 0);
+  load(ESC "Ea" ESC "F\f");
+  EXPECT_EQ(form->Rt1.formats().at(0), (CharFormat{.size = 1, .color = 16777215}));
+}
+
+TEST_F(Styles, PlainWithoutTheVisualSwitch) {
+  open(
+      "\x0F"
+      "a\x12\f\x0F"
+      "b\x12\f");
+  user().click("Check1");
+  user().click("CmdNxt");
+  EXPECT_EQ(looks(form->Rt1), "....");
+  EXPECT_EQ(form->Rt1.SelLength, 0) << "the selection stays where it is";
+}
+
+TEST_F(Styles, ZoomSizes) {
+  open(
+      "\x0F"
+      "a\x12\x0E" ESC "E" ESC "Gb\x14" ESC "F" ESC "H\f");
+  const auto sizes = [&] {
+    return std::pair{form->Rt1.formats().at(1).size, form->Rt1.formats().at(8).size};
+  };
+  EXPECT_EQ(sizes(), (std::pair{7.0, 20.0}));
+  user().click("Command2");
+  EXPECT_EQ(sizes(), (std::pair{9.25, 29.0}));
+  EXPECT_EQ(form->Command2.Caption, "Zoom Out");
+  EXPECT_EQ(form->Rt1.Font.Size, 15);
+  user().click("Command2");
+  EXPECT_EQ(sizes(), (std::pair{7.0, 20.0}));
+  EXPECT_EQ(form->Rt1.Font.Size, 12);
+}
+
+TEST_F(Styles, ExportCopyOfTheChosenPages) {
+  struct Case {
+    int option;
+    const char* from;
+    const char* to;
+    const char* text;
+  };
+  open("a\fb\fc\fd\f");
+  user().click("CmdNxt");
+  const Case cases[] = {
+      {0, "", "", "a\fb\fc\fd\f"}, {1, "", "", "b\f"}, {2, "2", "3", "b\fc\f"}, {2, "3", "2", ""}};
+  for (const Case& c : cases) {
+    form->Op[c.option].Value = true;
+    form->Tst.Text = c.from;
+    form->Tend.Text = c.to;
+    form->PrintExport();
+    EXPECT_EQ(form->RT3.Text, c.text) << c.option;
+  }
+}
+
+TEST_F(Styles, ExportCopyHasNoLookForDoubleWidth) {
+  open("\x0E" ESC "E" ESC "Ga\x14" ESC "F" ESC
+       "H\x0F"
+       "b\x12" ESC "Gc\f");
+  form->PrintExport();
+  EXPECT_EQ(looks(form->RT3), "hhhhhBhhhhhhCh....");
+}
+
+TEST_F(Styles, PrintsCopiesPageByPage) {
+  open("a" ESC "Eb" ESC "F\f\fc\f");
+  std::string printed;
+  form->printSteps.printPage = [&](const std::vector<StyledLine>& lines) {
+    for (const StyledRun& run : lines.at(0).runs) {
+      if (!run.hidden) printed += run.bytes + (run.bold ? "!" : "");
+    }
+    printed += "|";
+  };
+  form->CmdOk.Tag = "1";
+  form->Text3.Text = "2";
+  form->PrintExport();
+  EXPECT_EQ(printed, "ab!|ab!|c|c|") << "an empty page prints nothing";
+}
+
+}  // namespace
+}  // namespace paperway

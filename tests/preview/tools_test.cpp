@@ -1,0 +1,214 @@
+#include "report_window.h"
+
+namespace paperway {
+namespace {
+
+using Tools = ReportWindow;
+
+TEST_F(Tools, EditingLastsUntilThePageIsShownAnew) {
+  open(pages(2));
+  EXPECT_FALSE(form->Rt1.typeText("no"));
+  user().click("Check2");
+  EXPECT_TRUE(form->Op[1].Value);
+  EXPECT_EQ(form->Check1.Value, 0) << "a plain press shows the marks of pages to come";
+  EXPECT_TRUE(form->Rt1.typeText("My "));
+  EXPECT_EQ(form->Rt1.Text, "My age 1\r\n\f") << "in place of the selected character";
+  EXPECT_EQ(form->PageText[0], "page 1\r\n");
+  user().click("CmdFst");
+  EXPECT_EQ(form->Rt1.Text, "page 1\r\n\f");
+  user().click("Check2");
+  EXPECT_TRUE(form->Rt1.Locked);
+  form->Check2.mouseDown({mbRight, smShift, 0, 0});
+  EXPECT_EQ(form->Check1.Value, 1);
+}
+
+TEST_F(Tools, ContinuousViewHoldsTheFileAsItStands) {
+  const std::string file =
+      "\x0F"
+      "a\x12\fb\f\r\n";
+  open(file);
+  user().click("Check3");
+  EXPECT_EQ(form->Rt1.Text, file);
+  EXPECT_EQ(form->Rt1.formats().runCount(), 0u);
+  user().click("CmdNxt");
+  EXPECT_EQ(form->Rt1.Text, "b\f") << "the page buttons go on working";
+}
+
+TEST_F(Tools, ImportOpensAnyTextFile) {
+  open(pages(3));
+  user().click("CmdLast");
+  user().click("CmdImport");
+  EXPECT_EQ(form->LbPageNo.Caption, "Page 3/3") << "cancelled with no earlier name";
+  machine.dialogs.files = {write("other.txt", "no form feed")};
+  user().click("CmdImport");
+  EXPECT_EQ(form->Rt1.Text, "no form feed\f");
+  EXPECT_EQ(form->LbPageNo.Caption, "Page 1/1");
+  EXPECT_EQ(machine.dialogs.questions.back().title,
+            "[ TXT File Only ]Select A File From Which To Retrive Data");
+  machine.dialogs.files = {folder.path / "missing.txt"};
+  EXPECT_ANY_THROW(user().click("CmdImport"));
+  EXPECT_EQ(form->Rt1.Text, "no form feed\f");
+}
+
+TEST_F(Tools, MenuOffersPasteWhileEditingOnly) {
+  open(
+      "\x1B"
+      "Ebold\x1B"
+      "F one\f");
+  user().click("Rt1", mbRight);
+  EXPECT_THROW(user().chooseFromMenu("pppp"), std::logic_error);
+  form->Rt1.SelStart = 0;
+  form->Rt1.SelLength = 8;
+  user().click("Rt1", mbRight);
+  user().chooseFromMenu("cccc");
+  EXPECT_EQ(machine.clipboard.content, "bold") << "without the marks that the page hides";
+  user().click("Check2");
+  form->Rt1.SelStart = 9;
+  form->Rt1.SelLength = 3;
+  user().click("Rt1", mbRight);
+  user().chooseFromMenu("pppp");
+  EXPECT_EQ(form->Rt1.Text,
+            "\x1B"
+            "Ebold\x1B"
+            "F bold\f");
+  const auto menu = [&] {
+    form->Rt1_MouseDown({mbRight, 0, 100, 200});
+    return *form->takePopup();
+  };
+  EXPECT_EQ(menu().x, 150);
+  EXPECT_EQ(menu().y, 725);
+}
+
+TEST_F(Tools, HighlightsTheSelection) {
+  open("abc\f");
+  for (const int bold : {0, 1}) {
+    form->ChHighlighte.Value = bold;
+    form->Rt1.SelStart = 1;
+    form->Rt1.SelLength = 1;
+    user().click("Rt1", mbRight);
+    user().chooseFromMenu("ht");
+    EXPECT_EQ(form->Rt1.formats().at(1), (CharFormat{.color = 255, .bold = bold == 1}));
+    EXPECT_EQ(form->settings().flag(ReportViewKey::ChHighlighte), bold == 1);
+  }
+}
+
+TEST_F(Tools, ColorChangesAreKept) {
+  open("abc\f");
+  user().click("Label4");
+  machine.dialogs.colors = {111, 222, 333};
+  form->ChSearch.Value = 0;
+  EXPECT_TRUE(form->settings().flag(ReportViewKey::chSearch)) << "not written by its click";
+  for (const char* box : {"TXt(0)", "TXt(2)", "TXt(4)"}) user().doubleClick(box);
+  EXPECT_EQ(form->Lb[0].ForeColor, 111u);
+  EXPECT_EQ(form->Lb[2].ForeColor, 222u);
+  EXPECT_EQ(form->Rt1.BackColor, kWhite) << "until the next load";
+  EXPECT_EQ(form->settings().color(ReportViewKey::BBold), 111u);
+  EXPECT_EQ(form->settings().color(ReportViewKey::RepotBackColor), 333u);
+  EXPECT_FALSE(form->settings().flag(ReportViewKey::chSearch));
+  user().doubleClick("TXt(1)");
+  EXPECT_EQ(form->TXt[1].BackColor, 128u) << "cancelled";
+  user().click("Command3");
+  EXPECT_FALSE(form->Frame6.Visible);
+  user().click("lb1");
+  EXPECT_TRUE(form->Frame6.Visible);
+}
+
+TEST_F(Tools, ControlKeyAndClickZoom) {
+  open("abc\f");
+  int key = keyControl;
+  form->Rt1.keyDown(key, smCtrl);
+  EXPECT_EQ(form->Rt1.MousePointer, 99);
+  form->Rt1.keyUp(key);
+  EXPECT_EQ(form->Rt1.MousePointer, 0);
+  user().click("Rt1", mbLeft, smCtrl);
+  EXPECT_TRUE(form->ZoomOn);
+}
+
+TEST_F(Tools, CalculatorStandsLowerUnderTheMouse) {
+  open("abc\f");
+  const Geometry place = form->Image1;
+  for (int i = 0; i < 2; ++i) user().moveMouseOver("Image1");
+  EXPECT_EQ(form->Image1.Top, place.Top + 15);
+  EXPECT_EQ(form->Image1.Left, place.Left + 15);
+  user().click("Image1");
+  EXPECT_EQ(machine.shell.started, (std::vector<std::vector<std::string>>{{"calculator"}}));
+  for (int i = 0; i < 2; ++i) user().moveMouseOverForm();
+  EXPECT_EQ(form->Image1.Top, place.Top);
+  machine.shell.calculatorCommand.reset();
+  EXPECT_FALSE(open("abc\f").Image1.Visible);
+}
+
+TEST_F(Tools, CaptionSaysWhereTheCaretIs) {
+  open("one\r\ntwo\f");
+  form->Rt1.SelStart = 6;
+  form->Rt1.SelLength = 2;
+  user().tick("Timer1");
+  EXPECT_EQ(form->Caption, " Report View   [ Col : 1 Line : 2 ]   2   Veldran Computer  [V.1]");
+  form->Rt1.SelStart = 0;
+  user().tick("Timer1");
+  EXPECT_NE(form->Caption.find("Line : 2"), std::string::npos) << "once for each change";
+  int key = keyHome;
+  form->Rt1.keyDown(key);
+  user().tick("Timer1");
+  EXPECT_NE(form->Caption.find("Line : 1"), std::string::npos);
+}
+
+TEST_F(Tools, CaretPlacesBecomeColumnMarksWhilePicking) {
+  open("0123456789\f");
+  form->CmdExelExp.Tag = "1";
+  form->ColumnMarkCount = 1;
+  for (const int column : {3, 7}) {
+    form->Rt1.SelStart = column;
+    user().click("Rt1");
+    user().tick("Timer1");
+    user().tick("Timer1");
+  }
+  EXPECT_EQ(form->ColumnMarks, (std::vector<std::int16_t>{0, 3, 7, 0}));
+  form->ColumnMarkCount = 255;
+  form->ColumnMarks.resize(256);
+  user().click("Rt1");
+  user().tick("Timer1");
+  EXPECT_EQ(form->ColumnMarkCount, 0);
+  EXPECT_EQ(form->ColumnMarks.size(), 1u);
+}
+
+/// Nothing overlaps and nothing leaves its container, at the smallest size and above it.
+TEST_F(Tools, EveryControlHasAPlaceOfItsOwn) {
+  open(pages(6));
+  for (Control* control : form->controls()) {
+    if (control->kind != ControlKind::richText) control->Visible = true;
+  }
+  for (const auto& [width, height] :
+       {std::pair{form->MinWidth, form->MinHeight}, {15000, 10500}, {28800, 15000}}) {
+    user().resize(width, height);
+    const auto& all = form->controls();
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      const Control& a = *all[i];
+      if (!a.Visible || a.kind == ControlKind::timer || a.kind == ControlKind::menu ||
+          a.kind == ControlKind::menuItem) {
+        continue;
+      }
+      const int right = a.container ? a.container->Width : form->Width;
+      const int bottom = a.container ? a.container->Height : form->Height;
+      EXPECT_TRUE(a.Left >= 0 && a.Top >= 0 && a.right() <= right && a.bottom() <= bottom)
+          << a.name;
+      EXPECT_TRUE(a.Width > 0 && a.Height > 0) << a.name;
+      EXPECT_FALSE(a.accessibleName().empty());
+      for (std::size_t k = i + 1; k < all.size(); ++k) {
+        const Control& b = *all[k];
+        const auto isPanel = [](const Control& c) {
+          return c.name == "Frame1" || c.name == "Frame6";
+        };
+        if (!b.Visible || b.container != a.container || b.Width == 0 || isPanel(a) || isPanel(b)) {
+          continue;
+        }
+        EXPECT_TRUE(a.right() <= b.Left || b.right() <= a.Left || a.bottom() <= b.Top ||
+                    b.bottom() <= a.Top)
+            << a.name << " lies over " << b.name << " at " << width;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace paperway
