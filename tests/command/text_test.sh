@@ -26,7 +26,7 @@ tr -d '\033' <a.txt | grep -q '^EThirdF' || fail "an empty title leaves its plac
 run="$paperway text --db ledger.db --columns $columns --out x.txt"
 expect 1 '"missing.db"' "$paperway" text --db missing.db --data "$sales" --columns "$columns" --out x.txt
 expect 1 'missing.csv' "$paperway" text --db ledger.db --data "$sales" --columns missing.csv --out x.txt
-expect 1 'no such table' $run --data "SELECT * FROM nothing"
+expect 1 'no such table' $run --data "SELECT * FROM nowhere"
 expect 1 'Please Check for RecordSet' $run --data "SELECT voucher FROM sales"
 expect 1 'There is no field "voucher"' $run --data "SELECT region, customer FROM sales"
 expect 1 '/dev/full' text --out /dev/full
