@@ -28,13 +28,6 @@ long errorNumber(int error) {
   }
 }
 
-[[noreturn]] void raise(const char* verb, const std::filesystem::path& path, int error,
-                        const std::string& source) {
-  throw AutomationError(errorNumber(error), source,
-                        std::string("Cannot ") + verb + " \"" + path.string() +
-                            "\": " + std::generic_category().message(error) + ".");
-}
-
 std::filesystem::path neighbour(const std::filesystem::path& target) {
   std::random_device random;
   return target.parent_path() /
@@ -51,6 +44,13 @@ bool isWrittenDirectly(const std::filesystem::path& target) {
 }
 
 }  // namespace
+
+void raiseFileError(const char* verb, const std::filesystem::path& path, int error,
+                    const std::string& source) {
+  throw AutomationError(errorNumber(error), source,
+                        std::string("Cannot ") + verb + " \"" + path.string() +
+                            "\": " + std::generic_category().message(error) + ".");
+}
 
 OutputFile::OutputFile(std::filesystem::path target, std::string source)
     : target_(std::move(target)), source_(std::move(source)) {
@@ -101,7 +101,7 @@ void OutputFile::commit() {
 }
 
 void OutputFile::fail(int error) const {
-  raise("write", target_, error, source_);
+  raiseFileError("write", target_, error, source_);
 }
 
 void replaceFile(const std::filesystem::path& target, std::string_view bytes,
@@ -115,16 +115,16 @@ void makeSureOfFile(const std::filesystem::path& path, const std::string& source
   std::error_code ignored;
   if (std::filesystem::exists(path, ignored)) return;
   std::FILE* file = std::fopen(path.c_str(), "ab");
-  if (file == nullptr) raise("create", path, errno, source);
+  if (file == nullptr) raiseFileError("create", path, errno, source);
   std::fclose(file);
 }
 
 std::string readFile(const std::filesystem::path& path, const std::string& source) {
   std::error_code status;
-  if (std::filesystem::is_directory(path, status)) raise("read", path, EISDIR, source);
+  if (std::filesystem::is_directory(path, status)) raiseFileError("read", path, EISDIR, source);
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
                                                              std::fclose);
-  if (!file) raise("read", path, errno, source);
+  if (!file) raiseFileError("read", path, errno, source);
   std::string bytes;
   const auto size = std::filesystem::file_size(path, status);
   if (!status) bytes.reserve(size);
@@ -132,7 +132,7 @@ std::string readFile(const std::filesystem::path& path, const std::string& sourc
   for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;) {
     bytes.append(buffer, n);
   }
-  if (std::ferror(file.get()) != 0) raise("read", path, errno, source);
+  if (std::ferror(file.get()) != 0) raiseFileError("read", path, errno, source);
   return bytes;
 }
 

@@ -8,6 +8,10 @@
 
 namespace paperway {
 
+/// Raises the AutomationError that says "Cannot VERB "PATH": REASON." for a number of errno.
+[[noreturn]] void raiseFileError(const char* verb, const std::filesystem::path& path, int error,
+                                 const std::string& source);
+
 /// A file that appears whole or not at all. The bytes go to a new file beside the target, which
 /// commit() puts in the target's place; an OutputFile that dies uncommitted leaves the target as it
 /// was. A target that is not a regular file (a device, a pipe), or lies in /dev, is written

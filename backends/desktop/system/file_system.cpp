@@ -12,32 +12,17 @@
 #include "backends/desktop/system/local_time.h"
 #include "backends/desktop/system/user_directories.h"
 #include "util/automation_error.h"
+#include "util/output_file.h"
 
 namespace paperway::desktop {
 namespace {
 
-long errorNumber(int error) {
-  switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-    case EISDIR:
-      return AutomationError::kFileNotFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-      return AutomationError::kPermissionDenied;
-    case ENOSPC:
-    case EDQUOT:
-      return AutomationError::kDiskFull;
-    default:
-      return AutomationError::kDeviceIo;
-  }
-}
+constexpr char kSource[] = "FileSystem";
 
-[[noreturn]] void raise(const char* verb, const std::string& path, int error) {
-  throw AutomationError(errorNumber(error), "FileSystem",
-                        std::string("Cannot ") + verb + " the file \"" + path +
-                            "\": " + std::generic_category().message(error) + ".");
+[[noreturn]] void raiseUnopened(const std::string& path, int error) {
+  if (error != ENOENT && error != ENOTDIR) raiseFileError("open", path, error, kSource);
+  throw AutomationError(AutomationError::kFileNotFound, kSource,
+                        "There is no file \"" + path + "\".");
 }
 
 int writeAll(int descriptor, std::string_view bytes) {
@@ -65,11 +50,11 @@ std::string FileSystem::GetTempName() {
 
 FileSystem::File FileSystem::GetFile(const std::string& path) {
   struct stat status {};
-  if (stat(path.c_str(), &status) != 0) raise("find", path, errno);
-  if (S_ISDIR(status.st_mode)) raise("find", path, EISDIR);
+  if (stat(path.c_str(), &status) != 0) raiseUnopened(path, errno);
+  if (S_ISDIR(status.st_mode)) raiseUnopened(path, ENOENT);
   std::error_code error;
   const auto canonical = std::filesystem::canonical(path, error);
-  if (error) raise("find", path, error.value());
+  if (error) raiseUnopened(path, error.value());
   return {canonical.string(), localTime(status.st_mtime)};
 }
 
@@ -84,10 +69,10 @@ void FileSystem::createFolder(const std::string& path) {
 
 void FileSystem::append(const std::string& path, std::string_view bytes) {
   const int descriptor = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
-  if (descriptor < 0) raise("append to", path, errno);
+  if (descriptor < 0) raiseUnopened(path, errno);
   int error = writeAll(descriptor, bytes);
   if (::close(descriptor) != 0 && error == 0) error = errno;
-  if (error != 0) raise("append to", path, error);
+  if (error != 0) raiseFileError("write", path, error, kSource);
 }
 
 }  // namespace paperway::desktop

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "util/automation_error.h"
+#include "util/output_file.h"
 
 namespace paperway::desktop {
 namespace {
@@ -19,14 +20,6 @@ std::filesystem::path homeDirectory() {
   if (user != nullptr && user->pw_dir != nullptr && user->pw_dir[0] == '/') return user->pw_dir;
   throw AutomationError(AutomationError::kPathNotFound, "Folders",
                         "There is no home directory: set HOME.");
-}
-
-[[noreturn]] void raise(const std::filesystem::path& folder, int error) {
-  const bool denied = error == EACCES || error == EPERM || error == EROFS;
-  throw AutomationError(
-      denied ? AutomationError::kPermissionDenied : AutomationError::kPathFileAccess, "Folders",
-      "Cannot make the folder \"" + folder.string() +
-          "\": " + std::generic_category().message(error) + ".");
 }
 
 }  // namespace
@@ -43,7 +36,9 @@ std::filesystem::path makePrivateFolder(const std::filesystem::path& folder) {
   if (folder.has_relative_path()) makePrivateFolder(folder.parent_path());
   if (mkdir(folder.c_str(), S_IRWXU) == 0) return folder;
   const int error = errno;
-  if (error != EEXIST || !std::filesystem::is_directory(folder, ignored)) raise(folder, error);
+  if (error != EEXIST || !std::filesystem::is_directory(folder, ignored)) {
+    raiseFileError("make the folder", folder, error, "Folders");
+  }
   return folder;
 }
 

@@ -40,9 +40,7 @@ class Lock {
     if (descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX) == 0) return;
     const int error = errno;
     if (descriptor_ >= 0) ::close(descriptor_);
-    throw AutomationError(
-        AutomationError::kPathFileAccess, "UserStore",
-        "Cannot lock \"" + path.string() + "\": " + std::generic_category().message(error) + ".");
+    raiseFileError("lock", path, error, "UserStore");
   }
   ~Lock() { ::close(descriptor_); }
   Lock(const Lock&) = delete;
