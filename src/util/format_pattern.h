@@ -2,8 +2,11 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
+#include <variant>
 
+#include "util/format_date.h"
+#include "util/format_number.h"
+#include "util/format_text.h"
 #include "util/value.h"
 
 namespace paperway {
@@ -11,6 +14,10 @@ namespace paperway {
 /// A format pattern of the automation platform ("0.00", "#,##0", "dd-mmm-yyyy", "@@@@"), compiled
 /// once and applied often. English names, "." as the decimal mark and "," between thousands,
 /// whatever the process locale. Any text compiles: what is no symbol stands for itself.
+///
+/// A date in a number pattern is its serial, a number in a date pattern the date of that serial,
+/// and a text that says a number or an ISO date is taken as such; any other text passes unchanged.
+/// Null is empty, unless the pattern has a section for it.
 class FormatPattern {
  public:
   FormatPattern() = default;
@@ -19,6 +26,9 @@ class FormatPattern {
   /// Appends the value in this pattern (UTF-8). An empty pattern gives the default text form.
   void append(std::string& out, ValueView value) const;
   std::string operator()(ValueView value) const;
+
+ private:
+  std::variant<std::monostate, NumberFormat, DateFormat, TextFormat> format_;
 };
 
 }  // namespace paperway

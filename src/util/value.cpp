@@ -6,6 +6,7 @@
 #include <cstring>
 #include <limits>
 
+#include "util/date_text.h"
 #include "util/digits.h"
 
 namespace paperway {
@@ -13,23 +14,6 @@ namespace paperway {
 namespace {
 
 constexpr int kSignificantDigits = 15;
-
-/// Drops the digits behind the `kept` first ones, rounding half up.
-void roundDigits(Decimal& decimal, int kept) {
-  const bool up = decimal.digits[kept] >= '5';
-  decimal.count = kept;
-  if (up) {
-    while (decimal.count > 0 && decimal.digits[decimal.count - 1] == '9') --decimal.count;
-    if (decimal.count == 0) {
-      decimal.digits[0] = '1';
-      decimal.count = 1;
-      ++decimal.exponent;
-    } else {
-      ++decimal.digits[decimal.count - 1];
-    }
-  }
-  while (decimal.count > 0 && decimal.digits[decimal.count - 1] == '0') --decimal.count;
-}
 
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
@@ -121,24 +105,14 @@ void appendReal(std::string& out, double number) {
   }
 }
 
-void appendTime(std::string& out, const Date& date) {
-  const int hour = date.hour % 12;
-  out += ' ';
-  appendInteger(out, hour == 0 ? 12 : hour);
-  char rest[] = ":00:00 AM";
-  writePair(rest + 1, date.minute);
-  writePair(rest + 4, date.second);
-  if (date.hour >= 12) rest[7] = 'P';
-  out += rest;
-}
-
 void appendDate(std::string& out, const Date& date) {
-  appendInteger(out, date.month);
-  out += '/';
-  appendInteger(out, date.day);
-  out += '/';
-  appendInteger(out, date.year);
-  if (date.hasTime()) appendTime(out, date);
+  char buffer[kDateTextLength];
+  char* at = writeShortDate(buffer, date);
+  if (date.hasTime()) {
+    *at++ = ' ';
+    at = writeLongTime(at, date);
+  }
+  out.append(buffer, at);
 }
 
 double atFifteenDigits(double number) {
@@ -152,7 +126,7 @@ double atFifteenDigits(std::int64_t number) {
     return static_cast<double>(number);
   }
   Decimal decimal = Decimal::fromInteger(number);
-  if (decimal.count > kSignificantDigits) roundDigits(decimal, kSignificantDigits);
+  decimal.keepDigits(kSignificantDigits);
   return decimal.toDouble();
 }
 
@@ -244,7 +218,7 @@ Decimal Decimal::fromDouble(double number) {
   std::from_chars(c, end, decimal.exponent);
   ++decimal.exponent;
   decimal.negative = number < 0;
-  if (decimal.count > kSignificantDigits) roundDigits(decimal, kSignificantDigits);
+  decimal.keepDigits(kSignificantDigits);
   return decimal;
 }
 
@@ -259,6 +233,21 @@ Decimal Decimal::fromInteger(std::int64_t number) {
   std::memcpy(decimal.digits, begin, static_cast<std::size_t>(decimal.count));
   while (decimal.digits[decimal.count - 1] == '0') --decimal.count;
   return decimal;
+}
+
+void Decimal::keepDigits(int kept) {
+  if (kept >= count) return;
+  const bool up = kept >= 0 && digits[kept] >= '5';
+  count = std::max(kept, 0);
+  const char dropped = up ? '9' : '0';  // 199.5 carries to 2, 100.2 leaves 1
+  while (count > 0 && digits[count - 1] == dropped) --count;
+  if (!up) return;
+  if (count > 0) {
+    ++digits[count - 1];
+  } else {
+    digits[count++] = '1';
+    ++exponent;
+  }
 }
 
 double Decimal::toDouble() const {

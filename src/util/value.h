@@ -91,6 +91,12 @@ struct Decimal {
   static Decimal fromDouble(double number);
   static Decimal fromInteger(std::int64_t number);
 
+  bool isZero() const { return count == 0; }
+
+  /// Rounds to the first `kept` digits, half away from zero. With `kept` 0 the place before the
+  /// first digit is what is kept, and below 0 nothing is.
+  void keepDigits(int kept);
+
   /// The nearest double.
   double toDouble() const;
 };

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "util/format_symbols.h"
+#include "util/number_section.h"
+#include "util/value.h"
+
+namespace paperway {
+
+/// A compiled number pattern.
+class NumberFormat {
+ public:
+  explicit NumberFormat(Symbols pattern);
+
+  void append(std::string& out, ValueView value) const;
+
+ private:
+  template <class Number>
+  void appendNumber(std::string& out, Number number) const;
+  void appendZero(std::string& out) const;
+  void appendText(std::string& out, std::string_view text) const;
+
+  std::optional<NumberSection> positive_;  // none: the default text
+  std::optional<NumberSection> negative_;  // none, as with zero_: the section of positive numbers
+  std::optional<NumberSection> zero_;
+  std::optional<NumberSection> null_;
+};
+
+}  // namespace paperway
