@@ -6,7 +6,7 @@ set(installed paperway_core paperway_headless paperway_system paperway_memory)
 set(PAPERWAY_CONFIG_DEPENDENCIES "")
 if(PAPERWAY_DATA)
   list(APPEND installed paperway_sqlite paperway_odbc)
-  string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(SQLite3)\nfind_dependency(ODBC)\n")
+  string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(SQLite3)\nfind_dependency(ODBC)\nfind_dependency(Threads)\n")
 endif()
 
 install(TARGETS ${installed} EXPORT paperway ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})

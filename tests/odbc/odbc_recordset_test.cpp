@@ -130,6 +130,26 @@ TEST_F(OdbcWalk, TakesRowsAsTheyCome) {
   }
 }
 
+TEST_F(OdbcWalk, EndsALongQueryWhenAsked) {
+  const struct {
+    std::string connection;
+    const char* query;
+    const char* reason;
+  } cases[] = {
+      {databases_.sqlite(),
+       "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s ORDER BY 1",
+       "[HY000] [SQLite]interrupted"},
+      {postgres("UseDeclareFetch=1"), "SELECT n FROM generate_series(1, 50000000) n ORDER BY 1",
+       "[57014] ERROR: canceling statement due to user request"},
+  };
+  for (const auto& c : cases) {
+    const OdbcConnection connection(c.connection);
+    connection.stopWhen([] { return true; });
+    const std::string error = errorOf([&] { OdbcRecordset(connection, c.query); });
+    EXPECT_NE(error.find(c.reason), std::string::npos) << error;
+  }
+}
+
 TEST_F(OdbcWalk, TwoAtOnceShareAConnection) {
   for (const std::string& connection : {databases_.sqlite(), postgres("UseDeclareFetch=1")}) {
     auto opened = std::make_unique<OdbcConnection>(connection);

@@ -86,4 +86,8 @@ const OdbcDriver& OdbcConnection::driver() const {
   return session_->driver();
 }
 
+void OdbcConnection::stopWhen(bool (*asked)()) const {
+  session_->stopWhen(asked);
+}
+
 }  // namespace paperway

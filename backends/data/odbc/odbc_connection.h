@@ -26,6 +26,10 @@ class OdbcConnection {
 
   const OdbcDriver& driver() const;
 
+  /// Asked now and then while a recordset opened later waits for the database; true ends its
+  /// statement with an AutomationError. The question comes from another thread.
+  void stopWhen(bool (*asked)()) const;
+
  private:
   friend class OdbcRecordset;
 

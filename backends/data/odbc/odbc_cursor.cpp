@@ -48,6 +48,7 @@ OdbcCursor::OdbcCursor(std::shared_ptr<OdbcSession> session, std::string_view st
   checkForQuery();
   describeColumns(driver);
   planBlocks(driver);
+  if (session_->asked() != nullptr) watch_.emplace(handle_, session_->asked());
   run();
 }
 

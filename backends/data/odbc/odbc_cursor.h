@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "backends/data/odbc/odbc_column.h"
 #include "backends/data/odbc/odbc_handle.h"
 #include "backends/data/odbc/odbc_session.h"
+#include "backends/data/odbc/odbc_watch.h"
 
 namespace paperway {
 
@@ -66,6 +68,7 @@ class OdbcCursor {
   std::vector<SQLUSMALLINT> states_;
   SQLULEN fetched_ = 0;
   std::size_t rowsBefore_ = 0;
+  std::optional<OdbcWatch> watch_;  // last, so that it ends before the handle
 };
 
 }  // namespace paperway

@@ -19,11 +19,14 @@ class OdbcSession {
 
   const OdbcHandle& handle() const { return connection_; }
   const OdbcDriver& driver() const { return driver_; }
+  void stopWhen(bool (*question)()) { asked_ = question; }
+  bool (*asked() const)() { return asked_; }
 
  private:
   OdbcHandle environment_{SQL_HANDLE_ENV, nullptr};
   OdbcHandle connection_{SQL_HANDLE_DBC, &environment_};
   OdbcDriver driver_;
+  bool (*asked_)() = nullptr;
 };
 
 }  // namespace paperway
