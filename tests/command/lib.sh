@@ -26,6 +26,13 @@ expect() {
 
 same() { cmp -s "$1" "$2" || fail "$1 and $2 differ"; }
 
+listens_for_term() { # PID: of the command, not of the shell that is about to become it
+  local caught
+  [ "/proc/$1/exe" -ef "$paperway" ] || return
+  caught=$(awk '/^SigCgt/ { print $2 }' "/proc/$1/status" 2>/dev/null)
+  (((0x${caught:-0} & 0x4000) != 0))
+}
+
 finish() {
   [ "$failures" -eq 0 ] && echo "all as expected"
   exit $((failures > 0))
