@@ -1,6 +1,7 @@
 #include "apps/paperway/source.h"
 
 #include "backends/data/memory/csv_table.h"
+#include "backends/data/odbc/odbc_recordset.h"
 #include "backends/data/sqlite/sqlite_recordset.h"
 #include "util/text.h"
 
@@ -27,11 +28,20 @@ std::unique_ptr<Recordset> open(const Database& database, const std::string& sta
 }  // namespace
 
 void Source::addOptions(CLI::App& app) {
-  app.add_option("--db", db, "SQLite database to read")->type_name("FILE");
+  CLI::Option* const file = app.add_option("--db", db, "SQLite database to read");
+  file->type_name("FILE");
+  app.add_option("--odbc", odbc, "Any database: an ODBC connection string or data source")
+      ->type_name("CONNECTION")
+      ->excludes(file);
 }
 
 std::unique_ptr<Recordset> Source::rows(const std::string& statement, Progress* progress) const {
-  if (!isGiven()) throw CLI::RequiredError("--db");
+  if (!odbc.empty()) {
+    const OdbcConnection connection(odbc);
+    connection.stopWhen(Progress::isInterrupted);
+    return open<OdbcRecordset>(connection, statement, progress);
+  }
+  if (db.empty()) throw CLI::RequiredError("--db or --odbc");
   const SqliteDatabase database(db);
   database.stopWhen(Progress::isInterrupted);
   return open<SqliteRecordset>(database, statement, progress);

@@ -12,9 +12,9 @@ namespace paperway::command {
 /// The database that a command reads.
 struct Source {
   std::string db;
+  std::string odbc;
 
   void addOptions(CLI::App& app);
-  bool isGiven() const { return !db.empty(); }
 
   /// The rows of a statement; it tells `progress`, when there is one, of each move.
   std::unique_ptr<Recordset> rows(const std::string& statement, Progress* progress = nullptr) const;

@@ -88,7 +88,10 @@ void addText(CLI::App& app) {
       "Example:\n"
       "  paperway text --db ledger.db --data \"SELECT * FROM sales\" --columns columns.csv \\\n"
       "    --out ledger.txt --title \"Sales ledger\" --title \"April 2026\" --serial 1 --pitch "
-      "136");
+      "136\n"
+      "From another database, ledger by the name of its ODBC data source:\n"
+      "  paperway text --odbc ledger --data \"SELECT * FROM sales\" --columns columns.csv \\\n"
+      "    --out ledger.txt");
   text->callback([options] {
     if (options->titles.size() > kTitles) {
       throw CLI::ValidationError("--title", "at most five titles");
