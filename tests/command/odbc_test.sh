@@ -21,7 +21,7 @@ row="SELECT 'V1' AS voucher, DATE '2026-03-05' AS date, 'Ana' AS customer, 'Goa'
 expect 0 '05-Mar-2026' "$paperway" text --odbc "$postgres" --columns "$columns" --out - \
   --data "$row FROM generate_series(1, 5) n"
 expect 1 '[42P01]' "$paperway" text --odbc "$postgres" --columns "$columns" --out x.txt \
-  --data "SELECT * FROM absent"
+  --data "SELECT * FROM nowhere"
 expect 1 '[IM002]' text --odbc nothing --out x.txt
 expect 2 '--db' text --odbc "$sqlite" --db ledger.db --out x.txt
 expect 2 '--odbc' text --out x.txt
