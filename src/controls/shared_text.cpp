@@ -12,6 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::size_t kShortSlice = 2 * ByteIndex::kBlock;  // counted faster than looked up
+
 /// Sums in bytes, which is what keeps the loop wide.
 std::uint64_t occurrences(std::string_view text, char byte) {
   constexpr std::size_t kStep = 240;
@@ -28,6 +30,13 @@ std::uint64_t occurrences(std::string_view text, char byte) {
   return total;
 }
 
+/// Offset of the byte's occurrence with this number, from 0.
+std::size_t placeOf(std::string_view text, char byte, std::uint64_t number) {
+  std::size_t at = text.find(byte);
+  for (; number > 0 && at != std::string_view::npos; --number) at = text.find(byte, at + 1);
+  return at;
+}
+
 std::optional<FileStamp> stampOf(const fs::path& path) {
   std::error_code error;
   FileStamp stamp{path, 0, {}};
@@ -40,8 +49,10 @@ std::optional<FileStamp> stampOf(const fs::path& path) {
 
 }  // namespace
 
-void ByteIndex::addBlock(std::string_view block) {
-  upTo_.push_back(upTo_.back() + occurrences(block, byte_));
+void ByteIndex::add(std::string_view bytes) {
+  for (std::size_t at = 0; at < bytes.size(); at += kBlock) {
+    upTo_.push_back(upTo_.back() + occurrences(bytes.substr(at, kBlock), byte_));
+  }
 }
 
 std::uint64_t ByteIndex::countBefore(std::string_view text, std::size_t offset) const {
@@ -55,9 +66,8 @@ std::size_t ByteIndex::position(std::string_view text, std::uint64_t number) con
   if (number >= total()) return text.size();
   const auto behind = std::upper_bound(upTo_.begin(), upTo_.end(), number);
   const auto block = static_cast<std::size_t>(behind - upTo_.begin()) - 1;
-  std::size_t at = text.find(byte_, block * kBlock);
-  for (std::uint64_t i = upTo_[block]; i < number; ++i) at = text.find(byte_, at + 1);
-  return at;
+  const std::size_t begin = block * kBlock;
+  return begin + placeOf(text.substr(begin), byte_, number - upTo_[block]);
 }
 
 SharedText::SharedText(std::size_t size)
@@ -65,18 +75,18 @@ SharedText::SharedText(std::size_t size)
   bytes_[size] = '\f';
 }
 
-void SharedText::index(std::size_t begin, std::size_t end) {
-  for (; begin < end; begin += ByteIndex::kBlock) {
-    const std::string_view block = view().substr(begin, std::min(ByteIndex::kBlock, end - begin));
-    lineEnds_.addBlock(block);
-    formFeeds_.addBlock(block);
+const ByteIndex& SharedText::lineEnds() const {
+  if (!lineEnds_) {
+    lineEnds_.emplace('\n');
+    lineEnds_->add(view());
   }
+  return *lineEnds_;
 }
 
 std::shared_ptr<const SharedText> SharedText::of(std::string bytes) {
   std::shared_ptr<SharedText> text(new SharedText(bytes.size()));
   std::memcpy(text->bytes_.get(), bytes.data(), bytes.size());
-  text->index(0, bytes.size());
+  text->formFeeds_.add(text->view());
   return text;
 }
 
@@ -97,7 +107,7 @@ std::shared_ptr<const SharedText> SharedText::load(const fs::path& path,
     const std::size_t wanted = std::min<std::size_t>(kChunk, stamp->size - read);
     const std::size_t got = std::fread(text->bytes_.get() + read, 1, wanted, file.get());
     if (std::ferror(file.get()) != 0) return of(readFile(path, source));
-    text->index(read, read + got);
+    text->formFeeds_.add({text->bytes_.get() + read, got});
     read += got;
     if (got < wanted) break;  // the file became shorter
   }
@@ -112,12 +122,13 @@ bool SharedText::isContentOf(const fs::path& path) const {
 }
 
 std::uint64_t TextSlice::lineEndsBefore(std::size_t offset) const {
-  if (text == nullptr) return 0;
+  if (size() <= kShortSlice) return occurrences(view().substr(0, offset), '\n');
   const ByteIndex& ends = text->lineEnds();
   return ends.countBefore(text->view(), begin + offset) - ends.countBefore(text->view(), begin);
 }
 
 std::size_t TextSlice::lineEnd(std::uint64_t number) const {
+  if (size() <= kShortSlice) return placeOf(view(), '\n', number);
   const ByteIndex& ends = text->lineEnds();
   return ends.position(text->view(), ends.countBefore(text->view(), begin) + number) - begin;
 }

@@ -20,8 +20,8 @@ class ByteIndex {
 
   static constexpr std::size_t kBlock = 16384;
 
-  /// Counts the next block; every block but the last has the full size.
-  void addBlock(std::string_view block);
+  /// Counts the bytes that follow; their number is a multiple of kBlock, except at the text's end.
+  void add(std::string_view bytes);
 
   std::uint64_t total() const { return upTo_.back(); }
   /// Occurrences in text[0, offset).
@@ -55,7 +55,8 @@ class SharedText {
   std::string_view view() const { return {bytes_.get(), size_}; }
   /// The bytes and a form feed behind them, so that a last page without one can be shown with it.
   std::string_view withFormFeed() const { return {bytes_.get(), size_ + 1}; }
-  const ByteIndex& lineEnds() const { return lineEnds_; }
+  /// Made when it is first asked for: pages do without it.
+  const ByteIndex& lineEnds() const;
   const ByteIndex& formFeeds() const { return formFeeds_; }
 
   /// True while the file still is what was read from it.
@@ -63,11 +64,10 @@ class SharedText {
 
  private:
   explicit SharedText(std::size_t size);
-  void index(std::size_t begin, std::size_t end);
 
   std::unique_ptr<char[]> bytes_;
   std::size_t size_;
-  ByteIndex lineEnds_{'\n'};
+  mutable std::optional<ByteIndex> lineEnds_;
   ByteIndex formFeeds_{'\f'};
   std::optional<FileStamp> stamp_;
 };
