@@ -1,0 +1,69 @@
+#include "backends/data/memory/memory_table.h"
+
+#include <gtest/gtest.h>
+#include <utility>
+
+#include "error_text.h"
+
+namespace paperway {
+namespace {
+
+MemoryTable sample() {
+  return MemoryTable({"Name", "Qty", "Rate", "On"},
+                     {{"Asha", 3, 2.5, Date{2026, 3, 5}}, {{}, {}, {}, {}}, {"", -1, 0.0, Date{}}});
+}
+
+TEST(MemoryTable, GivesBackEveryKindOfValue) {
+  MemoryTable table = sample();
+  EXPECT_EQ(table.value(0).text(), "Asha");
+  EXPECT_EQ(table.value(1).integer(), 3);
+  EXPECT_EQ(table.value(2).real(), 2.5);
+  EXPECT_EQ(table.value(3).date(), (Date{2026, 3, 5}));
+  table.MoveNext();
+  for (std::size_t i = 0; i < table.fieldCount(); ++i) EXPECT_TRUE(table.value(i).isNull());
+  table.MoveNext();
+  EXPECT_EQ(table.value(0).kind(), ValueView::Kind::text);
+  EXPECT_EQ(table.value(0).text(), "");
+}
+
+TEST(MemoryTable, WalksLikeAnyRecordset) {
+  MemoryTable table = sample();
+  table.MoveLast();
+  EXPECT_EQ(table.value(1).integer(), -1);
+  EXPECT_EQ(table.RecordCount(), 3);
+  table.MoveNext();
+  EXPECT_TRUE(table.Eof());
+  EXPECT_EQ(errorOf([&] { table.MoveNext(); }), "The recordset has no current row.");
+  EXPECT_EQ(errorOf([&] { table.value(0); }), "The recordset has no current row.");
+  table.MoveFirst();
+  EXPECT_EQ(table.Fields().Item("NAME").Value().text(), "Asha");
+  EXPECT_EQ(errorOf([&] { table.Fields().Item("Nmae"); }),
+            "There is no field \"Nmae\"; the fields are Name, Qty, Rate, On.");
+}
+
+TEST(MemoryTable, AnEmptyOneIsAtItsEnd) {
+  MemoryTable table({"Name"});
+  table.MoveFirst();
+  EXPECT_TRUE(table.Eof());
+  EXPECT_EQ(table.RecordCount(), 0);
+  EXPECT_EQ(errorOf([&] { table.MoveLast(); }), "The recordset has no current row.");
+  EXPECT_EQ(errorOf([&] {
+              table.addRow({"a", "b"});
+            }),
+            "A row of 2 values does not fit a table of 1 fields.");
+}
+
+TEST(MemoryTable, TextsStayWhereTheyAreWhileRowsAreAdded) {
+  MemoryTable table({"Short", "Long"});
+  const std::string longText(100'000, 'x');
+  table.addRow({"first", longText});
+  const std::string_view first = table.value(0).text();
+  for (int i = 0; i < 20'000; ++i) table.addRow({"filler text", i});
+  MemoryTable moved = std::move(table);
+  EXPECT_EQ(first, "first");
+  EXPECT_EQ(moved.value(0).text().data(), first.data());
+  EXPECT_EQ(moved.value(1).text(), longText);
+}
+
+}  // namespace
+}  // namespace paperway
