@@ -1,0 +1,174 @@
+#include "backends/data/sqlite/sqlite_recordset.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include "error_text.h"
+
+namespace paperway {
+namespace {
+
+class SqliteRecordsetTest : public testing::Test {
+ protected:
+  SqliteRecordsetTest() { run("CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(1),(2),(3)"); }
+  ~SqliteRecordsetTest() override {
+    sqlite3_close(writer_);
+    std::filesystem::remove_all(folder_);
+  }
+
+  void run(const std::string& sql) {
+    if (writer_ == nullptr) sqlite3_open(file_.c_str(), &writer_);
+    ASSERT_EQ(sqlite3_exec(writer_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+  }
+  SqliteDatabase database() const { return SqliteDatabase(file_, std::chrono::milliseconds(0)); }
+  std::string failure(const std::string& statement) const {
+    return errorOf([&] { SqliteRecordset(database(), statement); });
+  }
+
+  std::filesystem::path folder_ = [] {
+    std::string name = testing::TempDir() + "sqliteXXXXXX";
+    return std::filesystem::path(mkdtemp(name.data()));
+  }();
+  std::filesystem::path file_ = folder_ / "sales.db";
+  sqlite3* writer_ = nullptr;
+};
+
+std::string described(ValueView value) {
+  const char* kinds[] = {"null", "text", "real", "integer", "date"};
+  return std::string(kinds[static_cast<int>(value.kind())]) + " " + defaultText(value);
+}
+
+TEST_F(SqliteRecordsetTest, TypesValuesAsDeclaredAndStored) {
+  const struct {
+    const char* declared;
+    const char* stored;
+    const char* value;
+  } cases[] = {
+      {"INTEGER", "9223372036854775807", "integer 9223372036854775807"},
+      {"REAL", "2", "real 2"},
+      {"NUMERIC", "2.5", "real 2.5"},
+      {"BOOLEAN", "1", "integer 1"},
+      {"TEXT", "12", "text 12"},
+      {"TEXT", "''", "text "},
+      {"TEXT", "NULL", "null "},
+      {"TEXT", "'2026-03-05'", "text 2026-03-05"},
+      {"INTEGER", "'abc'", "text abc"},
+      {"DATE", "'2026-03-05'", "date 3/5/2026"},
+      {"Date", "'2026-02-30'", "text 2026-02-30"},
+      {"DATE", "'5 March'", "text 5 March"},
+      {"DATE", "20260305", "integer 20260305"},
+      {"DATE", "NULL", "null "},
+      {"datetime", "'2026-03-05 14:07:09'", "date 3/5/2026 2:07:09 PM"},
+      {"timestamp without time zone", "'2026-03-05T14:07'", "date 3/5/2026 2:07:00 PM"},
+      {"BLOB", "x'C3A9'", "text é"},
+      {"BLOB", "x''", "text "},
+      {"BLOB", "zeroblob(0)", "text "},
+  };
+  int number = 0;
+  for (const auto& c : cases) {
+    const std::string table = "c" + std::to_string(++number);
+    run("CREATE TABLE " + table + "(v " + c.declared + "); INSERT INTO " + table + " VALUES(" +
+        c.stored + ")");
+    SqliteRecordset rows(database(), "SELECT v FROM " + table);
+    EXPECT_EQ(described(rows.value(0)), c.value) << c.declared << ' ' << c.stored;
+    rows.MoveLast();
+    EXPECT_EQ(described(rows.value(0)), c.value) << "after MoveLast";
+  }
+}
+
+TEST_F(SqliteRecordsetTest, WalksCountsAndRewinds) {
+  SqliteRecordset rows(database(), "SELECT n, n * 2 AS Twice FROM t ORDER BY n");
+  EXPECT_EQ(rows.fieldOrdinal("TWICE"), 1U);
+  EXPECT_EQ(rows.RecordCount(), -1);
+  rows.MoveLast();
+  EXPECT_EQ(rows.value(1).integer(), 6);
+  EXPECT_EQ(rows.RecordCount(), 3);
+  rows.MoveLast();
+  rows.MoveNext();
+  EXPECT_TRUE(rows.Eof());
+  EXPECT_EQ(errorOf([&] { rows.value(0); }), "The recordset has no current row.");
+  EXPECT_EQ(errorOf([&] { rows.MoveNext(); }), "The recordset has no current row.");
+  for (int round = 0; round < 2; ++round) {
+    int sum = 0;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+      sum = sum * 10 + static_cast<int>(rows.value(0).integer());
+    }
+    EXPECT_EQ(sum, 123);
+  }
+  rows.MoveLast();
+  rows.MoveFirst();
+  EXPECT_EQ(rows.value(0).integer(), 1);
+
+  SqliteRecordset none(database(), "SELECT n FROM t WHERE n > 3");
+  none.MoveFirst();
+  EXPECT_TRUE(none.Eof());
+  EXPECT_EQ(none.RecordCount(), 0);
+  EXPECT_EQ(errorOf([&] { none.MoveLast(); }), "The recordset has no current row.");
+}
+
+TEST_F(SqliteRecordsetTest, TakesOneReadingStatement) {
+  const std::string name = "Cannot read \"" + file_.string() + "\": ";
+  const std::string notReading = name + "the statement is not one that only reads rows.";
+  const std::string several = name + "the text holds more than one statement.";
+  const std::pair<const char*, std::string> cases[] = {
+      {"SELECT n FROM t; -- that is all\n;", "no error"},
+      {"WITH a AS (SELECT n FROM t) SELECT * FROM a", "no error"},
+      {"VALUES (1, 'a')", "no error"},
+      {"PRAGMA table_info(t)", "no error"},
+      {"SELECT n FROM sale", name + "no such table: sale."},
+      {" /* nothing */ ", name + "the text holds no statement."},
+      {"DELETE FROM t", notReading},
+      {"INSERT INTO t VALUES (4) RETURNING n", notReading},
+      {"SELECT n FROM t WHERE n = ?",
+       name + "the statement has parameters, and nothing fills them."},
+      {"SELECT 1; SELECT 2", several},
+      {"SELECT 1; and so on", several},
+  };
+  for (const auto& [statement, message] : cases) EXPECT_EQ(failure(statement), message);
+}
+
+TEST_F(SqliteRecordsetTest, TellsWhatFailsWhileReading) {
+  SqliteRecordset rows(database(), "SELECT abs(n - 9223372036854775807 - 3) FROM t");
+  EXPECT_EQ(errorOf([&] { rows.MoveLast(); }),
+            "Cannot read \"" + file_.string() + "\": integer overflow.");
+  EXPECT_TRUE(rows.Eof());
+  SqliteRecordset blob(database(), "SELECT 1, x'00E9' AS photo");
+  EXPECT_EQ(errorOf([&] { blob.value(1); }),
+            "Cannot read \"" + file_.string() +
+                "\": the field \"photo\" holds a blob that is no text, in row 1.");
+}
+
+TEST_F(SqliteRecordsetTest, TellsWhyADatabaseDoesNotOpen) {
+  const auto reason = [&](const std::filesystem::path& file) {
+    const std::string message =
+        errorOf([&] { SqliteDatabase(file, std::chrono::milliseconds(0)); });
+    const std::string start = "Cannot open the database \"" + file.string() + "\": ";
+    return message.starts_with(start) ? message.substr(start.size()) : message;
+  };
+  std::ofstream(folder_ / "notes.txt") << std::string(4096, 'x');
+  EXPECT_EQ(reason(folder_ / "none.db"), "No such file or directory.");
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "none.db"));
+  EXPECT_EQ(reason(":memory:"), "No such file or directory.");
+  EXPECT_EQ(reason(folder_), "Is a directory.");
+  EXPECT_EQ(reason(folder_ / "notes.txt"), "file is not a database.");
+  run("BEGIN EXCLUSIVE");
+  EXPECT_EQ(reason(file_), "database is locked.");
+}
+
+TEST_F(SqliteRecordsetTest, OutlivesItsDatabaseAndHoldsNoRows) {
+  auto opened = std::make_unique<SqliteDatabase>(file_);
+  SqliteRecordset rows(*opened,
+                       "WITH RECURSIVE r(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM r LIMIT 20000)"
+                       " SELECT i, printf('%.1000c', 'x') FROM r");
+  opened.reset();
+  const auto before = sqlite3_memory_used();
+  sqlite3_memory_highwater(1);
+  for (; !rows.Eof(); rows.MoveNext()) ASSERT_EQ(rows.value(1).text().size(), 1000U);
+  EXPECT_EQ(rows.RecordCount(), 20000);
+  EXPECT_LT(sqlite3_memory_highwater(0), before + 100'000);
+}
+
+}  // namespace
+}  // namespace paperway
