@@ -49,6 +49,11 @@ bool declaresDates(const char* type) {
          equalIgnoringCase(declared.substr(0, 9), "timestamp");
 }
 
+ValueView dateOrText(std::string_view text) {
+  const auto date = parseIsoDate(text);
+  return date ? ValueView(*date) : ValueView(text);
+}
+
 std::string_view textOf(sqlite3_value* cell) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(cell));
   return {text, static_cast<std::size_t>(sqlite3_value_bytes(cell))};
@@ -183,16 +188,21 @@ void SqliteRecordset::keepRow(std::vector<Cell>& row) const {
   }
 }
 
+sqlite3_value* SqliteRecordset::cellOf(std::size_t ordinal) const {
+  if (eof_) raiseNoRow();
+  return lastRow_.empty() ? sqlite3_column_value(statement_.get(), static_cast<int>(ordinal))
+                          : lastRow_[ordinal].get();
+}
+
 // One sqlite3_column_value and its sqlite3_value calls cost less than the calls by column, each of
 // which finds the cell anew. They need no lock: the connection belongs to one thread.
 ValueView SqliteRecordset::value(std::size_t ordinal) const {
-  if (eof_) raiseNoRow();
-  sqlite3_value* cell = lastRow_.empty()
-                            ? sqlite3_column_value(statement_.get(), static_cast<int>(ordinal))
-                            : lastRow_[ordinal].get();
+  sqlite3_value* const cell = cellOf(ordinal);
   switch (sqlite3_value_type(cell)) {
-    case SQLITE_TEXT:
-      return textOrDate(ordinal, cell);
+    case SQLITE_TEXT: {
+      const std::string_view text = textOf(cell);
+      return columns_[ordinal].holdsDates ? dateOrText(text) : ValueView(text);
+    }
     case SQLITE_INTEGER:
       return static_cast<std::int64_t>(sqlite3_value_int64(cell));
     case SQLITE_FLOAT:
@@ -202,14 +212,6 @@ ValueView SqliteRecordset::value(std::size_t ordinal) const {
     default:
       return {};
   }
-}
-
-ValueView SqliteRecordset::textOrDate(std::size_t ordinal, sqlite3_value* cell) const {
-  const std::string_view text = textOf(cell);
-  if (columns_[ordinal].holdsDates) {
-    if (const auto date = parseIsoDate(text)) return *date;
-  }
-  return text;
 }
 
 ValueView SqliteRecordset::textOfBlob(std::size_t ordinal, sqlite3_value* cell) const {

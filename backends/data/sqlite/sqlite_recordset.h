@@ -75,7 +75,7 @@ class SqliteRecordset : public Recordset {
   void describeColumns();
   void step();
   void keepRow(std::vector<Cell>& row) const;
-  ValueView textOrDate(std::size_t ordinal, sqlite3_value* cell) const;
+  sqlite3_value* cellOf(std::size_t ordinal) const;
   ValueView textOfBlob(std::size_t ordinal, sqlite3_value* cell) const;
   [[noreturn]] void fail(const std::string& reason) const;
   [[noreturn]] static void raiseNoRow();
