@@ -1,8 +1,8 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -28,17 +28,14 @@ std::string StrCenter(std::string_view strTxt, std::uint8_t maxlen);
 std::string Print_line(std::int16_t Start_pos, std::string_view Print_str,
                        std::string_view Data_str);
 
-/// TxtL, or TxtR, of a text of one byte a character, straight into `width` bytes at `cell`.
+/// TxtL, or TxtR, of a text of one byte a character, straight onto `width` blanks at `cell`.
 inline void placeCell(char* cell, std::size_t width, std::string_view text, bool left) {
-  text = trimBlanks(text);
+  if (!text.empty() && (text.front() == ' ' || text.back() == ' ')) text = trimBlanks(text);
   const std::size_t length = std::min(text.size(), width);
-  const std::size_t padding = width - length;
   if (left) {
-    std::memcpy(cell, text.data(), length);
-    std::memset(cell + length, ' ', padding);
+    std::copy_n(text.begin(), length, cell);
   } else {
-    std::memset(cell, ' ', padding);
-    std::memcpy(cell + padding, text.data() + text.size() - length, length);
+    std::copy_n(text.end() - static_cast<std::ptrdiff_t>(length), length, cell + width - length);
   }
 }
 

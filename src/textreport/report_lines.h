@@ -32,6 +32,13 @@ class ReportLines {
     return block_.data() + used_;
   }
 
+  /// The same, filled with blanks.
+  char* blanks(std::size_t count) {
+    char* const room = reserve(count);
+    std::memset(room, ' ', count);
+    return room;
+  }
+
   void advance(std::size_t count) { used_ += count; }
 
   void flush() {

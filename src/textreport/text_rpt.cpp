@@ -113,7 +113,7 @@ class TextReport {
     out_.append(font_.Bon);
     out_.append(pageTitle_);
     out_.append(font_.Boff);
-    placeCell(out_.reserve(room), room, page, false);
+    placeCell(out_.blanks(room), room, page, false);
     out_.advance(room);
     out_.endLine();
   }
@@ -209,6 +209,17 @@ class TextReport {
 
   // --- groups
 
+  /// The groups' texts are those of the row before, byte for byte, as in most rows.
+  bool groupsGoOn() const {
+    return goesOn(plan_.group2, group2Text_) && goesOn(plan_.group1, group1Text_);
+  }
+
+  bool goesOn(const GroupPlan& group, const std::string& before) const {
+    if (!group.isUsed()) return true;
+    const ValueView value = rows_.value(group.ordinal);
+    return value.kind() == ValueView::Kind::text && value.text() == before;
+  }
+
   void readGroups() {
     if (plan_.group2.isUsed()) readGroupText(group2Text_, rows_.value(plan_.group2.ordinal));
     if (!plan_.group1.isUsed()) return;
@@ -248,52 +259,53 @@ class TextReport {
   }
 
   void rememberGroups() {
-    if (plan_.group1.isUsed()) group1Key_.swap(group1NewKey_);
-    if (plan_.group2.isUsed()) group2Key_.swap(group2Text_);
+    if (plan_.group1.isUsed()) group1Key_ = group1NewKey_;
+    if (plan_.group2.isUsed()) group2Key_ = group2Text_;
   }
 
   // --- rows
 
   void writeRow() {
-    readGroups();
-    writeGroupChanges();
-    const bool duplicate = isDuplicate();
-    writeSerial();
-    for (const ColumnPlan& column : plan_.columns) writeCell(column, duplicate);
-    out_.endLine();
+    if (!groupsGoOn()) {
+      readGroups();
+      writeGroupChanges();
+      rememberGroups();
+    }
+    writeRowLine();
     ++lineCount_;
     if (arguments_.Srno > 0) {
       arguments_.Srno = static_cast<std::int32_t>(static_cast<std::uint32_t>(arguments_.Srno) + 1u);
     }
     if (pageIsFull()) endPage();
-    rememberGroups();
-    rememberDuplicate();
   }
 
-  void writeSerial() {
-    if (arguments_.Srno <= 0) return;
-    char* cell = out_.reserve(kSerialWidth + 1);
-    std::memset(cell, ' ', kSerialWidth + 1);
+  /// The cells are placed on a line of blanks. A column without a type takes no room.
+  void writeRowLine() {
+    const bool duplicate = isDuplicate();
+    char* const line = out_.blanks(lineWidth_);
+    char* cell = placeSerial(line);
+    for (const ColumnPlan& column : plan_.columns) {
+      const bool blank = duplicate && column.blankOnDuplicate;
+      if (!blank) takeCell(cell, column);
+      if (blank || column.type != ColumnPlan::Type::none) cell += column.width + column.spaces;
+    }
+    out_.advance(static_cast<std::size_t>(cell - line));
+    out_.endLine();
+    if (!duplicate) rememberDuplicate();
+  }
+
+  char* placeSerial(char* cell) const {
+    if (arguments_.Srno <= 0) return cell;
     std::int32_t rest = arguments_.Srno;
     for (std::size_t i = kSerialWidth; i-- > 0 && rest > 0; rest /= 10) {
       cell[i] = static_cast<char>('0' + rest % 10);
     }
-    out_.advance(kSerialWidth + 1);
+    return cell + kSerialWidth + 1;
   }
 
-  void writeCell(const ColumnPlan& column, bool duplicate) {
-    const std::size_t room = column.width + column.spaces;
-    if (duplicate && column.blankOnDuplicate) {
-      std::memset(out_.reserve(room), ' ', room);
-      out_.advance(room);
-      return;
-    }
+  void takeCell(char* cell, const ColumnPlan& column) {
     if (column.type != ColumnPlan::Type::none) {
-      const std::string_view text = cellText(column);
-      char* cell = out_.reserve(room);
-      placeCell(cell, column.width, text, column.left);
-      std::memset(cell + column.width, ' ', column.spaces);
-      out_.advance(room);
+      placeCell(cell, column.width, cellText(column), column.left);
     }
     ColumnFormat& sums = *column.format;
     if (column.feedsGroup1) sums.Group1Sum += sums.Group1Count == 1 ? 1 : numValue_;
@@ -381,7 +393,7 @@ class TextReport {
   std::int16_t pageNo_ = 1;
   double numValue_ = 0;  // of the last number cell, kept from row to row
 
-  std::string group1Text_;  // of the row in hand
+  std::string group1Text_;  // of the row in hand, or of the row before when it is the same
   std::string group2Text_;
   std::string group1NewKey_;  // both texts in a row
   std::string group1Key_;     // of the row before; empty: no group has begun
