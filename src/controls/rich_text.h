@@ -194,7 +194,7 @@ class RichTextBox : public Control {
 };
 
 /// A text as rich text for word processors: fonts, sizes, colours and line ends as shown; a form
-/// feed is a page break. `out` takes the document piece by piece.
+/// feed is a page break, except at the text's end. `out` takes the document piece by piece.
 void writeRtf(const RichTextBox& box, const std::function<void(std::string_view)>& out);
 
 }  // namespace paperway

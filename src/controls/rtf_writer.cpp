@@ -8,6 +8,10 @@ namespace paperway {
 namespace {
 
 constexpr std::size_t kChunk = 1 << 16;
+constexpr int kMargin = 720;        // twips
+constexpr int kPaperWidth = 11906;  // A4; wider where the lines are, so that none is broken
+constexpr int kPaperHeight = 16838;
+constexpr double kCharacterWidth = 0.6 * 20;  // of a fixed-pitch font, twips for each point of size
 
 /// System colours are left to the reader's own; colour 0 of the table means that.
 int colorNumber(const std::vector<Color>& table, Color color) {
@@ -28,6 +32,33 @@ std::vector<Color> colorsOf(const RichTextBox& box) {
   return colors;
 }
 
+template <typename Visit>
+void forEachRun(const RichTextBox& box, const Visit& visit) {
+  for (std::size_t begin = 0; begin < box.buffer().size(); begin += kChunk) {
+    for (const StyledRun& run : box.styledRuns(begin, begin + kChunk)) visit(run);
+  }
+}
+
+int widestLine(const RichTextBox& box) {  // twips
+  double widest = 0;
+  double width = 0;
+  forEachRun(box, [&](const StyledRun& run) {
+    const double each = run.hidden ? 0 : run.size * kCharacterWidth;
+    for (const char byte : run.bytes) {
+      width = byte == '\n' ? 0 : width + each;
+      widest = std::max(widest, width);
+    }
+  });
+  return static_cast<int>(std::min(widest, 500'000.0));
+}
+
+std::string paper(const RichTextBox& box) {
+  const std::string margin = std::to_string(kMargin);
+  const int width = std::max(kPaperWidth, widestLine(box) + 2 * kMargin);
+  return "\\paperw" + std::to_string(width) + "\\paperh" + std::to_string(kPaperHeight) +
+         "\\margl" + margin + "\\margr" + margin + "\\margt" + margin + "\\margb" + margin + "\r\n";
+}
+
 std::string header(const RichTextBox& box, const std::vector<Color>& colors) {
   std::string text =
       "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 " +
@@ -36,7 +67,7 @@ std::string header(const RichTextBox& box, const std::vector<Color>& colors) {
     text += "\\red" + std::to_string(redOf(color)) + "\\green" + std::to_string(greenOf(color)) +
             "\\blue" + std::to_string(blueOf(color)) + ";";
   }
-  return text + "}\r\n\\pard\\plain\\f0\r\n";
+  return text + "}\r\n" + paper(box) + "\\pard\\plain\\f0\r\n";
 }
 
 std::string look(const StyledRun& run, const std::vector<Color>& colors) {
@@ -72,18 +103,19 @@ void writeRtf(const RichTextBox& box, const std::function<void(std::string_view)
   const std::vector<Color> colors = colorsOf(box);
   const TextBuffer& text = box.buffer();
   std::string rtf = header(box, colors);
-  for (std::size_t begin = 0; begin < text.size(); begin += kChunk) {
-    for (const StyledRun& run : box.styledRuns(begin, begin + kChunk)) {
-      rtf += look(run, colors);
-      for (std::size_t i = 0; i < run.bytes.size(); ++i) {
-        const std::size_t behind = run.begin + i + 1;
-        const bool lineEnd = run.bytes[i] == '\r' && behind < text.size() && text[behind] == '\n';
-        if (!lineEnd) appendByte(rtf, run.bytes[i]);
-      }
+  forEachRun(box, [&](const StyledRun& run) {
+    rtf += look(run, colors);
+    for (std::size_t i = 0; i < run.bytes.size(); ++i) {
+      const std::size_t behind = run.begin + i + 1;
+      const bool last = behind == text.size();
+      const bool ofLineEnd = run.bytes[i] == '\r' && !last && text[behind] == '\n';
+      const bool closesPage = run.bytes[i] == '\f' && last;
+      if (!ofLineEnd && !closesPage) appendByte(rtf, run.bytes[i]);
     }
+    if (rtf.size() < kChunk) return;
     out(rtf);
     rtf.clear();
-  }
+  });
   out(rtf + "}\r\n");
 }
 

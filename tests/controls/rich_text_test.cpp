@@ -194,9 +194,11 @@ TEST_F(RichText, SavesRichText) {
   box.SaveFile(folder_ / "out.rtf", RichTextBox::rtfRTF);
   EXPECT_EQ(readFile(folder_ / "out.rtf", "test"),
             "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 Courier "
-            "New;}}\r\n{\\colortbl ;\\red128\\green0\\blue0;}\r\n\\pard\\plain\\f0\r\n"
+            "New;}}\r\n{\\colortbl ;\\red128\\green0\\blue0;}\r\n"
+            "\\paperw11906\\paperh16838\\margl720\\margr720\\margt720\\margb720\r\n"
+            "\\pard\\plain\\f0\r\n"
             "\\b0\\ul0\\fs23\\cf0 \\{a\\}\\\\\\par\r\n"
-            "\\b\\ul0\\fs40\\cf1 \\'1bE\\'e9\\b0\\ul0\\fs23\\cf0 \\page }\r\n");
+            "\\b\\ul0\\fs40\\cf1 \\'1bE\\'e9\\b0\\ul0\\fs23\\cf0 }\r\n");
 }
 
 /// Any sequence of edits and formats gives the same text, lines and looks as a plain list of
