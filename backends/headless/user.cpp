@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "controls/boxes.h"
+#include "controls/rich_text.h"
 #include "util/text.h"
 
 namespace paperway::headless {
@@ -21,6 +22,14 @@ void edit(Property<std::string>& text, int key) {
     appendCharacter(longer, static_cast<char32_t>(key));
     text = longer;
   }
+}
+
+void edit(RichTextBox& box, int key) {
+  std::string typed;
+  if (key == keyBack) box.eraseBackward();
+  if (key == keyReturn) typed = "\n";
+  if (key >= ' ') appendCharacter(typed, static_cast<char32_t>(key));
+  if (!typed.empty()) box.typeText(typed);
 }
 
 }  // namespace
@@ -75,6 +84,8 @@ void User::typeCharacter(Control& control, char32_t character) {
     edit(static_cast<TextBox&>(control).Text, key);
   } else if (control.kind == ControlKind::comboBox) {
     edit(static_cast<ComboBox&>(control).Text, key);
+  } else if (control.kind == ControlKind::richText) {
+    edit(static_cast<RichTextBox&>(control), key);
   }
   control.keyUp(keyCode);
 }
@@ -83,6 +94,9 @@ void User::press(std::string_view name, int keyCode, int shift) {
   focus(name);
   Control& control = reach(name);
   control.keyDown(keyCode, shift);
+  if (control.kind == ControlKind::richText) {
+    static_cast<RichTextBox&>(control).handleKey(keyCode, shift);
+  }
   control.keyUp(keyCode, shift);
 }
 

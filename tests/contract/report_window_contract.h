@@ -1,0 +1,189 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+
+#include "facade/run_state.h"
+#include "preview/frm_report.h"
+#include "util/output_file.h"
+
+namespace paperway {
+
+/// What a person does at the report window, on every backend that shows forms. A Desk has
+///   folder                a TestFolder
+///   machine               the headless machine, whose boxes, dialogs and clipboard are asked
+///   platform()            that machine with the backend's own windows
+///   user(form)            a person: the acts of headless::User, done for real where it can be
+///   expectAgreement(form) fails when a widget shows anything but what its model says
+template <typename Desk>
+class ReportWindowContract : public testing::Test {
+ protected:
+  ReportWindowContract() {
+    RunState& state = runState();
+    state = RunState();
+    state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
+    state.ModRColor = state.ModRPrint = 1;
+    std::string report;
+    for (int i = 1; i <= 7; ++i) {
+      report +=
+          "\x0F"
+          "page " +
+          std::to_string(i) +
+          "\r\nsecond \x1B"
+          "Ebold\x1B"
+          "F line\r\n\x12\f";
+    }
+    state.ModPath1 = (desk.folder.path / "report.prn").string();
+    replaceFile(state.ModPath1, report, "test");
+    form = std::make_shared<FrmReport>(desk.platform());
+    form->load();
+    desk.platform().windows.show(form);
+  }
+  ~ReportWindowContract() override {
+    if (form->loaded()) desk.expectAgreement(*form);
+    form->unload();
+  }
+
+  std::string firstLine() {
+    std::string line;
+    for (const StyledRun& run : form->Rt1.styledLine(0).runs) {
+      if (!run.hidden) line += run.bytes;
+    }
+    return line;
+  }
+
+  Desk desk;
+  std::shared_ptr<FrmReport> form;
+};
+
+TYPED_TEST_SUITE_P(ReportWindowContract);
+
+TYPED_TEST_P(ReportWindowContract, ButtonsAndAccessKeysTurnPages) {
+  auto user = this->desk.user(*this->form);
+  user.click("CmdNxt");
+  EXPECT_EQ(this->firstLine(), "page 2");
+  user.alt('l');
+  EXPECT_EQ(this->firstLine(), "page 7");
+  EXPECT_FALSE(this->form->CmdNxt.Enabled);
+  this->desk.expectAgreement(*this->form);
+  user.alt('B');
+  EXPECT_EQ(this->firstLine(), "page 6");
+  user.click("CmdFst");
+  EXPECT_EQ(this->form->LbPageNo.Caption, "Page 1/7");
+}
+
+TYPED_TEST_P(ReportWindowContract, GoToBoxTakesDigitsAndEnter) {
+  auto user = this->desk.user(*this->form);
+  user.type("Text2", "x5\r");
+  EXPECT_EQ(this->form->Text2.Text, "5");
+  EXPECT_EQ(this->firstLine(), "page 5");
+  this->desk.expectAgreement(*this->form);
+  user.type("Text2", "\b9\r");
+  EXPECT_EQ(this->desk.machine.messageBox.shown.size(), 1u);
+  user.focus("Text4");
+  EXPECT_EQ(this->form->Text2.Text, "");
+}
+
+TYPED_TEST_P(ReportWindowContract, SearchMarksHits) {
+  auto user = this->desk.user(*this->form);
+  user.type("Text4", "LINE\r");
+  EXPECT_EQ(this->form->Rt1.SelText(), "line");
+  EXPECT_EQ(this->form->Rt1.SelColor, 33023);
+  EXPECT_TRUE(this->form->Rt1.SelBold);
+}
+
+TYPED_TEST_P(ReportWindowContract, EditingTakesKeysOnceItIsOn) {
+  auto user = this->desk.user(*this->form);
+  user.press("Rt1", keyHome, smCtrl);
+  user.type("Rt1", "x");
+  EXPECT_EQ(this->firstLine(), "page 1");
+  user.click("Check2");
+  EXPECT_TRUE(this->form->Op[1].Value);
+  user.press("Rt1", keyEnd);
+  user.type("Rt1", "!\r2\b");
+  EXPECT_EQ(this->firstLine(), "page 1!");
+  EXPECT_EQ(this->form->Rt1.lineCount(), 4u);
+  this->desk.expectAgreement(*this->form);
+  user.press("Rt1", 'Z', smCtrl);
+  user.press("Rt1", 'A', smCtrl);
+  EXPECT_EQ(this->form->Rt1.SelLength, static_cast<std::int64_t>(this->form->Rt1.buffer().size()));
+  user.click("CmdFst");
+  EXPECT_EQ(this->firstLine().substr(0, 6), "\x0Fpage ") << "styles are off while editing";
+}
+
+TYPED_TEST_P(ReportWindowContract, TheMenuCopiesAndHighlights) {
+  auto user = this->desk.user(*this->form);
+  user.press("Rt1", keyHome, smCtrl);
+  user.press("Rt1", keyEnd, smShift);
+  user.click("Rt1", mbRight);
+  user.chooseFromMenu("cccc");
+  EXPECT_EQ(this->desk.machine.clipboard.content, "page 1");
+  user.click("Rt1", mbRight);
+  user.chooseFromMenu("ht");
+  EXPECT_EQ(this->form->Rt1.formats().at(1).color, 255u);
+}
+
+TYPED_TEST_P(ReportWindowContract, ZoomAndContinuousView) {
+  auto user = this->desk.user(*this->form);
+  user.click("Command2");
+  EXPECT_EQ(this->form->Command2.Caption, "Zoom Out");
+  this->desk.expectAgreement(*this->form);
+  user.click("Rt1", mbLeft, smCtrl);
+  EXPECT_EQ(this->form->Command2.Caption, "Zoom");
+  user.click("Check3");
+  EXPECT_EQ(this->form->Rt1.lineCount(), 15u);
+  this->desk.expectAgreement(*this->form);
+  user.click("Check3");
+  EXPECT_EQ(this->form->Rt1.lineCount(), 3u);
+}
+
+TYPED_TEST_P(ReportWindowContract, TheSettingPanelKeepsColors) {
+  auto user = this->desk.user(*this->form);
+  user.click("Label4");
+  this->desk.machine.dialogs.colors = {4711};
+  user.doubleClick("TXt(1)");
+  EXPECT_EQ(this->form->Lb[1].ForeColor, 4711u);
+  user.choose("Combo1", "8");
+  EXPECT_EQ(this->form->Combo1.ListIndex, 3);
+  user.click("ChHighlighte");
+  this->desk.expectAgreement(*this->form);
+  EXPECT_TRUE(this->form->settings().flag(ReportViewKey::ChHighlighte));
+  user.click("Command3");
+  EXPECT_FALSE(this->form->Frame6.Visible);
+}
+
+TYPED_TEST_P(ReportWindowContract, ControlsOfThePrintPanelActOnTheirModels) {
+  auto user = this->desk.user(*this->form);
+  this->form->Frame1.Visible = true;
+  user.click("Op(2)");
+  EXPECT_FALSE(this->form->Op[0].Value);
+  user.scroll("VScroll1", 90);
+  EXPECT_EQ(this->form->VScroll1.Value, 90);
+  user.type("ComPaperHeight", "\b11");
+  EXPECT_EQ(this->form->ComPaperHeight.Text, "11");
+  this->form->Ch12.Enabled = false;
+  this->desk.expectAgreement(*this->form);
+}
+
+TYPED_TEST_P(ReportWindowContract, TheCaptionFollowsTheCaret) {
+  auto user = this->desk.user(*this->form);
+  user.press("Rt1", keyHome, smCtrl);
+  user.press("Rt1", keyDown);
+  user.tick("Timer1");
+  EXPECT_EQ(this->form->Caption.substr(0, 36), " Report View   [ Col : 0 Line : 2 ] ");
+}
+
+TYPED_TEST_P(ReportWindowContract, ExitClosesTheWindow) {
+  this->desk.user(*this->form).click("JeExit");
+  EXPECT_FALSE(this->form->loaded());
+  EXPECT_FALSE(runState().ModWindowOpen);
+}
+
+REGISTER_TYPED_TEST_SUITE_P(ReportWindowContract, ButtonsAndAccessKeysTurnPages,
+                            GoToBoxTakesDigitsAndEnter, SearchMarksHits, EditingTakesKeysOnceItIsOn,
+                            TheMenuCopiesAndHighlights, ZoomAndContinuousView,
+                            TheSettingPanelKeepsColors, ControlsOfThePrintPanelActOnTheirModels,
+                            TheCaptionFollowsTheCaret, ExitClosesTheWindow);
+
+}  // namespace paperway
