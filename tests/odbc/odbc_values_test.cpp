@@ -158,7 +158,7 @@ TEST(OdbcValues, OfPostgresKeepWhatTheyAre) {
                             {"SELECT '{\"a\": 1}'::json", "t {\"a\": 1}"},
                             {"SELECT 'ab'::char(4)", "t ab  "},
                             {"SELECT '1 day'::interval", "t 1 day"},
-                            {"SELECT '0100-01-01'::date", "d 1/1/100"},
+                            {"SELECT '0100-01-01'::date", "d 1/1/0100"},
                             {"SELECT repeat('x', 2000)::varchar", "t " + std::string(2000, 'x')}});
   expectValues(postgres("BoolsAsChar=0"), {{"SELECT true", "i 1"}});
 }
