@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "error_text.h"
+#include "support/error_of.h"
 
 namespace paperway {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <utility>
 
-#include "error_text.h"
+#include "support/error_of.h"
 
 namespace paperway {
 namespace {

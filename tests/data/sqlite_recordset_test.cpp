@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include "error_text.h"
+#include "support/error_of.h"
 
 namespace paperway {
 namespace {

@@ -12,7 +12,7 @@
 #include "../support/test_folder.h"
 #include "backends/data/odbc/odbc_recordset.h"
 #include "backends/data/sqlite/sqlite_recordset.h"
-#include "util/automation_error.h"
+#include "support/error_of.h"
 
 namespace paperway {
 
@@ -125,16 +125,5 @@ inline const Way kWays[] = {
        return openAs(connection.replace(connection.find("Unicode"), 7, "ANSI"), s);
      }},
 };
-
-/// What an action fails with; "no error" when it does not.
-template <class Action>
-std::string errorOf(Action action) {
-  try {
-    action();
-  } catch (const AutomationError& error) {
-    return error.description();
-  }
-  return "no error";
-}
 
 }  // namespace paperway

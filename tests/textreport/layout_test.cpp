@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "util/automation_error.h"
+#include "support/error_of.h"
 
 namespace paperway {
 namespace {
@@ -42,18 +42,10 @@ TEST(Layout, PrintLineStartsTheSecondTextAtItsPlace) {
 }
 
 TEST(Layout, ArgumentsOutsideTheirLimitsAreNamed) {
-  const auto reasonOf = [](auto call) -> std::string {
-    try {
-      call();
-    } catch (const AutomationError& error) {
-      return error.description();
-    }
-    return "no error";
-  };
-  EXPECT_NE(reasonOf([] { TxtL("a", -1); }).find("sp1"), std::string::npos);
-  EXPECT_NE(reasonOf([] { TxtR("a", -1); }).find("sp1"), std::string::npos);
-  EXPECT_NE(reasonOf([] { StrCenter("long", 3); }).find("strTxt"), std::string::npos);
-  EXPECT_NE(reasonOf([] { Print_line(1, "ab", "c"); }).find("Start_pos"), std::string::npos);
+  EXPECT_NE(errorOf([] { TxtL("a", -1); }).find("sp1"), std::string::npos);
+  EXPECT_NE(errorOf([] { TxtR("a", -1); }).find("sp1"), std::string::npos);
+  EXPECT_NE(errorOf([] { StrCenter("long", 3); }).find("strTxt"), std::string::npos);
+  EXPECT_NE(errorOf([] { Print_line(1, "ab", "c"); }).find("Start_pos"), std::string::npos);
 }
 
 }  // namespace

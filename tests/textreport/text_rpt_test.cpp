@@ -201,8 +201,7 @@ TEST_F(TextReport, TitlesAndPageNumberShareTheHead) {
     columns[0].Sz = 9;
     const std::string text =
         readable(report(columns, {.Rs = rows, .Tital3 = "Sub", .Tital5 = c.title5, .MPLine = 60}));
-    EXPECT_NE(text.find(std::string("<Bon>Sub<Boff>\n") + c.pageLine), std::string::npos)
-        << text;
+    EXPECT_NE(text.find(std::string("<Bon>Sub<Boff>\n") + c.pageLine), std::string::npos) << text;
   }
 }
 
