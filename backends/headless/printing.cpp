@@ -5,10 +5,12 @@
 namespace paperway::headless {
 namespace {
 
+constexpr const char* kRawAlone = "It takes raw text alone";
+
 class RecordedJob : public PrintJob {
  public:
-  RecordedJob(Spooler& spooler, std::string printer) : spooler_(spooler) {
-    job_->printer = std::move(printer);
+  RecordedJob(Spooler& spooler, const PrinterInfo& printer) : spooler_(spooler), raw_(printer.raw) {
+    job_->printer = printer.DeviceName;
   }
 
   ~RecordedJob() override {
@@ -16,6 +18,7 @@ class RecordedJob : public PrintJob {
   }
 
   void start(const std::string& documentName, DocumentFormat format) override {
+    if (raw_ && format != DocumentFormat::raw) throw SpoolError(job_->printer, kRawAlone);
     job_->documentName = documentName;
     job_->format = format;
     spooler_.jobs.push_back(job_);
@@ -39,6 +42,7 @@ class RecordedJob : public PrintJob {
   }
 
   Spooler& spooler_;
+  const bool raw_;
   std::shared_ptr<Spooler::Job> job_ = std::make_shared<Spooler::Job>();
 };
 
@@ -90,15 +94,15 @@ std::string Printers::sendCommand(const std::string& printer, const std::filesys
 
 std::unique_ptr<PrintJob> Spooler::open(const std::string& printer) {
   if (!answers) throw SpoolError(printer, "No print service answers");
-  if (printers_.find(printer) == nullptr) return nullptr;
-  return std::make_unique<RecordedJob>(*this, printer);
+  const PrinterInfo* const found = printers_.find(printer);
+  return found == nullptr ? nullptr : std::make_unique<RecordedJob>(*this, *found);
 }
 
 std::unique_ptr<StyledJob> PrintDevice::start(const StyledDocument& document) {
   if (document.file.empty()) {
     const PrinterInfo* const printer = printers_.find(document.printer);
     if (printer == nullptr) throw SpoolError(document.printer, "There is no such printer");
-    if (printer->raw) throw SpoolError(document.printer, "It takes raw text alone");
+    if (printer->raw) throw SpoolError(document.printer, kRawAlone);
   }
   documents.push_back(std::make_shared<Drawn>());
   documents.back()->document = document;

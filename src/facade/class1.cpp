@@ -7,9 +7,12 @@
 #include "facade/settings_store.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
+#include "platform/printers.h"
 #include "platform/system_tools.h"
 #include "platform/windows.h"
 #include "preview/frm_report.h"
+#include "printing/print_file.h"
+#include "printing/set_orientation.h"
 #include "textreport/layout.h"
 #include "util/automation_error.h"
 #include "util/colors.h"
@@ -77,7 +80,7 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModPrinterName = PrinterName;
   state.ModCc17 = arguments.cc17;
   state.ModCc12 = arguments.cc12;
-  if (arguments.DirectPrint == 1) return;
+  if (arguments.DirectPrint == 1) return printDirectly(arguments);
   state.ModRCont = arguments.RCont;
   state.ModREdit = arguments.REdit;
   state.ModRSearch = arguments.RSearch;
@@ -91,8 +94,27 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   platform_.windows.show(form);
 }
 
+void Class1::printDirectly(PreviewReportArguments& arguments) {
+  RunState& state = runState();
+  arguments.Tear = arguments.Tear == 1 ? 1 : 0;
+  if (state.ModPrinterName.empty()) state.ModPrinterName = platform_.printers.current();
+  PrintFileArguments print{.fileName = arguments.Path1,
+                           .printerName = state.ModPrinterName,
+                           .paperHeight = state.ModPagelenth,
+                           .draft = true,
+                           .cond = arguments.cc17,
+                           .semiCond = arguments.cc12,
+                           .copies = 1,
+                           .tear = arguments.Tear};
+  PrintFile(print, platform_);
+}
+
 bool Class1::RtWindows1() const {
   return runState().ModWindowOpen;
+}
+
+void Class1::Set_Orientation(std::string_view PL, std::int16_t Page_Sz) {
+  paperway::Set_Orientation(PL, Page_Sz, platform_);
 }
 
 std::string Class1::ReadIniValue(const std::string& INIpath, std::string_view KEY,

@@ -81,6 +81,12 @@ class Class1 {
   /// True while a report window is open.
   bool RtWindows1() const;
 
+  // Printer set-up
+
+  /// Makes the current printer print in landscape ("L") or portrait (anything else), on the paper
+  /// of a published number, or on its own paper (0). The user's later prints go out so too.
+  void Set_Orientation(std::string_view PL, std::int16_t Page_Sz);
+
   // Settings
 
   /// The value of a key in a settings file, or the default. See facade/settings_store.h.
@@ -127,6 +133,8 @@ class Class1 {
   std::string Allow_Only_azAZ_01(std::string_view STr1);
 
  private:
+  void printDirectly(PreviewReportArguments& arguments);
+
   FileSystem& files();
 
   Platform platform_;

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <random>
 #include <system_error>
+#include <vector>
 
 #include "util/automation_error.h"
 
@@ -119,20 +120,27 @@ void makeSureOfFile(const std::filesystem::path& path, const std::string& source
   std::fclose(file);
 }
 
-std::string readFile(const std::filesystem::path& path, const std::string& source) {
+void readBlocks(const std::filesystem::path& path, const std::string& source,
+                const std::function<void(std::string_view)>& take) {
   std::error_code status;
   if (std::filesystem::is_directory(path, status)) raiseFileError("read", path, EISDIR, source);
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
                                                              std::fclose);
   if (!file) raiseFileError("read", path, errno, source);
-  std::string bytes;
-  const auto size = std::filesystem::file_size(path, status);
-  if (!status) bytes.reserve(size);
-  char buffer[64 * 1024];
-  for (std::size_t n; (n = std::fread(buffer, 1, sizeof buffer, file.get())) > 0;) {
-    bytes.append(buffer, n);
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  std::vector<char> buffer(256 * 1024);
+  while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
+    take({buffer.data(), n});
   }
   if (std::ferror(file.get()) != 0) raiseFileError("read", path, errno, source);
+}
+
+std::string readFile(const std::filesystem::path& path, const std::string& source) {
+  std::string bytes;
+  std::error_code status;
+  const auto size = std::filesystem::file_size(path, status);
+  if (!status) bytes.reserve(size);
+  readBlocks(path, source, [&](std::string_view block) { bytes += block; });
   return bytes;
 }
 

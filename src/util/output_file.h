@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -51,5 +52,9 @@ void makeSureOfFile(const std::filesystem::path& path, const std::string& source
 
 /// The whole of a file's bytes; an AutomationError that names the file and the reason otherwise.
 std::string readFile(const std::filesystem::path& path, const std::string& source);
+
+/// The same, block by block, in memory that does not grow with the file.
+void readBlocks(const std::filesystem::path& path, const std::string& source,
+                const std::function<void(std::string_view)>& take);
 
 }  // namespace paperway

@@ -1,0 +1,53 @@
+#include "printing/local_dos.h"
+
+#include "platform/folders.h"
+#include "platform/printers.h"
+#include "platform/shell.h"
+#include "util/automation_error.h"
+#include "util/output_file.h"
+#include "util/shell_quote.h"
+
+namespace paperway {
+namespace {
+
+namespace fs = std::filesystem;
+
+void copyReport(const std::string& report, const fs::path& copy) {
+  OutputFile out(copy, "PrintReport");
+  readBlocks(report, "PrintReport", [&](std::string_view block) { out.write(block); });
+  out.commit();
+}
+
+std::string sendCommand(const fs::path& copy, Printers& printers, const fs::path& device) {
+  std::error_code ignored;
+  if (fs::exists(device, ignored)) {
+    return "cat " + shellQuoted(copy.string()) + " > " + shellQuoted(device.string());
+  }
+  const std::string command = printers.sendCommand(printers.current(), copy);
+  if (!command.empty()) return command;
+  throw AutomationError(AutomationError::kPathNotFound, "PrintReport",
+                        "There is no printer for \"Local Dos\": neither the device " +
+                            device.string() + " nor a current printer.");
+}
+
+void makeScript(const fs::path& script, const std::string& command) {
+  replaceFile(script,
+              "#!/bin/sh\n"
+              "# Sends a report to the printer. Made once; change it as you like.\n" +
+                  command + "\n",
+              "PrintReport");
+  fs::permissions(script, fs::perms::owner_all);
+}
+
+}  // namespace
+
+void printLocalDos(const std::string& reportPath, const Platform& platform,
+                   const fs::path& device) {
+  const fs::path copy = platform.folders.work() / "localdos.prn";
+  const fs::path script = platform.folders.work() / "Dosprn.sh";
+  copyReport(reportPath, copy);
+  if (!fs::exists(script)) makeScript(script, sendCommand(copy, platform.printers, device));
+  platform.shell.start({"/bin/sh", script.string()});
+}
+
+}  // namespace paperway

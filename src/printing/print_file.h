@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/platform.h"
+
+namespace paperway {
+
+struct PrintFileArguments {
+  std::string fileName{};     // native path
+  std::string printerName{};  // DeviceName; empty: the current printer
+  std::int16_t paperHeight = 0;
+  bool draft = true;
+  std::uint8_t cond = 0;      // 1: condensed
+  std::uint8_t semiCond = 0;  // 1: 12 characters to the inch
+  std::uint8_t copies = 1;
+  std::uint8_t tear = 0;      // 1: the stored tear lines take the place of the two below
+  std::uint8_t linesIn = 0;   // written back
+  std::uint8_t linesOut = 0;  // written back
+};
+
+/// Sends a report file to a printer as one raw document. What goes wrong is told in a message; true
+/// when the printer took the whole job.
+bool PrintFile(PrintFileArguments& arguments, const Platform& platform);
+
+}  // namespace paperway

@@ -1,0 +1,87 @@
+#include "printing/print_stream.h"
+
+#include "util/control_strings.h"
+#include "util/output_file.h"
+
+namespace paperway {
+namespace {
+
+using std::string_view_literals::operator""sv;
+
+constexpr std::string_view kTenPerInch = "\x1BP";
+constexpr std::string_view kDraft = "\x1Bx\0"sv;
+constexpr std::string_view kFeeder =
+    "\x1B\x19"
+    "C";
+constexpr std::string_view kReverseFeed = "\x1Bj\x48";  // 72/216 inch
+
+std::string pageLength(std::int16_t inches) {
+  return std::string(
+             "\x1B"
+             "C\0"sv) +
+         static_cast<char>(inches & 0xFF);
+}
+
+}  // namespace
+
+std::string printerSetup(const PrintStreamSettings& settings) {
+  const DOSEFONTcHR font;
+  std::string out(kTenPerInch);
+  if (settings.draft) out += kDraft;
+  if (settings.semiCondensed) out += font.C96;
+  if (settings.condensed) out += font.Con;
+  out += pageLength(settings.paperHeight);
+  out += kFeeder;
+  for (int line = 0; line < settings.linesIn; ++line) out += kReverseFeed;
+  out += pageLength(settings.paperHeight);
+  return out;
+}
+
+void PrinterLines::block(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const std::size_t length = bytes.find('\n');
+    part(bytes.substr(0, length));
+    if (length == std::string_view::npos) break;
+    endLine();
+    bytes.remove_prefix(length + 1);
+  }
+  sink_(out_);
+  out_.clear();
+}
+
+void PrinterLines::part(std::string_view bytes) {
+  if (bytes.empty()) return;
+  if (heldReturn_) out_ += '\r';
+  heldReturn_ = bytes.back() == '\r';
+  if (heldReturn_) bytes.remove_suffix(1);
+  begun_ = true;
+  formFeed_ = formFeed_ || bytes.find(kFormFeed) != std::string_view::npos;
+  out_ += bytes;
+}
+
+void PrinterLines::endLine() {
+  if (!formFeed_) out_ += "\r\n";
+  begun_ = formFeed_ = heldReturn_ = false;
+}
+
+void PrinterLines::end() {
+  if (!begun_) return;
+  if (heldReturn_) out_ += '\r';
+  endLine();
+  sink_(out_);
+  out_.clear();
+}
+
+void writePrintStream(const std::filesystem::path& file, const PrintStreamSettings& settings,
+                      const ByteSink& sink) {
+  sink(printerSetup(settings));
+  PrinterLines lines(sink);
+  for (int copy = 0; copy < settings.copies; ++copy) {
+    readBlocks(file, "PrintFile", [&](std::string_view block) { lines.block(block); });
+    lines.end();
+  }
+  const std::string feed = std::string(40, ' ') + "\r\n";
+  for (int line = 0; line < settings.linesOut; ++line) sink(feed);
+}
+
+}  // namespace paperway

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/platform.h"
+
+namespace paperway {
+
+/// Makes the current printer print in landscape for `PL` "L", in portrait for anything else, on the
+/// paper of the published number `Page_Sz` (0: its paper as it is), one side to a sheet. The user's
+/// later prints go out so too. A printer that refuses keeps what it had; one that keeps no settings
+/// is told in a message.
+void Set_Orientation(std::string_view PL, std::int16_t Page_Sz, const Platform& platform);
+
+}  // namespace paperway
