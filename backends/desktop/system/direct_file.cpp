@@ -1,0 +1,89 @@
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <optional>
+#include <poll.h>
+#include <unistd.h>
+
+#include "backends/desktop/system/direct_job.h"
+#include "util/output_file.h"
+
+namespace paperway::desktop {
+namespace {
+
+class DeviceJob : public DirectJob {
+ public:
+  DeviceJob(DirectJobPrinter printer, std::string path)
+      : DirectJob(std::move(printer)), path_(std::move(path)) {}
+
+ protected:
+  void connect() override {
+    fd_ = open(path_.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (fd_ < 0) fail(path_ + ": " + systemReason(errno));
+  }
+  ssize_t writeSome(std::string_view bytes) override { return writeQuietly(fd_, bytes); }
+
+  // A printer on the USB drops at the close what it is still taking; it is ready for more when it
+  // has taken it.
+  void finish() override {
+    if (written_ > 0) wait(POLLOUT, deadline());
+    const int fd = fd_;
+    fd_ = -1;
+    if (close(fd) != 0) fail(systemReason(errno));
+  }
+
+ private:
+  const std::string path_;
+};
+
+class FileJob : public PrintJob {
+ public:
+  FileJob(DirectJobPrinter printer, std::string path)
+      : printer_(std::move(printer)), path_(std::move(path)) {}
+
+  void start(const std::string& /*documentName*/, DocumentFormat format) override {
+    if (format != DocumentFormat::raw) throw SpoolError(printer_.name, kRawAlone);
+    guarded([&] { file_.emplace(path_, "Spooler"); });
+  }
+  void write(std::string_view bytes) override {
+    guarded([&] { file_->write(bytes); });
+    accepted_ += bytes.size();
+  }
+  void end() override {
+    if (accepted_ == 0) return;
+    guarded([&] { file_->commit(); });
+  }
+
+ private:
+  template <typename Action>
+  void guarded(const Action& action) const {
+    try {
+      action();
+    } catch (const AutomationError& error) {
+      std::string reason = error.description();
+      if (reason.ends_with('.')) reason.pop_back();
+      throw SpoolError(printer_.name, reason, accepted_);
+    }
+  }
+
+  const DirectJobPrinter printer_;
+  const std::string path_;
+  std::optional<OutputFile> file_;
+  std::uint64_t accepted_ = 0;
+};
+
+bool isDevice(const std::string& path) {
+  std::error_code ignored;
+  const auto status = std::filesystem::status(path, ignored);
+  return path.starts_with("/dev/") ||
+         (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status));
+}
+
+}  // namespace
+
+std::unique_ptr<PrintJob> fileJob(DirectJobPrinter printer, const DirectTarget& target) {
+  if (isDevice(target.place)) return std::make_unique<DeviceJob>(std::move(printer), target.place);
+  return std::make_unique<FileJob>(std::move(printer), target.place);
+}
+
+}  // namespace paperway::desktop

@@ -1,0 +1,188 @@
+#include "backends/desktop/system/direct_printers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <sstream>
+
+#include "backends/desktop/system/user_directories.h"
+#include "util/automation_error.h"
+#include "util/output_file.h"
+#include "util/shell_quote.h"
+
+namespace paperway::desktop {
+namespace {
+
+constexpr std::string_view kSocket = "socket://";
+constexpr std::string_view kFile = "file://";
+
+[[noreturn]] void refuse(const std::string& what) {
+  throw AutomationError(AutomationError::kInvalidCall, "Printers", what);
+}
+
+DirectTarget parseSocket(const std::string& target) {
+  DirectTarget parsed{DirectTarget::Kind::socket, target.substr(kSocket.size()), "9100"};
+  while (parsed.place.ends_with('/')) parsed.place.pop_back();
+  const std::size_t colon = parsed.place.rfind(':');
+  if (colon != std::string::npos && parsed.place.find(']', colon) == std::string::npos) {
+    parsed.port = parsed.place.substr(colon + 1);
+    parsed.place.resize(colon);
+  }
+  if (parsed.place.starts_with('[') && parsed.place.ends_with(']')) {
+    parsed.place = parsed.place.substr(1, parsed.place.size() - 2);
+  }
+  const bool isNumber =
+      !parsed.port.empty() && parsed.port.find_first_not_of("0123456789") == std::string::npos;
+  if (parsed.place.empty() || !isNumber) {
+    refuse("\"" + target + "\" names no socket: it takes socket://host:port.");
+  }
+  return parsed;
+}
+
+std::optional<DirectPrinter> parseLine(const std::string& line) {
+  if (line.starts_with('#')) return std::nullopt;
+  std::istringstream fields(line);
+  DirectPrinter printer;
+  std::string seconds;
+  if (!std::getline(fields, printer.name, '\t') || !std::getline(fields, printer.target, '\t')) {
+    return std::nullopt;
+  }
+  if (std::getline(fields, seconds)) {
+    int number = 0;
+    std::from_chars(seconds.data(), seconds.data() + seconds.size(), number);
+    if (number > 0) printer.timeout = std::chrono::seconds(number);
+  }
+  return printer;
+}
+
+std::string lineOf(const DirectPrinter& printer) {
+  std::string line = printer.name + "\t" + printer.target;
+  if (printer.timeout.count() > 0) line += "\t" + std::to_string(printer.timeout.count());
+  return line;
+}
+
+auto namesPrinter(const std::string& name) {
+  return [name](const std::string& line) {
+    const auto printer = parseLine(line);
+    return printer && printer->name == name;
+  };
+}
+
+bool holdsControl(const std::string& text) {
+  return std::any_of(text.begin(), text.end(),
+                     [](char c) { return static_cast<unsigned char>(c) < ' '; });
+}
+
+}  // namespace
+
+DirectTarget parseTarget(const std::string& target) {
+  if (target.starts_with(kSocket)) return parseSocket(target);
+  if (target.starts_with(kFile) && target.size() > kFile.size() + 1 &&
+      target[kFile.size()] == '/') {
+    return {DirectTarget::Kind::file, target.substr(kFile.size()), ""};
+  }
+  if (target.starts_with('|') && target.find_first_not_of("| ") != std::string::npos) {
+    return {DirectTarget::Kind::command, target.substr(1), ""};
+  }
+  refuse("\"" + target +
+         "\" is no direct printer: it takes socket://host:port, file:///path or |command.");
+}
+
+DirectPrinterFile DirectPrinterFile::ofUser() {
+  return DirectPrinterFile(userDirectory("XDG_CONFIG_HOME", ".config") / "paperway" / "printers");
+}
+
+std::vector<std::string> DirectPrinterFile::lines() const {
+  std::error_code ignored;
+  if (!std::filesystem::exists(path_, ignored)) return {};
+  std::istringstream text(readFile(path_, "Printers"));
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  return lines;
+}
+
+void DirectPrinterFile::replace(const std::vector<std::string>& lines) const {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\n";
+  makePrivateFolder(path_.parent_path());
+  replaceFile(path_, text, "Printers");
+}
+
+std::vector<DirectPrinter> DirectPrinterFile::read() const {
+  std::vector<DirectPrinter> printers;
+  for (const std::string& line : lines()) {
+    if (auto printer = parseLine(line)) printers.push_back(std::move(*printer));
+  }
+  return printers;
+}
+
+std::optional<DirectPrinter> DirectPrinterFile::find(const std::string& name) const {
+  for (DirectPrinter& printer : read()) {
+    if (printer.name == name) return std::move(printer);
+  }
+  return std::nullopt;
+}
+
+void DirectPrinterFile::add(const DirectPrinter& printer) const {
+  parseTarget(printer.target);
+  if (printer.name.empty() || printer.name.starts_with('#') || holdsControl(printer.name) ||
+      holdsControl(printer.target)) {
+    refuse("\"" + printer.name + "\" cannot be the name of a printer.");
+  }
+  std::vector<std::string> kept = lines();
+  const auto place = std::find_if(kept.begin(), kept.end(), namesPrinter(printer.name));
+  if (place != kept.end()) {
+    *place = lineOf(printer);
+  } else {
+    kept.push_back(lineOf(printer));
+  }
+  replace(kept);
+}
+
+bool DirectPrinterFile::remove(const std::string& name) const {
+  std::vector<std::string> kept = lines();
+  if (std::erase_if(kept, namesPrinter(name)) == 0) return false;
+  replace(kept);
+  return true;
+}
+
+std::vector<PrinterInfo> DirectPrinters::list() {
+  std::vector<PrinterInfo> infos;
+  for (const DirectPrinter& printer : file_.read()) {
+    infos.push_back({printer.name, printer.target, true});
+  }
+  return infos;
+}
+
+std::string DirectPrinters::current() {
+  if (!current_.empty()) return current_;
+  const auto printers = file_.read();
+  return printers.empty() ? "" : printers.front().name;
+}
+
+std::optional<PageSettings> DirectPrinters::settings(const std::string& /*printer*/) {
+  return std::nullopt;
+}
+
+void DirectPrinters::keep(const std::string& printer, const PageSettings& /*settings*/) {
+  refuse("The printer \"" + printer + "\" keeps no settings: it is written to directly.");
+}
+
+std::string DirectPrinters::sendCommand(const std::string& printer,
+                                        const std::filesystem::path& file) {
+  const auto found = file_.find(printer);
+  if (!found) return "";
+  const DirectTarget target = parseTarget(found->target);
+  const std::string cat = "cat " + shellQuoted(file.string());
+  switch (target.kind) {
+    case DirectTarget::Kind::socket:
+      return "bash -c " +
+             shellQuoted(cat + " > " + shellQuoted("/dev/tcp/" + target.place + "/" + target.port));
+    case DirectTarget::Kind::file:
+      return cat + " > " + shellQuoted(target.place);
+    case DirectTarget::Kind::command:
+      return cat + " | (" + target.place + ")";
+  }
+  return "";
+}
+
+}  // namespace paperway::desktop

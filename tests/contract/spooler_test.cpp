@@ -1,0 +1,70 @@
+#include "backends/desktop/system/direct_spooler.h"
+#include "backends/headless/printing.h"
+#include "contract/spooler_contract.h"
+#include "support/job_listener.h"
+#include "support/test_folder.h"
+#include "util/output_file.h"
+
+namespace paperway {
+namespace {
+
+class HeadlessDesk {
+ public:
+  HeadlessDesk() { printers_.infos = {{"P", "", true}}; }
+  Spooler& spooler() { return spooler_; }
+  std::string take() {
+    while (spooler_.jobs.at(next_)->state != headless::Spooler::Job::State::ended) ++next_;
+    return spooler_.jobs.at(next_++)->bytes;
+  }
+
+ private:
+  headless::Printers printers_;
+  headless::Spooler spooler_{printers_};
+  std::size_t next_ = 0;
+};
+
+class DirectDesk {
+ public:
+  explicit DirectDesk(const std::string& target) { file_.add({"P", target}); }
+  Spooler& spooler() { return spooler_; }
+
+ private:
+  TestFolder config_;
+  desktop::DirectPrinterFile file_{config_.path / "printers"};
+  desktop::DirectSpooler spooler_{file_};
+};
+
+class SocketDesk : public DirectDesk {
+ public:
+  explicit SocketDesk(std::shared_ptr<JobListener> listener = std::make_shared<JobListener>())
+      : DirectDesk("socket://" + listener->address()), listener_(std::move(listener)) {}
+  auto take() { return listener_->take(); }
+
+ private:
+  std::shared_ptr<JobListener> listener_;
+};
+
+class FolderDesk : public DirectDesk {
+ public:
+  explicit FolderDesk(const std::string& before, const std::string& after = "",
+                      std::shared_ptr<TestFolder> folder = std::make_shared<TestFolder>())
+      : DirectDesk(before + folder->path.string() + after), folder_(std::move(folder)) {}
+  std::string take() { return readFile(folder_->path / "out", "test"); }
+
+ private:
+  std::shared_ptr<TestFolder> folder_;
+};
+
+struct FileDesk : FolderDesk {
+  FileDesk() : FolderDesk("file://", "/out") {}
+};
+
+struct CommandDesk : FolderDesk {
+  CommandDesk() : FolderDesk("|cd ", " && cat > part && mv part out") {}
+};
+
+using Desks = testing::Types<HeadlessDesk, SocketDesk, FileDesk, CommandDesk>;
+INSTANTIATE_TYPED_TEST_SUITE_P(Direct, SpoolerContract, Desks);
+
+}  // namespace
+}  // namespace paperway

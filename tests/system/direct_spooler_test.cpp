@@ -1,0 +1,132 @@
+#include "backends/desktop/system/direct_spooler.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "support/job_listener.h"
+#include "support/test_folder.h"
+#include "util/output_file.h"
+
+namespace paperway::desktop {
+namespace {
+
+class Direct : public testing::Test {
+ protected:
+  /// The failure of a job of `megabytes` on a printer with that target.
+  SpoolError failureOf(const std::string& target, int megabytes) {
+    file_.add({"P", target});
+    try {
+      const auto job = quick_.open("P");
+      job->start("report", DocumentFormat::raw);
+      for (int i = 0; i < megabytes; ++i) job->write(std::string(1 << 20, 'x'));
+      job->end();
+    } catch (const SpoolError& error) {
+      return error;
+    }
+    return {"P", "nothing failed"};
+  }
+
+  TestFolder folder_;
+  DirectPrinterFile file_{folder_.path / "config" / "printers"};
+  DirectSpooler quick_{file_, std::chrono::milliseconds(300)};
+};
+
+constexpr std::uint64_t kMegabyte = 1 << 20;
+
+TEST_F(Direct, PrinterThatFailsSaysWhyAndHowFarTheJobCame) {
+  JobListener hangsUp(JobListener::Manner::hangsUpAfterMegabyte);
+  JobListener neverReads(JobListener::Manner::neverReads);
+  const std::string fifo = folder_.path / "fifo";
+  ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+
+  const struct {
+    std::string target;
+    std::string reason;
+    std::uint64_t least, most;
+  } cases[] = {
+      {"socket://127.0.0.1:1", "127.0.0.1 port 1: Connection refused", 0, 0},
+      {"socket://no.such.host.invalid", "Cannot find \"no.such.host.invalid\": ", 0, 0},
+      {"socket://" + hangsUp.address(), "It closed the connection", 1, 40 * kMegabyte},
+      {"socket://" + neverReads.address(), "It took nothing for 0.3 seconds", 1, 40 * kMegabyte},
+      {"file:///dev/full", "No space left on device", 0, 0},
+      {"file:///dev/no/such/printer", "/dev/no/such/printer: No such file or directory", 0, 0},
+      {"file://" + fifo, fifo + ": No such device or address", 0, 0},
+      {"file://" + fifo + "/file", "Cannot write \"" + fifo + "/file\": Not a directory", 0, 0},
+      {"|exit 3", "Its command ended with status 3", 0, kMegabyte},
+      {"|kill -9 $$", "Its command was ended by signal 9", 0, kMegabyte},
+      {"|head -c 1048576", "Its command stopped reading", kMegabyte, 2 * kMegabyte},
+      {"|sleep 1000", "It took nothing for 0.3 seconds", 1, kMegabyte},
+      {"|cat; sleep 1000", "It took nothing for 0.3 seconds", 50 * kMegabyte, 50 * kMegabyte},
+      {"|cat; exit 7", "Its command ended with status 7", 50 * kMegabyte, 50 * kMegabyte},
+  };
+  for (const auto& row : cases) {
+    const SpoolError error = failureOf(row.target, 50);
+    EXPECT_EQ(error.reason().substr(0, row.reason.size()), row.reason) << row.target;
+    EXPECT_GE(error.accepted(), row.least) << row.target;
+    EXPECT_LE(error.accepted(), row.most) << row.target;
+  }
+}
+
+TEST_F(Direct, FileOfABrokenJobIsLeftAsItWas) {
+  const std::string path = folder_.path / "out";
+  replaceFile(path, "the day before", "test");
+  file_.add({"P", "file://" + path});
+  {
+    const auto job = DirectSpooler(file_).open("P");
+    job->start("report", DocumentFormat::raw);
+    job->write("half");
+  }
+  EXPECT_EQ(readFile(path, "test"), "the day before");
+}
+
+TEST_F(Direct, PrintersAreKeptInAFileThatPeopleCanEdit) {
+  std::filesystem::create_directories(file_.path().parent_path());
+  replaceFile(file_.path(), "# ours\n\nno target\nOld\tfile:///tmp/x\n", "test");
+  file_.add({"Wide one", "socket://[::1]:9101", std::chrono::seconds(90)});
+  file_.add({"Old", "|lpr"});
+  EXPECT_EQ(readFile(file_.path(), "test"),
+            "# ours\n\nno target\nOld\t|lpr\nWide one\tsocket://[::1]:9101\t90\n");
+  EXPECT_EQ(file_.find("Wide one")->timeout, std::chrono::seconds(90));
+  EXPECT_TRUE(file_.remove("Old"));
+  EXPECT_FALSE(file_.remove("Old"));
+
+  DirectPrinters printers(file_);
+  ASSERT_EQ(printers.list().size(), 1U);
+  EXPECT_TRUE(printers.list()[0].raw);
+  EXPECT_EQ(printers.current(), "Wide one");
+  EXPECT_FALSE(printers.settings("Wide one"));
+}
+
+TEST_F(Direct, TargetsAreCheckedBeforeTheyAreKept) {
+  const struct {
+    const char* target;
+    const char* place;  // nothing: refused
+    const char* port;
+  } cases[] = {
+      {"socket://printer", "printer", "9100"},
+      {"socket://10.0.0.7:515/", "10.0.0.7", "515"},
+      {"socket://[fe80::1]", "fe80::1", "9100"},
+      {"socket://[::1]:91", "::1", "91"},
+      {"file:///dev/usb/lp0", "/dev/usb/lp0", ""},
+      {"|cat > '/tmp/a b'", "cat > '/tmp/a b'", ""},
+      {"socket://", nullptr, ""},
+      {"socket://host:port", nullptr, ""},
+      {"file://relative", nullptr, ""},
+      {"| ", nullptr, ""},
+      {"lpt1", nullptr, ""},
+  };
+  for (const auto& row : cases) {
+    if (row.place == nullptr) {
+      EXPECT_THROW(parseTarget(row.target), AutomationError) << row.target;
+      continue;
+    }
+    EXPECT_EQ(parseTarget(row.target).place, row.place);
+    EXPECT_EQ(parseTarget(row.target).port, row.port);
+  }
+  for (const char* name : {"", "#1", "a\tb", "a\nb"}) {
+    EXPECT_THROW(file_.add({name, "|cat"}), AutomationError) << name;
+  }
+}
+
+}  // namespace
+}  // namespace paperway::desktop
