@@ -1,0 +1,50 @@
+#pragma once
+
+#include <chrono>
+#include <cups/cups.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace paperway::desktop {
+
+/// How long the print service may stand still.
+inline constexpr std::chrono::milliseconds kPrintServiceTimeout{30'000};
+
+struct CloseConnection {
+  void operator()(http_t* connection) const { httpClose(connection); }
+};
+using CupsConnection = std::unique_ptr<http_t, CloseConnection>;
+
+/// To the server that CUPS is set up for ($CUPS_SERVER). Nothing when it does not answer.
+CupsConnection connectToCups(std::chrono::milliseconds timeout);
+
+/// Why the last call failed.
+std::string cupsReason();
+
+/// The queues of the server, with the user's options for each.
+class CupsQueues {
+ public:
+  explicit CupsQueues(http_t* connection);
+  ~CupsQueues() { cupsFreeDests(count_, queues_); }
+  CupsQueues(const CupsQueues&) = delete;
+  CupsQueues& operator=(const CupsQueues&) = delete;
+
+  /// "queue", or "queue/instance".
+  cups_dest_t* find(const std::string& name) const;
+  cups_dest_t* begin() const { return queues_; }
+  cups_dest_t* end() const { return queues_ + count_; }
+  int count() const { return count_; }
+
+ private:
+  cups_dest_t* queues_ = nullptr;
+  int count_ = 0;
+};
+
+std::string nameOf(const cups_dest_t& queue);
+/// Empty when it is not set.
+std::string optionOf(const cups_dest_t& queue, const char* option);
+/// A queue that hands every document on to its printer as it is.
+bool isRaw(const cups_dest_t& queue);
+
+}  // namespace paperway::desktop

@@ -1,0 +1,148 @@
+#include "backends/desktop/cups/cups_spooler.h"
+
+#include <memory>
+#include <stdexcept>
+
+#include "backends/desktop/cups/cups_printers.h"
+#include "contract/spooler_contract.h"
+#include "support/job_listener.h"
+#include "support/private_cups.h"
+
+namespace paperway {
+namespace {
+
+using desktop::CupsPrinters;
+using desktop::CupsSpooler;
+
+/// A server with a raw queue "P" and a queue "Drawn", the default one, to a printer of PDF.
+struct Desk {
+  Desk() {
+    cups.addRawQueue("P", raw.address());
+    cups.addPdfQueue("Drawn", drawn.address());
+    cups.administer("-d Drawn");
+  }
+
+  JobListener raw;
+  JobListener drawn;
+  PrivateCups cups;
+};
+
+std::unique_ptr<Desk> desk;
+
+class DeskForAll : public testing::Environment {
+ public:
+  void SetUp() override {
+    if (!PrivateCups::canRun()) GTEST_SKIP() << "There is no /usr/sbin/cupsd.";
+    desk = std::make_unique<Desk>();
+  }
+  void TearDown() override { desk.reset(); }
+};
+
+[[maybe_unused]] const auto* const kDeskForAll = testing::AddGlobalTestEnvironment(new DeskForAll);
+
+class CupsDesk {
+ public:
+  Spooler& spooler() { return spooler_; }
+  auto take() { return desk->raw.take(); }
+
+ private:
+  CupsSpooler spooler_;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Cups, SpoolerContract, CupsDesk);
+
+std::unique_ptr<PrintJob> started(Spooler& spooler, const std::string& printer,
+                                  DocumentFormat format = DocumentFormat::raw) {
+  auto job = spooler.open(printer);
+  if (!job) throw std::runtime_error("There is no printer " + printer);
+  job->start("report", format);
+  return job;
+}
+
+int jobsInState(ipp_jstate_t state) {
+  cups_job_t* jobs = nullptr;
+  const int count = cupsGetJobs2(CUPS_HTTP_DEFAULT, &jobs, nullptr, 0, CUPS_WHICHJOBS_ALL);
+  int found = 0;
+  for (int i = 0; i < count; ++i) found += jobs[i].state == state ? 1 : 0;
+  cupsFreeJobs(count, jobs);
+  return found;
+}
+
+TEST(CupsSpooler, FiftyMegabytesAreOneJob) {
+  CupsSpooler spooler;
+  const auto job = started(spooler, "P");
+  const std::string piece = bytesOfAllCodes(1 << 20);
+  std::string all;
+  for (int i = 0; i < 50; ++i) {
+    job->write(piece);
+    all += piece;
+  }
+  job->end();
+  EXPECT_TRUE(desk->raw.take() == all);
+}
+
+TEST(CupsSpooler, RawDocumentGoesThroughADriversQueueAsItIs) {
+  CupsSpooler spooler;
+  const auto job = started(spooler, "Drawn");
+  job->write("\x1BPtext\f");
+  job->end();
+  EXPECT_EQ(desk->drawn.take(), "\x1BPtext\f");
+}
+
+TEST(CupsSpooler, CancelledJobIsCancelledAtTheQueue) {
+  CupsSpooler spooler;
+  const int before = jobsInState(IPP_JSTATE_CANCELED);
+  started(spooler, "P")->write("half");
+  EXPECT_EQ(jobsInState(IPP_JSTATE_CANCELED), before + 1);
+  EXPECT_EQ(jobsInState(IPP_JSTATE_PENDING) + jobsInState(IPP_JSTATE_PROCESSING), 0);
+}
+
+TEST(CupsSpooler, SaysWhyAJobIsRefused) {
+  CupsSpooler spooler(std::chrono::milliseconds(2000));
+  desk->cups.administer("-p Shut -v socket://127.0.0.1:1 2>/dev/null");
+  const auto job = started(spooler, "Shut");
+  EXPECT_THROW(job->write("text"), SpoolError);
+
+  cupsSetServer(("127.0.0.1:" + std::to_string(freePort())).c_str());
+  EXPECT_THROW(spooler.open("P"), SpoolError);
+  EXPECT_TRUE(CupsPrinters().list().empty());
+  EXPECT_EQ(CupsPrinters().current(), "");
+  cupsSetServer(desk->cups.server().c_str());
+}
+
+TEST(CupsPrinters, AreTheQueuesWithTheirKindAndTheDefaultFirst) {
+  CupsPrinters printers;
+  const auto list = printers.list();
+  ASSERT_GE(list.size(), 2U);
+  EXPECT_EQ(list[0].DeviceName, "Drawn");
+  EXPECT_FALSE(list[0].raw);
+  EXPECT_EQ(list[1].DeviceName, "P");
+  EXPECT_TRUE(list[1].raw);
+  EXPECT_EQ(printers.current(), "Drawn");
+  printers.setCurrent("P");
+  EXPECT_EQ(printers.current(), "P");
+}
+
+TEST(CupsPrinters, KeepSettingsForTheUsersLaterPrints) {
+  EXPECT_EQ(CupsPrinters().settings("Drawn"), (PageSettings{1, 1}));
+  EXPECT_FALSE(CupsPrinters().settings("Nobody knows me"));
+  for (const char* printer : {"Drawn", "P"}) {
+    for (const PageSettings settings : {PageSettings{2, 9}, {1, 39}, {1, 5}}) {
+      CupsPrinters().keep(printer, settings);
+      EXPECT_EQ(CupsPrinters().settings(printer), settings) << printer;
+    }
+    CupsPrinters().keep(printer, {2, 999});
+    EXPECT_EQ(CupsPrinters().settings(printer), (PageSettings{2, 5})) << printer;
+  }
+}
+
+TEST(CupsPrinters, SendCommandReachesThePrinter) {
+  TestFolder folder;
+  const std::filesystem::path file = folder.path / "it's a report";
+  std::ofstream(file) << "report\r\n\f";
+  EXPECT_EQ(std::system((CupsPrinters().sendCommand("P", file) + " >/dev/null").c_str()), 0);
+  EXPECT_EQ(desk->raw.take(), "report\r\n\f");
+}
+
+}  // namespace
+}  // namespace paperway
