@@ -361,14 +361,15 @@ class TextReport {
   /// A text of the host's in the code page.
   std::string_view encodedText(std::string_view text, const std::string& field) {
     if (isAscii(text)) return text;
-    if (validUtf8Length(text) != text.size()) {
-      throw AutomationError(AutomationError::kTypeMismatch, kSource,
-                            "Field \"" + field + "\" of row " +
-                                std::to_string(state_.rowsDone + 1) +
-                                " of the data is not UTF-8 text: see byte " +
-                                std::to_string(validUtf8Length(text) + 1) + " of it.");
-    }
+    if (validUtf8Length(text) != text.size()) raiseNotText(text, field);
     return encoded(text);
+  }
+
+  [[noreturn]] void raiseNotText(std::string_view text, const std::string& field) const {
+    throw AutomationError(AutomationError::kTypeMismatch, kSource,
+                          "Field \"" + field + "\" of row " + std::to_string(state_.rowsDone + 1) +
+                              " of the data is not UTF-8 text: see byte " +
+                              std::to_string(validUtf8Length(text) + 1) + " of it.");
   }
 
   Recordset& rows_;

@@ -206,7 +206,7 @@ void DateFormat::useTwelveHours() {
   }
 }
 
-void DateFormat::append(std::string& out, ValueView value) const {
+void DateFormat::append(std::string& out, const ValueView& value) const {
   std::optional<Date> date;
   switch (value.kind()) {
     case ValueView::Kind::null:

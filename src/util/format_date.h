@@ -14,7 +14,7 @@ class DateFormat {
  public:
   explicit DateFormat(Symbols pattern);
 
-  void append(std::string& out, ValueView value) const;
+  void append(std::string& out, const ValueView& value) const;
   void append(std::string& out, const Date& date) const;
 
  private:

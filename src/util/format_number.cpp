@@ -12,7 +12,7 @@ NumberFormat::NumberFormat(Symbols pattern) {
   }
 }
 
-void NumberFormat::append(std::string& out, ValueView value) const {
+void NumberFormat::append(std::string& out, const ValueView& value) const {
   switch (value.kind()) {
     case ValueView::Kind::real:
       appendNumber(out, value.real());

@@ -14,7 +14,7 @@ class NumberFormat {
  public:
   explicit NumberFormat(Symbols pattern);
 
-  void append(std::string& out, ValueView value) const;
+  void append(std::string& out, const ValueView& value) const;
 
  private:
   template <class Number>

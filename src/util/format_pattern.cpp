@@ -71,7 +71,7 @@ FormatPattern::FormatPattern(std::string_view pattern) {
   }
 }
 
-void FormatPattern::append(std::string& out, ValueView value) const {
+void FormatPattern::append(std::string& out, const ValueView& value) const {
   switch (format_.index()) {
     case 1:
       std::get<1>(format_).append(out, value);

@@ -24,7 +24,7 @@ class FormatPattern {
   explicit FormatPattern(std::string_view pattern);
 
   /// Appends the value in this pattern (UTF-8). An empty pattern gives the default text form.
-  void append(std::string& out, ValueView value) const;
+  void append(std::string& out, const ValueView& value) const;
   std::string operator()(ValueView value) const;
 
  private:

@@ -87,7 +87,7 @@ TextFormat::TextFormat(Symbols pattern) : texts_(splitSections(pattern)[0]) {
   if (sections.size() > 1) empty_.emplace(sections[1]);
 }
 
-void TextFormat::append(std::string& out, ValueView value) const {
+void TextFormat::append(std::string& out, const ValueView& value) const {
   if (value.kind() == ValueView::Kind::text) {
     const Section& section = value.text().empty() && empty_ ? *empty_ : texts_;
     section.append(out, value.text());

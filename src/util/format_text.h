@@ -16,7 +16,7 @@ class TextFormat {
  public:
   explicit TextFormat(Symbols pattern);
 
-  void append(std::string& out, ValueView value) const;
+  void append(std::string& out, const ValueView& value) const;
 
  private:
   struct Step {

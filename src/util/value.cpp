@@ -117,7 +117,7 @@ void appendDate(std::string& out, const Date& date) {
 
 double atFifteenDigits(double number) {
   std::int64_t scaled = 0;
-  if (scaleExactly(number, 0, scaled) || scaleExactly(number, 2, scaled)) return number;
+  if (scaleExactly(number, 2, scaled) || scaleExactly(number, 0, scaled)) return number;
   return std::isfinite(number) ? Decimal::fromDouble(number).toDouble() : number;
 }
 
@@ -261,7 +261,7 @@ double Decimal::toDouble() const {
   return number;
 }
 
-void appendDefaultText(std::string& out, ValueView value) {
+void appendDefaultText(std::string& out, const ValueView& value) {
   switch (value.kind()) {
     case ValueView::Kind::text:
       out += value.text();
@@ -303,7 +303,7 @@ double leadingNumber(std::string_view text) {
   return negative && number != 0 ? -number : number;
 }
 
-double columnNumber(ValueView value) {
+double columnNumber(const ValueView& value) {
   switch (value.kind()) {
     case ValueView::Kind::real:
       return atFifteenDigits(value.real());

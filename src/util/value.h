@@ -104,7 +104,7 @@ struct Decimal {
 /// The default text form (UTF-8). Null is empty. A real has at most 15 significant digits and no
 /// trailing zeros, with an exponent ("1E+15", "1E-05") from 1E15 up and below 0.0001; an integer
 /// has all its digits. A date is "m/d/yyyy", with " h:mm:ss AM/PM" behind it when it has a time.
-void appendDefaultText(std::string& out, ValueView value);
+void appendDefaultText(std::string& out, const ValueView& value);
 std::string defaultText(ValueView value);
 
 /// The number text: the default text with one leading blank in place of a plus sign and no zero
@@ -117,7 +117,7 @@ double leadingNumber(std::string_view text);
 
 /// The number that a value stands for in a number column: null is 0, a number is itself at 15
 /// significant digits, any other value is its default text read by leadingNumber.
-double columnNumber(ValueView value);
+double columnNumber(const ValueView& value);
 
 /// The number that the whole of a text says ("12", " -1.5 ", "1E3"), blanks around it allowed;
 /// nothing when it says anything else.
