@@ -13,7 +13,8 @@
 namespace paperway {
 namespace {
 
-constexpr std::int64_t kSearchStretch = 8 << 20;  // bytes between two looks at the Esc key
+constexpr std::int64_t kSearchStretch = 8 << 20;  // bytes between two looks at waiting events
+constexpr std::int64_t kEventRounds = 256;        // and hits, once there are many
 
 }  // namespace
 
@@ -116,9 +117,10 @@ void FrmReport::search() {
   const std::string sought = CodePage::windows1252().encode(Text4.Text.get());
   Text4.Tag = "0";
   const auto end = static_cast<std::int64_t>(Rt1.buffer().size());
-  for (std::int64_t i = 0; i <= end; ++i) {
+  std::int64_t round = 0;
+  for (std::int64_t i = 0; i <= end; ++i, ++round) {
     if (stopsSearch()) return;
-    platform_.windows.doEvents();
+    if (round < kEventRounds || round % kEventRounds == 0) platform_.windows.doEvents();
     i = findNext(CodePage::windows1252().encode(Text4.Text.get()), i, end);
     if (i == -1) return;
     if (i == 0) continue;

@@ -26,13 +26,7 @@ class ReportWindowContract : public testing::Test {
     state.ModRColor = state.ModRPrint = 1;
     std::string report;
     for (int i = 1; i <= 7; ++i) {
-      report +=
-          "\x0F"
-          "page " +
-          std::to_string(i) +
-          "\r\nsecond \x1B"
-          "Ebold\x1B"
-          "F line\r\n\x12\f";
+      report += "\017page " + std::to_string(i) + "\r\nsecond \033Ebold\033F line\r\n\022\f";
     }
     state.ModPath1 = (desk.folder.path / "report.prn").string();
     replaceFile(state.ModPath1, report, "test");
@@ -109,7 +103,7 @@ TYPED_TEST_P(ReportWindowContract, EditingTakesKeysOnceItIsOn) {
   user.press("Rt1", 'A', smCtrl);
   EXPECT_EQ(this->form->Rt1.SelLength, static_cast<std::int64_t>(this->form->Rt1.buffer().size()));
   user.click("CmdFst");
-  EXPECT_EQ(this->firstLine().substr(0, 6), "\x0Fpage ") << "styles are off while editing";
+  EXPECT_EQ(this->firstLine().substr(0, 6), "\017page ") << "styles are off while editing";
 }
 
 TYPED_TEST_P(ReportWindowContract, TheMenuCopiesAndHighlights) {

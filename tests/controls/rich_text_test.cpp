@@ -69,7 +69,7 @@ TEST_F(RichText, SelectionIsRefusedWhenNegativeAndCutAtTheEnd) {
 }
 
 TEST_F(RichText, FindIgnoresCase) {
-  box.Text = "Total TOTAL to\xC4l t\xF6tal \x8A";
+  box.Text = "Total TOTAL to\304l t\366tal \212";
   struct Case {
     const char* text;
     int start;
@@ -78,7 +78,7 @@ TEST_F(RichText, FindIgnoresCase) {
   };
   const Case cases[] = {
       {"total", 0, 99, 0}, {"total", 1, 99, 6},    {"total", 7, 99, -1},    {"total", 6, 10, -1},
-      {"total", 6, 11, 6}, {"TO\xE4L", 0, 99, 12}, {"t\xD6tal", 0, 99, 17}, {"\x9A", 0, 99, 23},
+      {"total", 6, 11, 6}, {"TO\344L", 0, 99, 12}, {"t\326tal", 0, 99, 17}, {"\232", 0, 99, 23},
       {"", 0, 99, -1},     {"x", 0, 99, -1},       {"total", 99, 99, -1},
   };
   for (const Case& c : cases) EXPECT_EQ(box.Find(c.text, c.start, c.end), c.found) << c.text;
@@ -109,10 +109,7 @@ TEST_F(RichText, PrintsTheSelectionAsLines) {
 }
 
 TEST_F(RichText, CaretNeverStandsInsideALineEndOrAHiddenMark) {
-  box.Text =
-      "a\r\n\x1B"
-      "Ebc\x1B"
-      "F";
+  box.Text = "a\r\n\033Ebc\033F";
   box.format(3, 5, {.size = 1});
   box.format(7, 9, {.size = 1});
   std::string stops;
@@ -152,8 +149,8 @@ TEST_F(RichText, EditsCanBeTakenBack) {
   box.Text = "bold mark";
   box.format(0, 4, {.bold = true});
   box.moveCaret(4);
-  for (const char* key : {"\xC3\xA9", "x"}) box.typeText(key);
-  EXPECT_EQ(box.Text, "bold\xE9x mark");
+  for (const char* key : {"\303\251", "x"}) box.typeText(key);
+  EXPECT_EQ(box.Text, "bold\351x mark");
   EXPECT_TRUE(box.formats().at(5).bold) << "typed characters look like the one before";
   box.selectAll();
   box.typeText("a\nb");
@@ -165,7 +162,7 @@ TEST_F(RichText, EditsCanBeTakenBack) {
   EXPECT_EQ(box.Text, "bold mark");
   EXPECT_FALSE(box.undo());
   EXPECT_TRUE(box.redo());
-  EXPECT_EQ(box.Text, "bold\xE9x mark");
+  EXPECT_EQ(box.Text, "bold\351x mark");
   EXPECT_TRUE(box.eraseBackward(true));
   EXPECT_EQ(box.Text, " mark");
   EXPECT_FALSE(box.canRedo());
@@ -175,9 +172,7 @@ TEST_F(RichText, EditsCanBeTakenBack) {
 }
 
 TEST_F(RichText, TypingBehindAHiddenMarkIsSeen) {
-  box.Text =
-      "\x1B"
-      "Ebold";
+  box.Text = "\033Ebold";
   box.format(0, 2, {.size = 1, .color = kWhite});
   box.format(2, 6, {.bold = true});
   box.moveCaret(2);
@@ -187,9 +182,7 @@ TEST_F(RichText, TypingBehindAHiddenMarkIsSeen) {
 }
 
 TEST_F(RichText, SavesRichText) {
-  box.Text =
-      "{a}\\\r\n\x1B"
-      "E\xE9\f";
+  box.Text = "{a}\\\r\n\033E\351\f";
   box.format(6, 9, {.size = 20, .color = 128, .bold = true});
   box.SaveFile(folder_ / "out.rtf", RichTextBox::rtfRTF);
   EXPECT_EQ(readFile(folder_ / "out.rtf", "test"),
@@ -212,7 +205,7 @@ TEST_F(RichText, AgreesWithAPlainListOfCharacters) {
   const auto below = [&random](std::size_t n) { return n == 0 ? 0 : random() % n; };
   for (int round = 0; round < 60; ++round) {
     std::string start;
-    for (std::size_t i = below(300); i > 0; --i) start += "ab \r\n\f\x1B"[below(7)];
+    for (std::size_t i = below(300); i > 0; --i) start += "ab \r\n\f\033"[below(7)];
     box.Text = start;
     std::vector<Character> plain;
     for (const char c : start) plain.push_back({c, {}});
@@ -267,10 +260,10 @@ TEST(CaselessNeedle, AgreesWithAComparisonAtEachPlace) {
   for (int round = 0; round < 400; ++round) {
     std::string text;
     std::string needle;
-    for (std::size_t i = random() % 400; i > 0; --i) text += "aAbB-\xE9\xC9"[random() % 7];
-    for (std::size_t i = 1 + random() % 5; i > 0; --i) needle += "aB-\xC9"[random() % 4];
+    for (std::size_t i = random() % 400; i > 0; --i) text += "aAbB-\351\311"[random() % 7];
+    for (std::size_t i = 1 + random() % 5; i > 0; --i) needle += "aB-\311"[random() % 4];
     const auto folded = [](std::string s) {
-      for (char& c : s) c = c == 'A' ? 'a' : c == 'B' ? 'b' : c == '\xC9' ? '\xE9' : c;
+      for (char& c : s) c = c == 'A' ? 'a' : c == 'B' ? 'b' : c == '\311' ? '\351' : c;
       return s;
     };
     ASSERT_EQ(CaselessNeedle(needle).findIn(text), folded(text).find(folded(needle)));

@@ -82,7 +82,7 @@ TEST_F(Moves, SearchMarksEveryHitButOneAtTheBeginning) {
   const Case cases[] = {
       {"ab AB ab", "ab", "...BB.BB."},
       {"aaaa", "aa", ".BBB."},
-      {"x\xE9y", "\xC3\x89", ".B.."},
+      {"x\351y", "\303\211", ".B.."},
       {"abc", "d", "...."},
       {"abc", "", "...."},
   };

@@ -26,8 +26,6 @@ std::string looks(const RichTextBox& box) {
   return map;
 }
 
-#define ESC "\x1B"
-
 TEST_F(Styles, MarksAreHiddenAndTheTextBetweenThemStyled) {
   struct Case {
     const char* what;
@@ -35,26 +33,19 @@ TEST_F(Styles, MarksAreHiddenAndTheTextBetweenThemStyled) {
     const char* looks;
   };
   const Case cases[] = {
-      {"condensed",
-       "A\x0F"
-       "bc\x12"
-       "D",
-       ".hCCh.."},
-      {"bold", "a" ESC "Ebc" ESC "Fd", ".hhBBhh.."},
-      {"underline", ESC "-1ab" ESC "-0", "hhhuuhhh."},
-      {"underline and bold", ESC "-1a" ESC "Eb" ESC "F" ESC "-0", "hhhuhhUhhhhh."},
-      {"double goes over bold", "\x0E" ESC "E" ESC "Gab\x14" ESC "F" ESC "H", "hhhhhDDhhhhh."},
-      {"bold in condensed",
-       "\x0F"
-       "a" ESC "Eb" ESC "Fc\x12",
-       "hChhbhhCh."},
-      {"twelve to the inch", "a\x12" ESC "W " ESC "Mb" ESC "Pc", ".hhhhhh.hh.."},
-      {"double strike", ESC "Ga" ESC "H", "hh.hh."},
-      {"start without end", "a" ESC "Ebc", ".hh..."},
-      {"the rest of the pass is dropped", ESC "Ea" ESC "Fb" ESC "Ec", "hhBhh.hh.."},
-      {"end without start", "a" ESC "Fb", "....."},
-      {"two pairs", ESC "Ea" ESC "Fb" ESC "Ec" ESC "F", "hhBhh.hhBhh."},
-      {"start after start", ESC "Ea" ESC "Eb" ESC "Fc", "hhBBBBhh.."},
+      {"condensed", "A\017bc\022D", ".hCCh.."},
+      {"bold", "a\033Ebc\033Fd", ".hhBBhh.."},
+      {"underline", "\033-1ab\033-0", "hhhuuhhh."},
+      {"underline and bold", "\033-1a\033Eb\033F\033-0", "hhhuhhUhhhhh."},
+      {"double goes over bold", "\016\033E\033Gab\024\033F\033H", "hhhhhDDhhhhh."},
+      {"bold in condensed", "\017a\033Eb\033Fc\022", "hChhbhhCh."},
+      {"twelve to the inch", "a\022\033W \033Mb\033Pc", ".hhhhhh.hh.."},
+      {"double strike", "\033Ga\033H", "hh.hh."},
+      {"start without end", "a\033Ebc", ".hh..."},
+      {"the rest of the pass is dropped", "\033Ea\033Fb\033Ec", "hhBhh.hh.."},
+      {"end without start", "a\033Fb", "....."},
+      {"two pairs", "\033Ea\033Fb\033Ec\033F", "hhBhh.hhBhh."},
+      {"start after start", "\033Ea\033Eb\033Fc", "hhBBBBhh.."},
       {"nothing", "", "."},
   };
   for (const Case& c : cases) {
@@ -68,15 +59,12 @@ TEST_F(Styles, MarksAreHiddenAndTheTextBetweenThemStyled) {
 TEST_F(Styles, MarksAreWhiteOnAnyBackground) {
   load("x");
   form->settings().setColor(ReportViewKey::RepotBackColor, 0);
-  load(ESC "Ea" ESC "F\f");
+  load("\033Ea\033F\f");
   EXPECT_EQ(form->Rt1.formats().at(0), (CharFormat{.size = 1, .color = 16777215}));
 }
 
 TEST_F(Styles, PlainWithoutTheVisualSwitch) {
-  open(
-      "\x0F"
-      "a\x12\f\x0F"
-      "b\x12\f");
+  open("\017a\022\f\017b\022\f");
   user().click("Check1");
   user().click("CmdNxt");
   EXPECT_EQ(looks(form->Rt1), "....");
@@ -84,9 +72,7 @@ TEST_F(Styles, PlainWithoutTheVisualSwitch) {
 }
 
 TEST_F(Styles, ZoomSizes) {
-  open(
-      "\x0F"
-      "a\x12\x0E" ESC "E" ESC "Gb\x14" ESC "F" ESC "H\f");
+  open("\017a\022\016\033E\033Gb\024\033F\033H\f");
   const auto sizes = [&] {
     return std::pair{form->Rt1.formats().at(1).size, form->Rt1.formats().at(8).size};
   };
@@ -121,15 +107,13 @@ TEST_F(Styles, ExportCopyOfTheChosenPages) {
 }
 
 TEST_F(Styles, ExportCopyHasNoLookForDoubleWidth) {
-  open("\x0E" ESC "E" ESC "Ga\x14" ESC "F" ESC
-       "H\x0F"
-       "b\x12" ESC "Gc\f");
+  open("\016\033E\033Ga\024\033F\033H\017b\022\033Gc\f");
   form->PrintExport();
   EXPECT_EQ(looks(form->RT3), "hhhhhBhhhhhhCh....");
 }
 
 TEST_F(Styles, PrintsCopiesPageByPage) {
-  open("a" ESC "Eb" ESC "F\f\fc\f");
+  open("a\033Eb\033F\f\fc\f");
   std::string printed;
   form->printSteps.printPage = [&](const std::vector<StyledLine>& lines) {
     for (const StyledRun& run : lines.at(0).runs) {

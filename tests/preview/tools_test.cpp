@@ -23,9 +23,7 @@ TEST_F(Tools, EditingLastsUntilThePageIsShownAnew) {
 }
 
 TEST_F(Tools, ContinuousViewHoldsTheFileAsItStands) {
-  const std::string file =
-      "\x0F"
-      "a\x12\fb\f\r\n";
+  const std::string file = "\017a\022\fb\f\r\n";
   open(file);
   user().click("Check3");
   EXPECT_EQ(form->Rt1.Text, file);
@@ -51,10 +49,7 @@ TEST_F(Tools, ImportOpensAnyTextFile) {
 }
 
 TEST_F(Tools, MenuOffersPasteWhileEditingOnly) {
-  open(
-      "\x1B"
-      "Ebold\x1B"
-      "F one\f");
+  open("\033Ebold\033F one\f");
   user().click("Rt1", mbRight);
   EXPECT_THROW(user().chooseFromMenu("pppp"), std::logic_error);
   form->Rt1.SelStart = 0;
@@ -67,10 +62,7 @@ TEST_F(Tools, MenuOffersPasteWhileEditingOnly) {
   form->Rt1.SelLength = 3;
   user().click("Rt1", mbRight);
   user().chooseFromMenu("pppp");
-  EXPECT_EQ(form->Rt1.Text,
-            "\x1B"
-            "Ebold\x1B"
-            "F bold\f");
+  EXPECT_EQ(form->Rt1.Text, "\033Ebold\033F bold\f");
   const auto menu = [&] {
     form->Rt1_MouseDown({mbRight, 0, 100, 200});
     return *form->takePopup();

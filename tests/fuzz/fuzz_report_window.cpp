@@ -1,0 +1,136 @@
+#include <cstring>
+#include <filesystem>
+
+#include "backends/headless/headless.h"
+#include "backends/headless/user.h"
+#include "facade/run_state.h"
+#include "fuzz/fuzz.h"
+#include "preview/frm_report.h"
+#include "util/automation_error.h"
+#include "util/output_file.h"
+
+using namespace paperway;
+
+/// A line of acts, one character each, and the bytes of a report file behind it.
+std::vector<std::string> fuzz::seeds() {
+  return {"nnbfl\npage 1\r\n\fpage 2\r\n\f\r\n",
+          "zncCe\n\017a\033Eb\033Fc\022\f\016\033E\033Gd\024\033F\033H\f",
+          "exyBUdmh\n\022\033W \033Ma\033P\033Gb\033H\033-1c\033-0",
+          "g7s\none\f\f\ftwo\f\f\f\f\fone\n\r\r\n",
+          "cseo\n",
+          "pPqQ\n\033E\033E\033F"};
+}
+
+namespace {
+
+class Walk {
+ public:
+  Walk(const std::filesystem::path& folder, std::string_view report) : machine_(folder) {
+    RunState& state = runState();
+    state = RunState();
+    state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
+    state.ModRColor = state.ModRPrint = 1;
+    state.ModPath1 = (folder / "report.prn").string();
+    replaceFile(state.ModPath1, report, "fuzz");
+    form_ = std::make_shared<FrmReport>(machine_.platform());
+    form_->load();
+    checkPages(report);
+    machine_.windows.show(form_);
+    check();
+  }
+
+  void act(char command) {
+    try {
+      headless::User user(*form_);
+      actBy(user, command);
+    } catch (const std::logic_error&) {  // out of reach at the moment
+    } catch (const AutomationError&) {   // told to the user
+    }
+    check();
+  }
+
+ private:
+  void actBy(headless::User& user, char command) {
+    static constexpr const char* kClicks[] = {"CmdFst", "CmdBck", "CmdNxt", "CmdLast", "Command2",
+                                              "Check1", "Check2", "Check3", "Op(1)",   "lb1"};
+    RichTextBox& page = form_->Rt1;
+    const auto code = static_cast<unsigned char>(command);
+    switch (command) {
+      case 'g':
+        return user.type("Text2", std::to_string(code % 9) + "\r");
+      case 's':
+        form_->Text4.Text = "o";
+        return user.type("Text4", "\r");
+      case 'p':
+        return form_->PrintExport();
+      case 'm':
+        user.click("Rt1", mbRight);
+        return user.chooseFromMenu("pppp");
+      case 'h':
+        page.SelStart = static_cast<std::int64_t>(page.buffer().size() / 2);
+        page.SelLength = 3;
+        user.click("Rt1", mbRight);
+        return user.chooseFromMenu("ht");
+      case 'q':
+        page.selectWord(page.buffer().size() / 2);
+        return user.click("Rt1", mbRight), user.chooseFromMenu("cccc");
+      case 'x':
+        return user.type("Rt1", "\303\251\r");
+      case 't':
+        return user.tick("Timer1");
+      case 'r':
+        return user.resize(14400 + code, 9000);
+      default:
+        break;
+    }
+    if (code < 0x60) return user.press("Rt1", code, code >= 0x40 ? smCtrl : code & smShift);
+    user.click(kClicks[code % std::size(kClicks)]);
+  }
+
+  void checkPages(std::string_view report) {
+    std::string shown;
+    for (std::int64_t i = 0; i < form_->PageCount(); ++i) shown += form_->PageText.shown(i).view();
+    const auto last = report.rfind('\f');
+    const std::string expected = last == std::string_view::npos
+                                     ? std::string(report) + "\f"
+                                     : std::string(report.substr(0, last + 1));
+    fuzz::require(shown == expected, "the pages make the file up to its last form feed");
+  }
+
+  void check() {
+    const RichTextBox& page = form_->Rt1;
+    fuzz::require(form_->CurrentPage >= 0 && form_->CurrentPage < form_->PageCount(),
+                  "a page is on show");
+    fuzz::require(page.caret() <= page.buffer().size(), "the caret is in the text");
+    std::string lines;
+    for (std::uint64_t i = 0; i < page.lineCount(); ++i) {
+      const StyledLine line = page.styledLine(i);
+      for (const StyledRun& run : line.runs) lines += run.bytes;
+      lines += page.Text.get().substr(line.end, line.next - line.end);
+    }
+    fuzz::require(lines == page.Text.get(), "the lines make the text");
+  }
+
+  headless::Headless machine_;
+  std::shared_ptr<FrmReport> form_;
+};
+
+const std::filesystem::path& folder() {
+  static const std::filesystem::path path = [] {
+    std::string name = (std::filesystem::temp_directory_path() / "paperwayXXXXXX").string();
+    const std::filesystem::path made = mkdtemp(name.data());
+    std::atexit([] { std::filesystem::remove_all(folder()); });
+    return made;
+  }();
+  return path;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string_view report(reinterpret_cast<const char*>(data), size);
+  const std::string_view acts = fuzz::takeUntil(report, '\n').substr(0, 40);
+  Walk walk(folder(), report);
+  for (const char command : acts) walk.act(command);
+  return 0;
+}
