@@ -30,7 +30,8 @@ std::string Print_line(std::int16_t Start_pos, std::string_view Print_str,
 
 /// TxtL, or TxtR, of a text of one byte a character, straight onto `width` blanks at `cell`.
 inline void placeCell(char* cell, std::size_t width, std::string_view text, bool left) {
-  if (!text.empty() && (text.front() == ' ' || text.back() == ' ')) text = trimBlanks(text);
+  if (text.empty()) return;
+  if (text.front() == ' ' || text.back() == ' ') text = trimBlanks(text);
   const std::size_t length = std::min(text.size(), width);
   if (left) {
     std::copy_n(text.begin(), length, cell);
