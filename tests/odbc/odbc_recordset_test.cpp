@@ -1,4 +1,4 @@
-#include <cstdint>
+#include <fnmatch.h>
 #include <string>
 
 #include "odbc_fixture.h"
@@ -8,9 +8,14 @@ namespace {
 
 constexpr int kRows = 1000;
 
+// Every seventh is too long for its room in a block.
 std::string noteOf(int row) {
-  return row % 7 == 0 ? std::string(static_cast<std::size_t>(row) * 10, 'x') + " é"
+  return row % 7 == 0 ? std::string(static_cast<std::size_t>(row) + 600, 'x') + " é"
                       : "note " + std::to_string(row);
+}
+
+void moveOn(Recordset& rows, int count) {
+  for (int i = 0; i < count; ++i) rows.MoveNext();
 }
 
 class OdbcWalk : public ::testing::Test {
@@ -33,9 +38,6 @@ class OdbcWalk : public ::testing::Test {
     EXPECT_EQ(rows.value(0).integer(), row);
     EXPECT_EQ(rows.value(1).text(), noteOf(row));
   }
-  static void moveOn(Recordset& rows, int count) {
-    for (int i = 0; i < count; ++i) rows.MoveNext();
-  }
 
   const TwoDatabases databases_;
   const std::string table_ = ownName("walk");
@@ -50,24 +52,11 @@ TEST_F(OdbcWalk, GoesThroughAllRowsAndRewinds) {
     EXPECT_TRUE(rows->Eof());
     EXPECT_EQ(errorOf([&] { rows->MoveNext(); }), "The recordset has no current row.");
     EXPECT_EQ(errorOf([&] { rows->value(0); }), "The recordset has no current row.");
-    for (const int turn : {14, 700, 3}) {
+    for (const int turn : {14, 7, 14, 700, 3}) {
       rows->MoveFirst();
       expectRow(*rows, 1);
       moveOn(*rows, turn - 1);
       expectRow(*rows, turn);
-    }
-  }
-}
-
-TEST_F(OdbcWalk, ReadsALongTextOfAnEarlierRowAgain) {
-  for (const Way& way : kWays) {
-    SCOPED_TRACE(way.name);
-    const auto rows = way.open(databases_, query("n % 7 = 0 AND n > 600"));
-    for (int turn = 0; turn < 3; ++turn, rows->MoveFirst()) {
-      expectRow(*rows, 602);
-      expectRow(*rows, 602);
-      moveOn(*rows, 2);
-      expectRow(*rows, 616);
     }
   }
 }
@@ -114,39 +103,27 @@ TEST_F(OdbcWalk, DoesNotRunTheQueryAgainWhileRowOneIsAtHand) {
   }
 }
 
-TEST_F(OdbcWalk, TakesRowsAsTheyCome) {
+TEST(OdbcLongQuery, GivesRowsAsTheyComeAndEndsWhenAsked) {
+  const TwoDatabases databases;
   const struct {
     std::string connection;
-    const char* query;
-  } endless[] = {
-      {databases_.sqlite(),
-       "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s"},
-      {postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 100000000000) AS n"},
-  };
-  for (const auto& c : endless) {
-    OdbcRecordset rows(OdbcConnection(c.connection), c.query);
-    moveOn(rows, 5000);
-    EXPECT_EQ(columnNumber(rows.value(0)), 5001) << c.query;
-  }
-}
-
-TEST_F(OdbcWalk, EndsALongQueryWhenAsked) {
-  const struct {
-    std::string connection;
-    const char* query;
-    const char* reason;
+    std::string query;
+    const char* stopped;
   } cases[] = {
-      {databases_.sqlite(),
-       "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s ORDER BY 1",
+      {databases.sqlite(),
+       "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s",
        "[HY000] [SQLite]interrupted"},
-      {postgres("UseDeclareFetch=1"), "SELECT n FROM generate_series(1, 50000000) n ORDER BY 1",
+      {postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 50000000) AS n",
        "[57014] ERROR: canceling statement due to user request"},
   };
   for (const auto& c : cases) {
     const OdbcConnection connection(c.connection);
+    OdbcRecordset rows(connection, c.query);
+    moveOn(rows, 5000);
+    EXPECT_EQ(columnNumber(rows.value(0)), 5001) << c.query;
     connection.stopWhen([] { return true; });
-    const std::string error = errorOf([&] { OdbcRecordset(connection, c.query); });
-    EXPECT_NE(error.find(c.reason), std::string::npos) << error;
+    const std::string error = errorOf([&] { OdbcRecordset(connection, c.query + " ORDER BY 1"); });
+    EXPECT_NE(error.find(c.stopped), std::string::npos) << error;
   }
 }
 
@@ -165,37 +142,33 @@ TEST_F(OdbcWalk, TwoAtOnceShareAConnection) {
 
 TEST(OdbcError, CarriesTheDriversWordsAndState) {
   const TwoDatabases databases;
+  const std::string lite = databases.sqlite();
+  const std::string server = postgres();
   const std::string lost = "Driver={PostgreSQL Unicode};Servername=127.0.0.1;Port=1;Pwd={a;b}";
+  const std::string longQuery = "SELECT '" + std::string(300, 'y') + "' FROM x";
   const struct {
     std::string connection;
     std::string query;
-    std::vector<std::string> parts;
+    const char* pattern;
   } cases[] = {
-      {"no such source", "", {"Cannot connect to \"no such source\": [IM002] "}},
-      {"Driver=SQLite3;Database=/nowhere/é.db", "", {"/nowhere/é.db\": [HY000] ", "failed"}},
-      {lost, "", {"Cannot connect to \"", ";Pwd=***\": [08001] ", "refused"}},
-      {postgres("Uid=nobody;Password=wrong"), "", {";Password=***\": [", "nobody"}},
-      {postgres(),
-       "SELECT * FROM sale",
-       {"Cannot prepare \"SELECT * FROM sale\": [42P01] ", "sale"}},
-      {postgres(), "SELEC 1", {"[42601] ", "SELEC"}},
-      {postgres(), "SELECT 1 / (1 - 1) AS x", {"[22012] ", "division by zero"}},
-      {postgres(), "SELECT 'é' FROM grün", {"FROM grün\": [42P01] ", "\"grün\""}},
-      {databases.sqlite(),
-       "SELECT * FROM sale",
-       {"Cannot prepare ", "[HY000] ", "no such table: sale"}},
-      {databases.sqlite(), "SELECT 'é' FROM grün", {"no such table: grün"}},
-      {databases.sqlite(), "SELECT ?", {"Cannot run \"SELECT ?\": [HY000] ", "unbound"}},
-      {databases.sqlite(), "", {"Cannot prepare \"\": [HY090] "}},
-      {databases.sqlite(), "SELECT '" + std::string(300, 'y') + "' FROM x", {"yyy…\": [HY000] "}},
+      {"no such source", "", "Cannot connect to \"no such source\": [[]IM002] *"},
+      {"Driver=SQLite3;Database=/nowhere/é.db", "", "* to \"*/é.db\": [[]HY000] *failed*"},
+      {lost, "", "*Port=1;Pwd=[*][*][*]\": [[]08001] *refused*"},
+      {server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},
+      {server, "SELECT * FROM sale", "Cannot prepare \"SELECT [*] FROM sale\": [[]42P01] *sale*"},
+      {server, "SELEC 1", "*: [[]42601] *SELEC*"},
+      {server, "SELECT 1 / (1 - 1) AS x", "*: [[]22012] *division by zero*"},
+      {server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
+      {lite, "SELECT * FROM sale", "Cannot prepare *: [[]HY000] *no such table: sale*"},
+      {lite, "SELECT 'é' FROM grün", "*no such table: grün*"},
+      {lite, "SELECT ?", "Cannot run \"SELECT [?]\": [[]HY000] *unbound*"},
+      {lite, "", "Cannot prepare \"\": [[]HY090] *"},
+      {lite, longQuery, "*yyy…\": [[]HY000] *"},
   };
   for (const auto& c : cases) {
     const std::string error =
         errorOf([&] { OdbcRecordset(OdbcConnection(c.connection), c.query); });
-    for (const std::string& part : c.parts) {
-      EXPECT_NE(error.find(part), std::string::npos) << c.query << " gives: " << error;
-    }
-    EXPECT_EQ(error.find("a;b"), std::string::npos);
+    EXPECT_EQ(fnmatch(c.pattern, error.c_str(), 0), 0) << c.pattern << " gives: " << error;
     EXPECT_EQ(error.find('\n'), std::string::npos);
   }
 }
