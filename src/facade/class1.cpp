@@ -12,6 +12,7 @@
 #include "platform/windows.h"
 #include "preview/frm_report.h"
 #include "printing/print_file.h"
+#include "printing/print_panel.h"
 #include "printing/set_orientation.h"
 #include "textreport/layout.h"
 #include "util/automation_error.h"
@@ -90,6 +91,7 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModRPrint = arguments.RPrint;
   state.ModPath1 = arguments.Path1;
   const auto form = std::make_shared<FrmReport>(platform_);
+  PrintPanel::bind(*form, platform_);
   form->load();
   platform_.windows.show(form);
 }

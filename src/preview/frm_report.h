@@ -210,6 +210,7 @@ class FrmReport : public Form {
   ScrollBar VScroll1{*this, "VScroll1", &Frame1};
   Label Label5{*this, "Label5", "Paper Height :", &Frame1};
   ComboBox ComPaperHeight{*this, "ComPaperHeight", {"3", "4", "6", "8", "10", "12"}, &Frame1};
+  Label LbFit{*this, "LbFit", "", &Frame1};  // what will not fit on the paper
   JeweledButton CmdOk{*this, "CmdOk", "&Print", &Frame1};
   JeweledButton CmdCancel{*this, "CmdCancel", " C&lose", &Frame1};
   Label Label10{*this, "Label10", "Window", &Frame1};

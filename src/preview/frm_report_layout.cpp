@@ -208,6 +208,7 @@ void FrmReport::placePrintPanel() {
   place(Label5, kMiddle + 120, 3720, 1600, kBoxHeight);
   place(ComPaperHeight, 6240, 3720, 1110, kBoxHeight);
 
+  place(LbFit, kLeft, 4770, 8160, 520);
   place(Label10, kMiddle + 120, 5310, 900, kButtonHeight);
   place(CmdOk, 5640, 5310, 1320, kButtonHeight);
   place(CmdCancel, 7080, 5310, 1320, kButtonHeight);

@@ -31,11 +31,6 @@ bool exists(const std::string& fileName) {
   return std::filesystem::exists(std::filesystem::status(fileName, ignored));
 }
 
-std::string documentName(std::string fileName) {
-  std::replace(fileName.begin(), fileName.end(), '/', '\\');
-  return fileName.substr(fileName.rfind('\\') + 1);
-}
-
 PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
   return {.paperHeight = arguments.paperHeight,
           .draft = arguments.draft,
@@ -65,6 +60,11 @@ std::string howFarItCame(const PrintFileArguments& arguments, const SpoolError& 
 
 }  // namespace
 
+std::string documentNameOf(std::string fileName) {
+  std::replace(fileName.begin(), fileName.end(), '/', '\\');
+  return fileName.substr(fileName.rfind('\\') + 1);
+}
+
 bool PrintFile(PrintFileArguments& arguments, const Platform& platform) {
   if (arguments.tear == 1) takeStoredTearLines(arguments, platform.folders);
   runState().ModDosFont = DOSEFONTcHR{};
@@ -80,7 +80,7 @@ bool PrintFile(PrintFileArguments& arguments, const Platform& platform) {
            "The Printer Name (" + arguments.printerName + ") wasn't recognized.");
       return false;
     }
-    job->start(documentName(arguments.fileName), DocumentFormat::raw);
+    job->start(documentNameOf(arguments.fileName), DocumentFormat::raw);
     writePrintStream(arguments.fileName, streamSettings(arguments),
                      [&](std::string_view piece) { job->write(piece); });
     job->end();

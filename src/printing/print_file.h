@@ -24,4 +24,7 @@ struct PrintFileArguments {
 /// when the printer took the whole job.
 bool PrintFile(PrintFileArguments& arguments, const Platform& platform);
 
+/// Of the job that prints this file: the name behind the last separator.
+std::string documentNameOf(std::string fileName);
+
 }  // namespace paperway

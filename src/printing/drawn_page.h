@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/rich_text.h"
+#include "platform/print_device.h"
+#include "printing/printer_pitch.h"
+
+namespace paperway {
+
+/// A styled page as it goes on paper: each character at the pitch that the page's commands ask for,
+/// in the look of its run; commands and what the page hides leave no trace. `pitch` is that of the
+/// page's beginning, and afterwards of its end.
+PrintedPage drawnPage(const std::vector<StyledLine>& lines, PrinterPitch& pitch);
+
+}  // namespace paperway

@@ -1,0 +1,216 @@
+#include "printing/print_panel.h"
+
+#include "facade/run_state.h"
+#include "platform/message_box.h"
+#include "util/text_tools.h"
+#include "util/value.h"
+
+namespace paperway {
+namespace {
+
+constexpr int kCopiesTop = 100;  // copies are this less the scroll bar's value
+constexpr Color kEnabledBox = 16777215;
+constexpr Color kDisabledBox = 14139134;
+constexpr int kIgnoredKey = 1;
+constexpr int kLastCode = 255;
+
+void filterDigits(int& key) {
+  key = key > kLastCode ? kIgnoredKey : OnlyNum(static_cast<std::int16_t>(key));
+}
+
+std::string plainNumber(double number) {
+  std::string text = numberText(number);
+  return text.starts_with(' ') ? text.substr(1) : text;
+}
+
+void inform(const Platform& platform, const std::string& text) {
+  platform.messageBox.show(text, "Information Window", MessageBox::Buttons::ok,
+                           MessageBox::Icon::information);
+}
+
+}  // namespace
+
+void PrintPanel::bind(FrmReport& form, const Platform& platform) {
+  const auto panel = std::make_shared<PrintPanel>(form, platform);
+  form.parts.push_back(panel);
+  form.CmdOk.Tag = "0";
+  panel->bindLook();
+  panel->bindSettings();
+}
+
+void PrintPanel::bindLook() {
+  form_.printSteps.FillPrinterList = [this] { FillPrinterList(); };
+  form_.CmdPrint.onClick = [this] { CmdPrint_Click(); };
+  form_.CmdOk.onClick = [this] { CmdOk_Click(); };
+  form_.CmdCancel.onClick = [this] { CmdCancel_Click(); };
+  for (OptionButton& option : form_.Op) option.onClick = [this] { Op_Click(); };
+  form_.Ch10.onClick = [this] { Ch10_Click(); };
+  form_.Ch12.onClick = [this] { Ch12_Click(); };
+  form_.Ch17.onClick = [this] { Ch17_Click(); };
+  form_.ChDraft.onClick = [this] { ChDraft_Click(); };
+  form_.VScroll1.onChange = [this] { VScroll1_Change(); };
+  form_.Text3.onKeyPress = form_.Tend.onKeyPress = [](int& key) { filterDigits(key); };
+  form_.Tst.onKeyPress = [this](int& key) { Tst_KeyPress(key); };
+  form_.Tend.onValidate = [this](bool& cancel) {
+    Tend_Validate();
+    cancel = form_.Tend.Tag == "0";
+  };
+  form_.CboPrinters.onChange = form_.CboPrinters.onClick = [this] { showFit(); };
+  form_.ComPaperHeight.onChange = form_.ComPaperHeight.onClick = [this] { showFit(); };
+}
+
+void PrintPanel::bindSettings() {
+  form_.printSteps.readTearSettings = [this] { readTearSettings(); };
+  form_.printSteps.readPrintMode = [this] { readPrintMode(); };
+  for (OptionButton* mode : {&form_.OptCharMode, &form_.OptDosLocal, &form_.OptWinMode}) {
+    mode->onClick = [this] { Mode_Click(); };
+  }
+  for (ComboBox* lines : {&form_.Comtear, &form_.ComtearOut}) {
+    lines->onChange = lines->onClick = [this] { Comtear_Change(); };
+  }
+  form_.Check5.onClick = [this] { Check5_Click(); };
+  form_.ChL.onClick = [this] { ChL_Click(); };
+}
+
+void PrintPanel::keep(ReportViewKey key, const std::string& text) const {
+  const ReportViewSettings settings = form_.settings();
+  if (settings.text(key) != text) settings.setText(key, text);
+}
+
+void PrintPanel::readTearSettings() {
+  form_.Comtear.Tag = form_.settings().text(ReportViewKey::Ttt);
+  const TearLines lines = TearLines::fromText(form_.Comtear.Tag);
+  form_.Comtear.Text = std::to_string(lines.in);
+  form_.ComtearOut.Text = std::to_string(lines.out);
+  form_.Comtear.Tag = ".";  // from now on a change is the user's
+  if (lines.in + lines.out > 0) form_.Chtear.Value = 1;
+}
+
+void PrintPanel::readPrintMode() {
+  const ReportViewSettings settings = form_.settings();
+  std::string mode = settings.text(ReportViewKey::PrnDefult);
+  const std::string localDos = settings.text(ReportViewKey::Localdos);
+  if (mode == "L" && localDos == "F") mode = "D";
+  form_.OptDosLocal.Visible = localDos != "F";
+  if (localDos == "T") form_.Check5.Value = 1;
+  if (mode == "D") form_.OptCharMode.Value = true;
+  if (mode == "W") form_.OptWinMode.Value = true;
+  if (mode == "L") form_.OptDosLocal.Value = true;
+}
+
+void PrintPanel::FillPrinterList() {
+  for (const PrinterInfo& printer : platform_.printers.list()) {
+    form_.CboPrinters.AddItem(printer.DeviceName);
+  }
+  if (form_.CboPrinters.ListCount() == 0) return;
+  const std::string current = platform_.printers.current();
+  std::string& name = runState().ModPrinterName;
+  if (name.empty()) name = current;
+  form_.CboPrinters.Text = name;
+  form_.LaDefult.Caption = "Defult Printer :" + current;
+}
+
+void PrintPanel::CmdPrint_Click() {
+  form_.Frame1.Visible = true;
+  showFit();
+  ComboBox& printers = form_.CboPrinters;
+  if (printers.ListCount() == 0) {
+    inform(platform_, "No Printers Installed to do the Print job");
+  } else if (printers.List(printers.ListIndex).empty()) {
+    inform(platform_, "Select any of the Printer from  Printers Collection");
+    printers.SetFocus();
+  }
+}
+
+void PrintPanel::CmdCancel_Click() {
+  form_.Frame1.Visible = false;
+}
+
+void PrintPanel::Mode_Click() {
+  const std::pair<OptionButton*, const char*> modes[] = {
+      {&form_.OptCharMode, "D"}, {&form_.OptWinMode, "W"}, {&form_.OptDosLocal, "L"}};
+  for (const auto& [option, name] : modes) option->Font.Bold = option->Value;
+  form_.FrmWin.Enabled = form_.OptWinMode.Value;
+  for (const auto& [option, name] : modes) {
+    if (option->Value) keep(ReportViewKey::PrnDefult, name);
+  }
+  showFit();
+}
+
+void PrintPanel::Op_Click() {
+  for (OptionButton& option : form_.Op) option.Font.Bold = option.Value;
+  for (TextBox* box : {&form_.Tst, &form_.Tend}) {
+    box->Enabled = form_.Op[2].Value;
+    box->BackColor = box->Enabled ? kEnabledBox : kDisabledBox;
+  }
+  showFit();
+}
+
+void PrintPanel::Ch10_Click() {
+  form_.Ch10.Font.Bold = true;
+  form_.Ch12.Font.Bold = form_.Ch17.Font.Bold = false;
+  form_.Ch12.Value = 0;
+  form_.Ch17.Value = 0;
+  showFit();
+}
+
+void PrintPanel::Ch12_Click() {
+  form_.Ch12.Font.Bold = true;
+  form_.Ch10.Font.Bold = false;
+  form_.Ch10.Value = 0;
+  showFit();
+}
+
+void PrintPanel::Ch17_Click() {
+  form_.Ch17.Font.Bold = true;
+  form_.Ch10.Font.Bold = false;
+  form_.Ch10.Value = 0;
+  showFit();
+}
+
+void PrintPanel::ChDraft_Click() {
+  form_.ChDraft.Font.Bold = form_.ChDraft.Value != 0;
+}
+
+void PrintPanel::VScroll1_Change() {
+  form_.Text3.Text = std::to_string(kCopiesTop - form_.VScroll1.Value);
+}
+
+void PrintPanel::Tst_KeyPress(int& key) const {
+  const bool isFirstPoint = key == '.' && form_.Tst.Text->find('.') == std::string::npos;
+  if (!isFirstPoint) filterDigits(key);
+}
+
+void PrintPanel::Tend_Validate() {
+  TextBox& first = form_.Tst;
+  TextBox& last = form_.Tend;
+  const double pages = leadingNumber(last.ToolTipText);
+  if (leadingNumber(last.Text.get()) <= leadingNumber(first.Text.get())) last.Text = first.Text;
+  if (leadingNumber(last.Text.get()) > pages) last.Text = plainNumber(pages);
+  if (leadingNumber(first.Text.get()) == 0) first.Text = "1";
+  const bool isUsable = leadingNumber(last.Text.get()) != 0;
+  last.Tag = isUsable ? "1" : "0";
+  if (!isUsable) {
+    platform_.messageBox.show("plese Check Velue...");
+    last.SetFocus();
+  }
+  showFit();
+}
+
+void PrintPanel::Comtear_Change() {
+  if (form_.Comtear.Tag != ".") return;
+  keep(ReportViewKey::Ttt,
+       TearLines::toText(form_.Comtear.Text.get(), form_.ComtearOut.Text.get()));
+}
+
+void PrintPanel::Check5_Click() {
+  const bool isOffered = form_.Check5.Value != 0;
+  form_.OptDosLocal.Visible = isOffered;
+  keep(ReportViewKey::Localdos, isOffered ? "T" : "F");
+}
+
+void PrintPanel::ChL_Click() {
+  keep(ReportViewKey::chl, std::to_string(form_.ChL.Value));
+}
+
+}  // namespace paperway

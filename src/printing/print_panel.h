@@ -1,0 +1,77 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "platform/platform.h"
+#include "platform/printers.h"
+#include "preview/frm_report.h"
+#include "printing/page_fit.h"
+#include "printing/printer_pitch.h"
+
+namespace paperway {
+
+/// The print panel Frame1 of a report window, and the settings of Frame6 that are its own: mode,
+/// printer, pages, copies, pitch, paper height and tear lines, and the job that they make.
+class PrintPanel {
+ public:
+  /// Gives the form's controls their handlers, before it is loaded. The panel lives as long as the
+  /// form.
+  static void bind(FrmReport& form, const Platform& platform);
+
+  PrintPanel(FrmReport& form, const Platform& platform) : form_(form), platform_(platform) {}
+
+  // Steps of the form's load.
+  void readTearSettings();
+  void readPrintMode();
+  void FillPrinterList();
+
+  // The look of the panel.
+  void CmdPrint_Click();
+  void CmdCancel_Click();
+  void Mode_Click();
+  void Op_Click();
+  void Ch10_Click();
+  void Ch12_Click();
+  void Ch17_Click();
+  void ChDraft_Click();
+  void VScroll1_Change();
+  void Tst_KeyPress(int& key) const;
+  void Tend_Validate();
+
+  // Settings that are kept.
+  void Comtear_Change();
+  void Check5_Click();
+  void ChL_Click();
+
+  // The job.
+  void CmdOk_Click();
+  void PrintReport();
+
+ private:
+  void bindLook();
+  void bindSettings();
+  /// Writes a setting that differs from what is stored.
+  void keep(ReportViewKey key, const std::string& text) const;
+
+  bool isConfirmed();
+  void printRaw();
+  void printStyled();
+  void drawPages();
+  void saveChosenPages();
+  std::string keepPart(const char* name, const RichTextBox& box);
+  std::pair<std::int64_t, std::int64_t> chosenPages() const;
+
+  /// Says in the panel what will not fit on the paper.
+  void showFit();
+  ReportExtent extentOfChosen(bool drawn) const;
+  PrinterPitch startOf(std::int64_t page) const;
+  std::optional<PageSettings> settingsOf(const std::string& printer);
+
+  FrmReport& form_;
+  Platform platform_;
+};
+
+}  // namespace paperway
