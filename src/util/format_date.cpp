@@ -18,9 +18,6 @@ constexpr std::string_view kWeekdays[] = {"Sunday",   "Monday", "Tuesday", "Wedn
                                           "Thursday", "Friday", "Saturday"};
 constexpr std::size_t kAbbreviation = 3;
 
-/// The longest symbol is the long date, "Wednesday, September 30, 2026".
-constexpr std::size_t kLongestPart = 32;
-
 char lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c;
 }
@@ -92,33 +89,34 @@ struct DateFormat::Letter {
   char letter;
   std::uint8_t count;
   Part part;
+  std::uint8_t room;  // bytes of its longest text
 };
 
 const DateFormat::Letter DateFormat::kLetters[] = {
-    {'d', 6, Part::longDate},
-    {'d', 5, Part::shortDate},
-    {'d', 4, Part::weekdayLong},
-    {'d', 3, Part::weekdayShort},
-    {'d', 2, Part::dayTwoDigits},
-    {'d', 1, Part::day},
-    {'w', 2, Part::week},
-    {'w', 1, Part::weekdayNumber},
-    {'m', 4, Part::monthLong},
-    {'m', 3, Part::monthShort},
-    {'m', 2, Part::monthTwoDigits},
-    {'m', 1, Part::month},
-    {'q', 1, Part::quarter},
-    {'y', 4, Part::year},
-    {'y', 2, Part::yearTwoDigits},
-    {'y', 1, Part::dayOfYear},
-    {'h', 2, Part::hourTwoDigits},
-    {'h', 1, Part::hour},
-    {'n', 2, Part::minuteTwoDigits},
-    {'n', 1, Part::minute},
-    {'s', 2, Part::secondTwoDigits},
-    {'s', 1, Part::second},
-    {'t', 5, Part::longTime},
-    {'c', 1, Part::general},
+    {'d', 6, Part::longDate, 29},
+    {'d', 5, Part::shortDate, 10},
+    {'d', 4, Part::weekdayLong, 9},
+    {'d', 3, Part::weekdayShort, 3},
+    {'d', 2, Part::dayTwoDigits, 2},
+    {'d', 1, Part::day, 2},
+    {'w', 2, Part::week, 2},
+    {'w', 1, Part::weekdayNumber, 1},
+    {'m', 4, Part::monthLong, 9},
+    {'m', 3, Part::monthShort, 3},
+    {'m', 2, Part::monthTwoDigits, 2},
+    {'m', 1, Part::month, 2},
+    {'q', 1, Part::quarter, 1},
+    {'y', 4, Part::year, 4},
+    {'y', 2, Part::yearTwoDigits, 2},
+    {'y', 1, Part::dayOfYear, 3},
+    {'h', 2, Part::hourTwoDigits, 2},
+    {'h', 1, Part::hour, 2},
+    {'n', 2, Part::minuteTwoDigits, 2},
+    {'n', 1, Part::minute, 2},
+    {'s', 2, Part::secondTwoDigits, 2},
+    {'s', 1, Part::second, 2},
+    {'t', 5, Part::longTime, 11},
+    {'c', 1, Part::general, 22},
 };
 
 bool beginsDateSymbol(Symbols rest) {
@@ -151,7 +149,7 @@ std::size_t DateFormat::readLetters(Symbols rest) {
   const std::size_t run = runLength(rest);
   for (const Letter& each : kLetters) {
     if (each.letter != letter || each.count > run) continue;
-    add(each.part);
+    add(each.part, each.room);
     return each.count;
   }
   return 0;
@@ -164,7 +162,7 @@ std::size_t DateFormat::readHalfOfDay(Symbols rest) {
     const bool small = rest[0].character == 'a' && word != "ampm";
     const std::string_view halves =
         word == "a/p" ? (small ? "ap" : "AP") : (small ? "ampm" : "AMPM");
-    add(Part::halfOfDay);
+    add(Part::halfOfDay, halves.size() / 2);
     steps_.back().text = static_cast<std::uint32_t>(texts_.size());
     steps_.back().length = static_cast<std::uint8_t>(halves.size() / 2);
     texts_ += halves;
@@ -184,7 +182,7 @@ void DateFormat::addLiteral(char c) {
 }
 
 /// Right behind hours, months are minutes.
-void DateFormat::add(Part part) {
+void DateFormat::add(Part part, std::size_t room) {
   const auto last = std::find_if(steps_.rbegin(), steps_.rend(),
                                  [](const Step& step) { return step.part != Part::literal; });
   if (last != steps_.rend() && (last->part == Part::hour || last->part == Part::hourTwoDigits)) {
@@ -192,7 +190,7 @@ void DateFormat::add(Part part) {
     if (part == Part::monthTwoDigits) part = Part::minuteTwoDigits;
   }
   steps_.push_back({part});
-  room_ += kLongestPart;
+  room_ += room;
 }
 
 void DateFormat::useTwelveHours() {

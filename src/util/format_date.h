@@ -61,7 +61,7 @@ class DateFormat {
   std::size_t readLetters(Symbols rest);
   std::size_t readHalfOfDay(Symbols rest);
   void addLiteral(char c);
-  void add(Part part);
+  void add(Part part, std::size_t room);
   void useTwelveHours();
   char* write(char* at, const Step& step, const Date& date) const;
 

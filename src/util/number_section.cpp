@@ -88,8 +88,8 @@ bool NumberSection::appendScaled(std::string& out, std::uint64_t scaled, bool mi
   }
   if (point_) *--at = '.';
   at = writeWholeBefore(at, scaled);
-  if (minus && before_.empty()) {
-    *--at = '-';
+  if (before_.empty()) {
+    if (minus) *--at = '-';
   } else {
     if (minus) out += '-';
     out += before_;
