@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <string_view>
 
 #include "util/date_text.h"
@@ -44,6 +43,10 @@ char* writeText(char* at, std::string_view text) {
   return at + text.size();
 }
 
+char* writeShort(char* at, std::string_view name) {
+  return writeText(at, name.substr(0, kAbbreviation));
+}
+
 std::string_view monthName(const Date& date) {
   return kMonths[date.month - 1];
 }
@@ -83,40 +86,44 @@ constexpr std::string_view kHalvesOfDay[] = {"am/pm", "ampm", "a/p"};
 
 }  // namespace
 
-/// What a letter means when it is repeated once, twice and so on; of longer runs the longest
-/// meaning is taken first.
-struct DateFormat::Letter {
+/// What a letter means when it is repeated so many times; of longer runs the longest meaning is
+/// taken first. No pattern can say the letters 'H' and 'a': they are hours of twelve and the half
+/// of the day, which has no writer.
+struct DateFormat::Part {
   char letter;
   std::uint8_t count;
-  Part part;
   std::uint8_t room;  // bytes of its longest text
+  char* (*write)(char* at, const Date& date);
 };
 
-const DateFormat::Letter DateFormat::kLetters[] = {
-    {'d', 6, Part::longDate, 29},
-    {'d', 5, Part::shortDate, 10},
-    {'d', 4, Part::weekdayLong, 9},
-    {'d', 3, Part::weekdayShort, 3},
-    {'d', 2, Part::dayTwoDigits, 2},
-    {'d', 1, Part::day, 2},
-    {'w', 2, Part::week, 2},
-    {'w', 1, Part::weekdayNumber, 1},
-    {'m', 4, Part::monthLong, 9},
-    {'m', 3, Part::monthShort, 3},
-    {'m', 2, Part::monthTwoDigits, 2},
-    {'m', 1, Part::month, 2},
-    {'q', 1, Part::quarter, 1},
-    {'y', 4, Part::year, 4},
-    {'y', 2, Part::yearTwoDigits, 2},
-    {'y', 1, Part::dayOfYear, 3},
-    {'h', 2, Part::hourTwoDigits, 2},
-    {'h', 1, Part::hour, 2},
-    {'n', 2, Part::minuteTwoDigits, 2},
-    {'n', 1, Part::minute, 2},
-    {'s', 2, Part::secondTwoDigits, 2},
-    {'s', 1, Part::second, 2},
-    {'t', 5, Part::longTime, 11},
-    {'c', 1, Part::general, 22},
+const DateFormat::Part DateFormat::kParts[] = {
+    {'d', 6, 29, writeLongDate},
+    {'d', 5, 10, writeShortDate},
+    {'d', 4, 9, [](char* at, const Date& date) { return writeText(at, weekdayName(date)); }},
+    {'d', 3, 3, [](char* at, const Date& date) { return writeShort(at, weekdayName(date)); }},
+    {'d', 2, 2, [](char* at, const Date& date) { return writeTwoDigits(at, date.day); }},
+    {'d', 1, 2, [](char* at, const Date& date) { return writeSmall(at, date.day); }},
+    {'w', 2, 2, [](char* at, const Date& date) { return writeSmall(at, weekOfYear(date)); }},
+    {'w', 1, 1, [](char* at, const Date& date) { return writeSmall(at, dayOfWeek(date) + 1u); }},
+    {'m', 4, 9, [](char* at, const Date& date) { return writeText(at, monthName(date)); }},
+    {'m', 3, 3, [](char* at, const Date& date) { return writeShort(at, monthName(date)); }},
+    {'m', 2, 2, [](char* at, const Date& date) { return writeTwoDigits(at, date.month); }},
+    {'m', 1, 2, [](char* at, const Date& date) { return writeSmall(at, date.month); }},
+    {'q', 1, 1, [](char* at, const Date& date) { return writeSmall(at, (date.month + 2u) / 3); }},
+    {'y', 4, 4, writeYear},
+    {'y', 2, 2, [](char* at, const Date& date) { return writeTwoDigits(at, date.year % 100u); }},
+    {'y', 1, 3, writeDayOfYear},
+    {'h', 2, 2, [](char* at, const Date& date) { return writeTwoDigits(at, date.hour); }},
+    {'h', 1, 2, [](char* at, const Date& date) { return writeSmall(at, date.hour); }},
+    {'H', 2, 2, [](char* at, const Date& date) { return writeTwoDigits(at, twelveHours(date)); }},
+    {'H', 1, 2, [](char* at, const Date& date) { return writeSmall(at, twelveHours(date)); }},
+    {'n', 2, 2, [](char* at, const Date& date) { return writeTwoDigits(at, date.minute); }},
+    {'n', 1, 2, [](char* at, const Date& date) { return writeSmall(at, date.minute); }},
+    {'s', 2, 2, [](char* at, const Date& date) { return writeTwoDigits(at, date.second); }},
+    {'s', 1, 2, [](char* at, const Date& date) { return writeSmall(at, date.second); }},
+    {'t', 5, 11, writeLongTime},
+    {'c', 1, 22, writeGeneral},
+    {'a', 1, 2, nullptr},
 };
 
 bool beginsDateSymbol(Symbols rest) {
@@ -145,12 +152,14 @@ DateFormat::DateFormat(Symbols pattern) {
 /// Takes one symbol made of a repeated letter; 0 when none begins here.
 std::size_t DateFormat::readLetters(Symbols rest) {
   if (rest[0].literal) return 0;
-  const char letter = lower(rest[0].character);
+  char letter = lower(rest[0].character);
   const std::size_t run = runLength(rest);
-  for (const Letter& each : kLetters) {
-    if (each.letter != letter || each.count > run) continue;
-    add(each.part, each.room);
-    return each.count;
+  if (letter == 'a') return 0;
+  if (letter == 'm' && run <= 2 && followsHour()) letter = 'n';
+  for (const Part& part : kParts) {
+    if (part.letter != letter || part.count > run) continue;
+    add(part);
+    return part.count;
   }
   return 0;
 }
@@ -162,9 +171,10 @@ std::size_t DateFormat::readHalfOfDay(Symbols rest) {
     const bool small = rest[0].character == 'a' && word != "ampm";
     const std::string_view halves =
         word == "a/p" ? (small ? "ap" : "AP") : (small ? "ampm" : "AMPM");
-    add(Part::halfOfDay, halves.size() / 2);
+    add(*std::find_if(std::begin(kParts), std::end(kParts),
+                      [](const Part& part) { return part.letter == 'a'; }));
     steps_.back().text = static_cast<std::uint32_t>(texts_.size());
-    steps_.back().length = static_cast<std::uint8_t>(halves.size() / 2);
+    steps_.back().length = static_cast<std::uint32_t>(halves.size() / 2);
     texts_ += halves;
     return word.size();
   }
@@ -172,35 +182,37 @@ std::size_t DateFormat::readHalfOfDay(Symbols rest) {
 }
 
 void DateFormat::addLiteral(char c) {
-  constexpr std::uint8_t kLongest = std::numeric_limits<std::uint8_t>::max();
-  if (steps_.empty() || steps_.back().part != Part::literal || steps_.back().length == kLongest) {
-    steps_.push_back({Part::literal, 0, static_cast<std::uint32_t>(texts_.size())});
+  if (steps_.empty() || steps_.back().part != nullptr) {
+    steps_.push_back({nullptr, static_cast<std::uint32_t>(texts_.size())});
   }
   ++steps_.back().length;
   texts_ += c;
   ++room_;
 }
 
+void DateFormat::add(const Part& part) {
+  steps_.push_back({&part});
+  room_ += part.room;
+}
+
 /// Right behind hours, months are minutes.
-void DateFormat::add(Part part, std::size_t room) {
+bool DateFormat::followsHour() const {
   const auto last = std::find_if(steps_.rbegin(), steps_.rend(),
-                                 [](const Step& step) { return step.part != Part::literal; });
-  if (last != steps_.rend() && (last->part == Part::hour || last->part == Part::hourTwoDigits)) {
-    if (part == Part::month) part = Part::minute;
-    if (part == Part::monthTwoDigits) part = Part::minuteTwoDigits;
-  }
-  steps_.push_back({part});
-  room_ += room;
+                                 [](const Step& step) { return step.part != nullptr; });
+  return last != steps_.rend() && last->part->letter == 'h';
 }
 
 void DateFormat::useTwelveHours() {
-  if (std::none_of(steps_.begin(), steps_.end(),
-                   [](const Step& step) { return step.part == Part::halfOfDay; })) {
+  if (std::none_of(steps_.begin(), steps_.end(), [](const Step& step) {
+        return step.part != nullptr && step.part->letter == 'a';
+      })) {
     return;
   }
   for (Step& step : steps_) {
-    if (step.part == Part::hour) step.part = Part::hourOfTwelve;
-    if (step.part == Part::hourTwoDigits) step.part = Part::hourOfTwelveTwoDigits;
+    if (step.part == nullptr || step.part->letter != 'h') continue;
+    step.part = std::find_if(std::begin(kParts), std::end(kParts), [&](const Part& part) {
+      return part.letter == 'H' && part.count == step.part->count;
+    });
   }
 }
 
@@ -237,71 +249,15 @@ void DateFormat::append(std::string& out, const Date& date) const {
   const std::size_t before = out.size();
   out.resize(before + room_);
   char* at = out.data() + before;
-  for (const Step& step : steps_) at = write(at, step, date);
-  out.resize(static_cast<std::size_t>(at - out.data()));
-}
-
-char* DateFormat::write(char* at, const Step& step, const Date& date) const {
-  switch (step.part) {
-    case Part::literal:
-      return writeText(at, {texts_.data() + step.text, step.length});
-    case Part::day:
-      return writeSmall(at, date.day);
-    case Part::dayTwoDigits:
-      return writeTwoDigits(at, date.day);
-    case Part::weekdayShort:
-      return writeText(at, weekdayName(date).substr(0, kAbbreviation));
-    case Part::weekdayLong:
-      return writeText(at, weekdayName(date));
-    case Part::weekdayNumber:
-      return writeSmall(at, static_cast<unsigned>(dayOfWeek(date)) + 1);
-    case Part::week:
-      return writeSmall(at, weekOfYear(date));
-    case Part::month:
-      return writeSmall(at, date.month);
-    case Part::monthTwoDigits:
-      return writeTwoDigits(at, date.month);
-    case Part::monthShort:
-      return writeText(at, monthName(date).substr(0, kAbbreviation));
-    case Part::monthLong:
-      return writeText(at, monthName(date));
-    case Part::quarter:
-      return writeSmall(at, (date.month + 2u) / 3);
-    case Part::dayOfYear:
-      return writeDayOfYear(at, date);
-    case Part::yearTwoDigits:
-      return writeTwoDigits(at, static_cast<unsigned>(date.year % 100));
-    case Part::year:
-      return writeYear(at, date);
-    case Part::hour:
-      return writeSmall(at, date.hour);
-    case Part::hourTwoDigits:
-      return writeTwoDigits(at, date.hour);
-    case Part::hourOfTwelve:
-      return writeSmall(at, twelveHours(date));
-    case Part::hourOfTwelveTwoDigits:
-      return writeTwoDigits(at, twelveHours(date));
-    case Part::minute:
-      return writeSmall(at, date.minute);
-    case Part::minuteTwoDigits:
-      return writeTwoDigits(at, date.minute);
-    case Part::second:
-      return writeSmall(at, date.second);
-    case Part::secondTwoDigits:
-      return writeTwoDigits(at, date.second);
-    case Part::halfOfDay:
-      return writeText(
-          at, {texts_.data() + step.text + (date.hour < 12 ? 0 : step.length), step.length});
-    case Part::shortDate:
-      return writeShortDate(at, date);
-    case Part::longDate:
-      return writeLongDate(at, date);
-    case Part::longTime:
-      return writeLongTime(at, date);
-    case Part::general:
-      return writeGeneral(at, date);
+  for (const Step& step : steps_) {
+    if (step.part != nullptr && step.part->write != nullptr) {
+      at = step.part->write(at, date);
+    } else {
+      const bool secondHalf = step.part != nullptr && date.hour >= 12;
+      at = writeText(at, {texts_.data() + step.text + (secondHalf ? step.length : 0), step.length});
+    }
   }
-  return at;
+  out.resize(static_cast<std::size_t>(at - out.data()));
 }
 
 }  // namespace paperway

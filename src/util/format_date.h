@@ -18,54 +18,24 @@ class DateFormat {
   void append(std::string& out, const Date& date) const;
 
  private:
-  enum class Part : std::uint8_t {
-    literal,
-    day,
-    dayTwoDigits,
-    weekdayShort,
-    weekdayLong,
-    weekdayNumber,
-    week,
-    month,
-    monthTwoDigits,
-    monthShort,
-    monthLong,
-    quarter,
-    dayOfYear,
-    yearTwoDigits,
-    year,
-    hour,
-    hourTwoDigits,
-    hourOfTwelve,
-    hourOfTwelveTwoDigits,
-    minute,
-    minuteTwoDigits,
-    second,
-    secondTwoDigits,
-    halfOfDay,
-    shortDate,
-    longDate,
-    longTime,
-    general,
-  };
+  struct Part;
 
-  /// A literal, or the words for the halves of the day, are texts_[text, text + length).
+  /// A part of the date or, without one, the literal texts_[text, text + length). The words for the
+  /// halves of the day stand there too, one behind the other.
   struct Step {
-    Part part;
-    std::uint8_t length = 0;
+    const Part* part = nullptr;
     std::uint32_t text = 0;
+    std::uint32_t length = 0;
   };
-
-  struct Letter;
 
   std::size_t readLetters(Symbols rest);
   std::size_t readHalfOfDay(Symbols rest);
   void addLiteral(char c);
-  void add(Part part, std::size_t room);
+  void add(const Part& part);
+  bool followsHour() const;
   void useTwelveHours();
-  char* write(char* at, const Step& step, const Date& date) const;
 
-  static const Letter kLetters[];
+  static const Part kParts[];
 
   std::vector<Step> steps_;
   std::string texts_;
