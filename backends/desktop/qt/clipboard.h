@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/clipboard.h"
+
+namespace paperway::qt {
+
+class Clipboard : public paperway::Clipboard {
+ public:
+  std::string text() override;
+  void setText(std::string_view text) override;
+};
+
+}  // namespace paperway::qt

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/dialogs.h"
+
+namespace paperway::qt {
+
+class Dialogs : public paperway::Dialogs {
+ public:
+  std::optional<std::filesystem::path> openFile(const FileQuestion& question) override;
+  std::optional<std::filesystem::path> saveFile(const FileQuestion& question) override;
+  std::optional<std::uint32_t> color(std::uint32_t start) override;
+};
+
+}  // namespace paperway::qt

@@ -1,0 +1,416 @@
+#include "backends/desktop/qt/form_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QTimer>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "backends/desktop/qt/control_view.h"
+#include "backends/desktop/qt/convert.h"
+#include "backends/desktop/qt/message_box.h"
+#include "backends/desktop/qt/windows.h"
+#include "controls/buttons.h"
+
+namespace paperway::qt {
+namespace {
+
+/// The character of a key press, 0 for none.
+char32_t characterOf(const QKeyEvent& event) {
+  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
+    return 0;
+  }
+  const QList<uint> characters = event.text().toUcs4();
+  return characters.size() == 1 && characters[0] != '\t' ? characters[0] : 0;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(std::shared_ptr<Form> form, Windows& owner)
+    : form_(std::move(form)), owner_(owner) {
+  setObjectName(text(form_->name));
+  setMouseTracking(true);
+  setAttribute(Qt::WA_DeleteOnClose, false);
+  setMinimumSize(pixels(form_->MinWidth), pixels(form_->MinHeight));
+  const QSize size(pixels(form_->Width), pixels(form_->Height));
+  if (form_->Sizable) {
+    resize(size);
+  } else {
+    setFixedSize(size);
+  }
+  build();
+}
+
+FormWindow::~FormWindow() = default;
+
+void FormWindow::build() {
+  for (Control* control : form_->controls()) {
+    if (control->kind == ControlKind::timer) {
+      buildTimer(static_cast<Timer&>(*control));
+      continue;
+    }
+    const ControlView* outer =
+        control->container == nullptr ? nullptr : view(*control->container);
+    auto made = makeView(*this, *control, outer == nullptr ? this : &outer->widget);
+    if (made == nullptr) continue;
+    byControl_.insert(control, made.get());
+    views_.push_back(std::move(made));
+  }
+}
+
+void FormWindow::buildTimer(Timer& timer) {
+  auto* clock = new QTimer(this);
+  connect(clock, &QTimer::timeout, this, [this, &timer] { act([&timer] { timer.tick(); }); });
+  timers_.emplace_back(&timer, clock);
+}
+
+void FormWindow::watch(QWidget& widget, ControlView& view) {
+  watched_.insert(&widget, &view);
+  widget.installEventFilter(this);
+}
+
+void FormWindow::tell(const std::exception& error) {
+  sync();
+  MessageBox().show(error.what(), form_->Caption, MessageBox::Buttons::ok,
+                    MessageBox::Icon::critical);
+}
+
+void FormWindow::finish() {
+  if (!form_->loaded()) {
+    hide();
+    owner_.forget(*this);
+    return;
+  }
+  sync();
+  popUp();
+}
+
+void FormWindow::sync() {
+  syncAgain_ = true;
+  if (syncing_) return;  // a widget answered to being set; the loop below goes round once more
+  syncing_ = true;
+  while (syncAgain_) {
+    syncAgain_ = false;
+    syncOnce();
+  }
+  syncing_ = false;
+}
+
+void FormWindow::syncOnce() {
+  if (windowTitle() != text(form_->Caption)) setWindowTitle(text(form_->Caption));
+  if (isEnabled() != form_->Enabled) setEnabled(form_->Enabled);
+  if (form_->MousePointer == mpHourglass) {
+    setCursor(Qt::WaitCursor);
+  } else {
+    unsetCursor();
+  }
+  keepFocusInReach();
+  for (const auto& view : views_) view->sync();
+  syncTimers();
+  focusNewPanel();
+  syncFocus();
+}
+
+void FormWindow::syncTimers() {
+  for (const auto& [timer, clock] : timers_) {
+    const bool runs = timer->Enabled && timer->Interval > 0 && form_->loaded();
+    if (!runs) {
+      clock->stop();
+    } else if (!clock->isActive() || clock->interval() != timer->Interval) {
+      clock->start(timer->Interval);
+    }
+  }
+}
+
+/// A control that was hidden or disabled gives the focus back to where it came from, or to the
+/// text, which is what the window is for.
+void FormWindow::keepFocusInReach() {
+  const Control* active = form_->activeControl();
+  if (active == nullptr || active->reachable()) return;
+  while (!focusTrail_.empty()) {
+    Control* before = focusTrail_.back();
+    focusTrail_.pop_back();
+    if (form_->moveFocus(before)) return;
+  }
+  const std::vector<Control*> order = form_->tabOrder();
+  const auto page = std::find_if(order.begin(), order.end(), [](const Control* control) {
+    return control->kind == ControlKind::richText;
+  });
+  if (page != order.end()) {
+    form_->moveFocus(*page);
+  } else if (!order.empty()) {
+    form_->moveFocus(order.front());
+  }
+}
+
+void FormWindow::focusNewPanel() {
+  for (const auto& view : views_) {
+    const Control& control = view->control;
+    if (control.kind != ControlKind::frame || !static_cast<const Frame&>(control).Panel) continue;
+    const auto known = std::find(openPanels_.begin(), openPanels_.end(), &control);
+    if (!control.shown()) {
+      if (known != openPanels_.end()) openPanels_.erase(known);
+      continue;
+    }
+    if (known != openPanels_.end()) continue;
+    openPanels_.push_back(&control);
+    view->widget.raise();
+    const auto inside = [&control](const Control* at) {
+      while (at != nullptr && at != &control) at = at->container;
+      return at != nullptr;
+    };
+    if (inside(form_->activeControl())) continue;
+    const std::vector<Control*> order = form_->tabOrder();
+    const auto first = std::find_if(order.begin(), order.end(), inside);
+    if (first == order.end()) continue;
+    if (form_->activeControl() != nullptr) focusTrail_.push_back(form_->activeControl());
+    form_->moveFocus(*first);
+  }
+}
+
+void FormWindow::syncFocus() {
+  if (form_->activeControl() == nullptr) return;
+  ControlView* active = view(*form_->activeControl());
+  if (active != nullptr && focusWidget() != &active->widget) active->widget.setFocus();
+}
+
+void FormWindow::popUp() {
+  const auto request = form_->takePopup();
+  if (!request) return;
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (MenuItem* item : request->menu->items) {
+    if (!item->Visible) continue;
+    if (item->divider()) {
+      menu->addSeparator();
+      continue;
+    }
+    QAction* action = menu->addAction(caption(item->Caption));
+    action->setEnabled(item->Enabled);
+    action->setCheckable(item->Checked);
+    action->setChecked(item->Checked);
+    connect(action, &QAction::triggered, this, [this, item] { act([item] { item->click(); }); });
+  }
+  menu->popup(mapToGlobal(QPoint(pixels(request->x), pixels(request->y))));
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  act([this] { form_->resize(twips(width()), twips(height())); });
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();  // finish() closes what is no longer loaded
+  act([this] { form_->unload(); });
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    owner_.cameToFront(*this);
+  } else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
+             event->type() == QEvent::StyleChange) {
+    for (const auto& view : views_) view->forgetLook();
+    sync();
+  }
+}
+
+// Keyboard
+
+Control* FormWindow::neighbour(bool forward) const {
+  // Of the options of one container the selected one is the stop; arrows go to the others.
+  const Control* from = form_->activeControl();
+  std::vector<Control*> order = form_->tabOrder();
+  const auto passedOver = [&order, from](Control* control) {
+    if (control == from || control->kind != ControlKind::optionButton) return false;
+    if (static_cast<OptionButton*>(control)->Value) return false;
+    return std::any_of(order.begin(), order.end(), [control](const Control* other) {
+      return other->kind == ControlKind::optionButton && other->container == control->container &&
+             static_cast<const OptionButton*>(other)->Value;
+    });
+  };
+  std::vector<Control*> stops;
+  std::remove_copy_if(order.begin(), order.end(), std::back_inserter(stops), passedOver);
+  if (stops.empty()) return nullptr;
+  const auto at = std::find(stops.begin(), stops.end(), from);
+  if (at == stops.end()) return forward ? stops.front() : stops.back();
+  const auto count = static_cast<std::ptrdiff_t>(stops.size());
+  const std::ptrdiff_t next = (at - stops.begin() + (forward ? 1 : count - 1)) % count;
+  return stops[static_cast<std::size_t>(next)];
+}
+
+bool FormWindow::focusNextPrevChild(bool next) {
+  Control* target = neighbour(next);
+  if (target == nullptr) return false;
+  act([this, target] { form_->moveFocus(target); });
+  if (form_->activeControl() == target && view(*target) != nullptr) {
+    view(*target)->widget.setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  }
+  return true;
+}
+
+bool FormWindow::pressAccessKey(const QKeyEvent& event) {
+  const bool alt = (event.modifiers() & Qt::AltModifier) != 0;
+  if (!alt || (event.modifiers() & Qt::ControlModifier) != 0) return false;
+  const int key = event.key();
+  if (key <= Qt::Key_Space || key >= Qt::Key_Escape) return false;
+  bool pressed = false;
+  act([&] { pressed = form_->pressAccessKey(static_cast<char32_t>(key)); });
+  return pressed;
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  // Keys come here when no control has the focus.
+  if (focusWidget() != nullptr && focusWidget() != this) return event->ignore();
+  if (pressAccessKey(*event)) return;
+  int code = keyCode(event->key(), event->modifiers());
+  act([&] { form_->Form_KeyDown(code, shiftMask(event->modifiers())); });
+}
+
+bool FormWindow::filterKeyPress(ControlView& view, QKeyEvent& event) {
+  if (pressAccessKey(event)) return true;
+  const QPointer<FormWindow> alive(this);
+  Control& control = view.control;
+  int code = keyCode(event.key(), event.modifiers());
+  const bool known = code != 0;
+  const char32_t before = characterOf(event);
+  int key = static_cast<int>(before);
+  act([&] {
+    if (known) control.keyDown(code, shiftMask(event.modifiers()));
+    if (key != 0 && (code != 0 || !known)) control.keyPress(key);
+  });
+  if (!alive || !form_->loaded()) return true;
+  if ((known && code == 0) || (before != 0 && key == 0)) return true;
+  if (!control.reachable()) return true;
+  if (view.clickIsEnter() && key == keyReturn) {
+    act([&control] { control.click(); });
+    return true;
+  }
+  if (control.kind == ControlKind::optionButton && selectsByArrow(control, code)) return true;
+  return view.takeKey(event, before, static_cast<char32_t>(key));
+}
+
+/// Arrows go from option to option of one container and select.
+bool FormWindow::selectsByArrow(Control& option, int code) {
+  const bool back = code == keyLeft || code == keyUp;
+  if (!back && code != keyRight && code != keyDown) return false;
+  std::vector<Control*> options = form_->tabOrder();
+  options.erase(std::remove_if(options.begin(), options.end(),
+                               [&option](const Control* other) {
+                                 return other->kind != option.kind ||
+                                        other->container != option.container;
+                               }),
+                options.end());
+  const auto at = std::find(options.begin(), options.end(), &option);
+  if (at == options.end() || options.size() < 2) return true;
+  const auto count = static_cast<std::ptrdiff_t>(options.size());
+  Control* next =
+      options[static_cast<std::size_t>((at - options.begin() + (back ? count - 1 : 1)) % count)];
+  act([this, next] {
+    if (form_->moveFocus(next)) next->click();
+  });
+  return true;
+}
+
+// Mouse and focus
+
+/// Ctrl and the wheel are Ctrl and plus or minus.
+void FormWindow::wheelEvent(QWheelEvent* event) {
+  const int turned = event->angleDelta().y();
+  if ((event->modifiers() & Qt::ControlModifier) == 0 || turned == 0) return;
+  int code = turned > 0 ? keyAdd : keySubtract;
+  act([&] { form_->Form_KeyDown(code, smCtrl); });
+}
+
+void FormWindow::mouseMoveEvent(QMouseEvent* event) {
+  const MouseEvent moved{0, shiftMask(event->modifiers()), twips(event->pos().x()),
+                         twips(event->pos().y())};
+  act([&] { form_->Form_MouseMove(moved); });
+}
+
+bool FormWindow::filterMouse(ControlView& view, QWidget& widget, QMouseEvent& event) {
+  Control& control = view.control;
+  const QPoint place = widget.mapTo(&view.widget, event.pos());
+  const MouseEvent what{mouseButton(event.button()), shiftMask(event.modifiers()),
+                        twips(place.x()), twips(place.y())};
+  const QPointer<FormWindow> alive(this);
+  const auto gone = [&] { return !alive || !form_->loaded(); };
+  event.accept();
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+      // The focus did not come along: the control that has it keeps it.
+      if (control.takesFocus() && form_->activeControl() != &control) {
+        if (!focusArrives(view, Qt::MouseFocusReason)) return true;
+      }
+      act([&] { control.mouseDown(what); });
+      break;
+    case QEvent::MouseButtonDblClick:
+      act([&] {
+        control.mouseDown(what);
+        control.doubleClick();
+      });
+      break;
+    case QEvent::MouseMove:
+      if (control.onMouseMove) act([&] { control.mouseMove(what); });
+      break;
+    default:
+      break;
+  }
+  if (gone()) return true;
+  const bool own = &widget == &view.widget;
+  if (own) {
+    static_cast<QObject&>(widget).event(&event);
+    event.accept();
+    if (gone()) return true;
+  }
+  if (event.type() != QEvent::MouseButtonRelease) return own;
+  act([&] {
+    const bool inside = view.widget.rect().contains(place);
+    if (inside && view.clickIsRelease(what.button)) control.click();
+    control.mouseUp(what);
+  });
+  return own;  // a part of a greater widget handles the event by itself
+}
+
+bool FormWindow::focusArrives(ControlView& view, Qt::FocusReason reason) {
+  if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return true;
+  bool moved = false;
+  act([&] { moved = form_->moveFocus(&view.control); });
+  return moved;
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  ControlView* view = watched_.value(watched);
+  if (view == nullptr) return false;
+  auto& widget = *static_cast<QWidget*>(watched);
+  switch (event->type()) {
+    case QEvent::KeyPress:
+      return filterKeyPress(*view, *static_cast<QKeyEvent*>(event));
+    case QEvent::KeyRelease: {
+      const auto& key = *static_cast<QKeyEvent*>(event);
+      int code = keyCode(key.key(), key.modifiers());
+      if (code != 0 && view->control.onKeyUp) {
+        act([&] { view->control.keyUp(code, shiftMask(key.modifiers())); });
+      }
+      return false;
+    }
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+      return filterMouse(*view, widget, *static_cast<QMouseEvent*>(event));
+    case QEvent::FocusIn:
+      focusArrives(*view, static_cast<QFocusEvent*>(event)->reason());
+      return false;
+    case QEvent::Leave:
+      // The pointer may jump over the form's own surface.
+      if (view->control.onMouseMove) act([this] { form_->Form_MouseMove({}); });
+      return false;
+    default:
+      return false;
+  }
+}
+
+}  // namespace paperway::qt

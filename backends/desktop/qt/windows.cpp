@@ -1,0 +1,83 @@
+#include "backends/desktop/qt/windows.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QScreen>
+#include <algorithm>
+
+#include "backends/desktop/qt/convert.h"
+#include "backends/desktop/qt/form_window.h"
+
+namespace paperway::qt {
+namespace {
+
+/// A loop that gives way thousands of times a second need not repaint as often.
+constexpr std::chrono::milliseconds kBetweenRepaints{15};
+
+}  // namespace
+
+Windows::Windows() = default;
+
+Windows::~Windows() {
+  for (FormWindow* window : windows_) delete window;
+}
+
+FormWindow* Windows::window(const Form& form) const {
+  const auto found = std::find_if(windows_.begin(), windows_.end(), [&form](const FormWindow* w) {
+    return &w->form() == &form;
+  });
+  return found == windows_.end() ? nullptr : *found;
+}
+
+void Windows::show(std::shared_ptr<Form> form) {
+  FormWindow* shown = window(*form);
+  if (shown == nullptr) {
+    shown = new FormWindow(std::move(form), *this);
+    windows_.push_back(shown);
+    shown->sync();
+    shown->show();
+  }
+  shown->raise();
+  shown->activateWindow();
+  cameToFront(*shown);
+}
+
+ScreenSize Windows::screen() {
+  const QSize size = QApplication::primaryScreen()->availableSize();
+  return {twips(size.width()), twips(size.height())};
+}
+
+void Windows::doEvents() {
+  const auto now = std::chrono::steady_clock::now();
+  if (now - lastSync_ < kBetweenRepaints) return;
+  for (FormWindow* window : std::vector(windows_)) window->sync();
+  QApplication::processEvents();
+  lastSync_ = std::chrono::steady_clock::now();
+}
+
+void Windows::run() {
+  if (windows_.empty()) return;
+  QEventLoop loop;
+  loop_ = &loop;
+  loop.exec();
+  loop_ = nullptr;
+}
+
+void Windows::forget(FormWindow& window) {
+  const auto found = std::find(windows_.begin(), windows_.end(), &window);
+  if (found == windows_.end()) return;
+  windows_.erase(found);
+  if (front_ == &window) front_ = nullptr;
+  window.deleteLater();
+  if (windows_.empty() && loop_ != nullptr) loop_->quit();
+}
+
+/// A form is told when it comes to the front of the other forms, not when the user returns to it
+/// from a message box or from another program: what was chosen on it stays.
+void Windows::cameToFront(FormWindow& window) {
+  if (front_ == &window) return;
+  front_ = &window;
+  window.act([&window] { window.form().activate(); });
+}
+
+}  // namespace paperway::qt
