@@ -41,5 +41,6 @@ int main(int argc, char** argv) {
   paperway::command::addColumns(app);
   paperway::command::addWords(app);
   paperway::command::addSetting(app);
+  paperway::command::addPreview(app);
   return run(app, argc, argv);
 }

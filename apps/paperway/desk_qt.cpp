@@ -1,0 +1,102 @@
+#include <unistd.h>
+
+#include <QApplication>
+#include <QFile>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "apps/paperway/desk.h"
+#include "backends/desktop/qt/application.h"
+#include "backends/desktop/qt/clipboard.h"
+#include "backends/desktop/qt/dialogs.h"
+#include "backends/desktop/qt/form_window.h"
+#include "backends/desktop/qt/message_box.h"
+#include "backends/desktop/qt/shell.h"
+#include "backends/desktop/qt/windows.h"
+#include "backends/desktop/system/system.h"
+#include "backends/headless/headless.h"
+
+namespace paperway::command {
+namespace {
+
+/// Qt ends the program when it finds no display, so it is asked for before.
+void requireDisplay() {
+  for (const char* variable : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    const char* value = std::getenv(variable);
+    if (value != nullptr && *value != '\0') return;
+  }
+  throw std::runtime_error("There is no display to open a window on.");
+}
+
+class QtDesk : public Desk {
+ public:
+  explicit QtDesk(const Options& options)
+      : screenless_(options.screenless), application_(qt::makeApplication(argc_, argv_)) {
+    QApplication::setApplicationName(QStringLiteral("Paperway"));
+    if (options.dark) qt::useDarkColors();
+    headless_.printers.infos.clear();
+  }
+
+  Platform platform() override {
+    // A screenless desk has nobody to answer a message.
+    paperway::MessageBox& messages = screenless_
+                                         ? static_cast<paperway::MessageBox&>(system_.messageBox)
+                                         : messageBox_;
+    return {.messageBox = messages,
+            .windows = windows_,
+            .folders = system_.folders,
+            .clipboard = clipboard_,
+            .dialogs = dialogs_,
+            .shell = shell_,
+            .files = system_.files,
+            .clock = system_.clock,
+            .names = system_.names,
+            .userStore = system_.userStore,
+            .spooler = headless_.spooler,
+            .printers = headless_.printers,
+            .printDevice = headless_.printDevice};
+  }
+
+  Form& form() override { return windows_.windows().back()->form(); }
+
+  void run() override { windows_.run(); }
+
+  void draw(const std::filesystem::path& picture) override {
+    qt::FormWindow& window = *windows_.windows().back();
+    window.sync();
+    QApplication::processEvents();
+    QFile file(QFile::decodeName(picture.c_str()));
+    if (!file.open(QIODevice::WriteOnly) || !window.grab().save(&file, "PNG") || !file.flush()) {
+      throw std::runtime_error(picture.string() +
+                               " cannot be written: " + file.errorString().toStdString());
+    }
+  }
+
+ private:
+  bool screenless_;
+  int argc_ = 1;
+  char name_[9] = "paperway";
+  char* argv_[2] = {name_, nullptr};
+  std::unique_ptr<QApplication> application_;
+  desktop::System system_;
+  headless::Headless headless_{system_.folders.temporary()};
+  qt::Windows windows_;
+  qt::MessageBox messageBox_;
+  qt::Clipboard clipboard_;
+  qt::Dialogs dialogs_;
+  qt::Shell shell_;
+};
+
+}  // namespace
+
+std::unique_ptr<Desk> Desk::open(const Options& options) {
+  if (options.screenless) {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("QT_SCALE_FACTOR", std::to_string(options.scale).c_str(), 1);
+  } else {
+    requireDisplay();
+  }
+  return std::make_unique<QtDesk>(options);
+}
+
+}  // namespace paperway::command

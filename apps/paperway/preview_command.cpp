@@ -1,0 +1,134 @@
+#include <algorithm>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+#include "apps/paperway/commands.h"
+#include "apps/paperway/desk.h"
+#include "facade/class1.h"
+#include "preview/frm_report.h"
+
+namespace paperway::command {
+namespace {
+
+struct PreviewOptions {
+  std::string file;
+  PreviewReportArguments arguments;
+  std::string picture;
+  int page = 1;
+  std::vector<std::string> acts;
+  std::vector<int> size;
+  Desk::Options desk;
+};
+
+void addSwitch(CLI::App& command, const std::string& name, std::uint8_t& feature,
+               const std::string& help) {
+  command.add_flag_callback(name, [&feature] { feature = 0; }, help);
+}
+
+void goTo(FrmReport& form, int page) {
+  if (page > form.PageCount()) {
+    throw std::runtime_error(form.ReportPath + " has " + std::to_string(form.PageCount()) +
+                             " pages, not " + std::to_string(page) + ".");
+  }
+  form.Text2.Text = std::to_string(page);
+  int key = keyReturn;
+  form.Text2_KeyPress(key);
+  form.Text2.Text = "";
+}
+
+/// "NAME" clicks a control, "NAME=TEXT" types a text and Enter into it.
+void perform(Form& form, const std::string& act) {
+  const std::size_t equals = act.find('=');
+  Control& control = form.at(act.substr(0, equals));
+  if (equals == std::string::npos) {
+    form.moveFocus(&control);
+    if (!control.click()) throw std::runtime_error(control.name + " cannot be clicked now.");
+    return;
+  }
+  form.moveFocus(&control);
+  form.get<TextBox>(control.name).Text = act.substr(equals + 1);
+  int key = keyReturn;
+  control.keyPress(key);
+}
+
+void preview(const PreviewOptions& options) {
+  const std::unique_ptr<Desk> desk = Desk::open(options.desk);
+  Class1 report(desk->platform());
+  PreviewReportArguments arguments = options.arguments;
+  arguments.Path1 = options.file;
+  report.PreviewReport(arguments);
+  auto& form = dynamic_cast<FrmReport&>(desk->form());
+  if (options.page != 1) goTo(form, options.page);
+  if (options.picture.empty()) {
+    desk->run();
+    return;
+  }
+  if (!options.size.empty()) {
+    form.resize(options.size[0] * kTwipsPerPixel, options.size[1] * kTwipsPerPixel);
+  }
+  for (const std::string& act : options.acts) perform(form, act);
+  desk->draw(options.picture);
+}
+
+}  // namespace
+
+void addPreview(CLI::App& app) {
+  CLI::App* command = app.add_subcommand("preview", "Open a report in a window to read it");
+  const auto options = std::make_shared<PreviewOptions>();
+  PreviewReportArguments& arguments = options->arguments;
+  arguments = {.RCont = 1,
+               .REdit = 1,
+               .RSearch = 1,
+               .RImport = 1,
+               .RExport = 1,
+               .RColor = 1,
+               .RPrint = 1};
+  command->add_option("FILE", options->file, "Report file, or any text file")->required();
+  command->add_option("--page", options->page, "Begin with this page")
+      ->type_name("N")
+      ->check(CLI::PositiveNumber);
+  addSwitch(*command, "--no-edit", arguments.REdit, "Leave out the editing of pages");
+  addSwitch(*command, "--no-search", arguments.RSearch, "Leave out the search");
+  addSwitch(*command, "--no-import", arguments.RImport, "Leave out the opening of other files");
+  addSwitch(*command, "--no-export", arguments.RExport, "Leave out the export");
+  addSwitch(*command, "--no-color", arguments.RColor, "Leave out the settings");
+  addSwitch(*command, "--no-print", arguments.RPrint, "Leave out printing");
+  addSwitch(*command, "--no-continuous", arguments.RCont, "Leave out the view of all pages in one");
+  command->add_flag("--dark", options->desk.dark, "Dark colours, whatever the desktop says");
+  CLI::Option* picture =
+      command
+          ->add_option("--picture", options->picture,
+                       "Write a picture of the window instead of opening it; needs no display")
+          ->type_name("OUT.png");
+  command->add_option("--scale", options->desk.scale, "Scale of the picture")
+      ->type_name("FACTOR")
+      ->check(CLI::Range(1.0, 4.0))
+      ->needs(picture);
+  command->add_option("--size", options->size, "Width and height of the picture, unscaled")
+      ->type_name("W,H")
+      ->delimiter(',')
+      ->expected(2)
+      ->check(CLI::Range(200, 8000))
+      ->needs(picture);
+  command
+      ->add_option("--do", options->acts,
+                   "Before the picture, click a control by its name (Command2), or type into one "
+                   "(Text4=total); may be given again")
+      ->type_name("ACT")
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->needs(picture);
+  command->footer(
+      "Examples:\n"
+      "  paperway preview ledger.txt\n"
+      "  paperway preview ledger.txt --no-print --page 3\n"
+      "  paperway preview ledger.txt --picture page3.png --page 3 --scale 2");
+  command->callback([options] {
+    options->desk.screenless = !options->picture.empty();
+    preview(*options);
+  });
+}
+
+}  // namespace paperway::command
