@@ -44,6 +44,9 @@ class RichTextBox : public Control {
   int RightMargin = 0;  // twips; 0 wraps at the control's edge
   bool HorizontalBar = true;
   bool VerticalBar = true;
+  /// A reader, that is while the text is locked, presses a page key where there is nothing more to
+  /// scroll.
+  std::function<void(bool forward)> onTurnPage;
 
   /// The file's bytes become the text. An AutomationError leaves the text as it was.
   void LoadFile(const std::filesystem::path& path);

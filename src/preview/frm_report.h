@@ -58,6 +58,7 @@ class FrmReport : public Form {
   void Form_Resize() override { Form_Activate(); }
   void Form_Unload() override;
   void Form_MouseMove(const MouseEvent& event) override;
+  void Form_KeyDown(int& keyCode, int shift) override;
 
   // Pages and styles.
   void showPage();
@@ -87,7 +88,7 @@ class FrmReport : public Form {
   void CmdImport_Click();
   void Rt1_MouseDown(const MouseEvent& event);
   void Rt1_Click();
-  void Rt1_KeyDown(int keyCode);
+  void Rt1_KeyDown(int& keyCode, int shift);
   void Rt1_KeyUp();
   void cccc_Click();
   void pppp_Click();
@@ -112,6 +113,11 @@ class FrmReport : public Form {
   void tintLabels();
   void loadReport();
   void showPageNumber();
+  bool shortcut(int keyCode, int shift);
+  void escape();
+  void turnPage(bool forward);
+  void zoom(bool in);
+  bool goesToReportEnd(int keyCode, int shift);
   void bindMoves();
   void bindTools();
   void goToPage();

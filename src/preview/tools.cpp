@@ -29,8 +29,9 @@ void FrmReport::bindTools() {
   CmdImport.onClick = [this] { CmdImport_Click(); };
   Rt1.onMouseDown = [this](const MouseEvent& event) { Rt1_MouseDown(event); };
   Rt1.onClick = [this] { Rt1_Click(); };
-  Rt1.onKeyDown = [this](int& keyCode, int) { Rt1_KeyDown(keyCode); };
+  Rt1.onKeyDown = [this](int& keyCode, int shift) { Rt1_KeyDown(keyCode, shift); };
   Rt1.onKeyUp = [this](int&, int) { Rt1_KeyUp(); };
+  Rt1.onTurnPage = [this](bool forward) { turnPage(forward); };
   cccc.onClick = [this] { cccc_Click(); };
   pppp.onClick = [this] { pppp_Click(); };
   ht.onClick = [this] { ht_Click(); };
@@ -95,9 +96,10 @@ void FrmReport::Rt1_Click() {
   Timer1.Tag = "0";
 }
 
-void FrmReport::Rt1_KeyDown(int keyCode) {
+void FrmReport::Rt1_KeyDown(int& keyCode, int shift) {
   if (keyCode == keyControl) Rt1.MousePointer = mpCustom;
   Timer1.Tag = "0";
+  if (goesToReportEnd(keyCode, shift)) keyCode = 0;
 }
 
 void FrmReport::Rt1_KeyUp() {

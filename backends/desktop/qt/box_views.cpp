@@ -24,8 +24,13 @@ class EditView : public ControlView {
                      [this](const QString& now) { edited(utf8(now)); });
   }
 
+  virtual bool keepsPageKeys() const { return false; }
+
   bool takeKey(QKeyEvent& event, char32_t before, char32_t after) override {
     if (after != before && after < ' ') return true;
+    if (!keepsPageKeys() && (event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown)) {
+      return false;
+    }
     keyAllowed_ = true;  // its character has been asked about
     if (after == before) {
       deliver(event);
@@ -139,6 +144,8 @@ class ComboView : public EditView {
  public:
   ComboView(FormWindow& itsWindow, ComboBox& itsBox, QWidget* parent)
       : ComboView(itsWindow, itsBox, editable(new QComboBox(parent))) {}
+
+  bool keepsPageKeys() const override { return true; }
 
  protected:
   void syncContent() override {

@@ -60,6 +60,24 @@ void FormWindow::build() {
   }
 }
 
+void FormWindow::begin() {
+  sync();
+  show();
+  if (form_->activeControl() != nullptr) return;
+  const std::vector<Control*> order = form_->tabOrder();
+  Control* first = page() != nullptr || order.empty() ? page() : order.front();
+  act([this, first] { form_->moveFocus(first); });
+}
+
+/// The text that the window is for; null when there is none.
+Control* FormWindow::page() const {
+  const std::vector<Control*> order = form_->tabOrder();
+  const auto found = std::find_if(order.begin(), order.end(), [](const Control* control) {
+    return control->kind == ControlKind::richText;
+  });
+  return found == order.end() ? nullptr : *found;
+}
+
 void FormWindow::buildTimer(Timer& timer) {
   auto* clock = new QTimer(this);
   connect(clock, &QTimer::timeout, this, [this, &timer] { act([&timer] { timer.tick(); }); });
@@ -135,11 +153,8 @@ void FormWindow::keepFocusInReach() {
     if (form_->moveFocus(before)) return;
   }
   const std::vector<Control*> order = form_->tabOrder();
-  const auto page = std::find_if(order.begin(), order.end(), [](const Control* control) {
-    return control->kind == ControlKind::richText;
-  });
-  if (page != order.end()) {
-    form_->moveFocus(*page);
+  if (page() != nullptr) {
+    form_->moveFocus(page());
   } else if (!order.empty()) {
     form_->moveFocus(order.front());
   }
@@ -289,7 +304,15 @@ bool FormWindow::filterKeyPress(ControlView& view, QKeyEvent& event) {
     return true;
   }
   if (control.kind == ControlKind::optionButton && selectsByArrow(control, code)) return true;
-  return view.takeKey(event, before, static_cast<char32_t>(key));
+  if (view.takeKey(event, before, static_cast<char32_t>(key))) return true;
+  return turnsPage(view, event);
+}
+
+/// Page keys of controls that have no use for them go to the text.
+bool FormWindow::turnsPage(ControlView& view, QKeyEvent& event) {
+  if (event.key() != Qt::Key_PageUp && event.key() != Qt::Key_PageDown) return false;
+  Control* text = page();
+  return text != nullptr && text != &view.control && filterKeyPress(*this->view(*text), event);
 }
 
 /// Arrows go from option to option of one container and select.

@@ -23,6 +23,9 @@ class FormWindow : public QWidget {
   ~FormWindow() override;
 
   Form& form() const { return *form_; }
+  /// Shows the window for the first time.
+  void begin();
+
   /// The widget of a control; null for kinds without one.
   ControlView* view(const Control& control) const { return byControl_.value(&control); }
 
@@ -57,9 +60,11 @@ class FormWindow : public QWidget {
   void keepFocusInReach();
   void focusNewPanel();
   void popUp();
+  Control* page() const;
   Control* neighbour(bool forward) const;
   bool pressAccessKey(const QKeyEvent& event);
   bool filterKeyPress(ControlView& view, QKeyEvent& event);
+  bool turnsPage(ControlView& view, QKeyEvent& event);
   bool selectsByArrow(Control& option, int code);
   bool filterMouse(ControlView& view, QWidget& widget, QMouseEvent& event);
   bool focusArrives(ControlView& view, Qt::FocusReason reason);

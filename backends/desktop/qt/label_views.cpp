@@ -75,6 +75,11 @@ class CommandLabelView : public ControlView {
   bool clickIsEnter() const override { return true; }
 
  protected:
+  void syncColors() override {
+    QPalette palette;
+    palette.setColor(QPalette::ButtonText, readable(palette.color(QPalette::Link), surface()));
+    button_.setPalette(palette);
+  }
   void syncContent() override {
     const QString now = caption(control.Caption);
     if (button_.text() == now) return;

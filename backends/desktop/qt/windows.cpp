@@ -34,11 +34,11 @@ void Windows::show(std::shared_ptr<Form> form) {
   if (shown == nullptr) {
     shown = new FormWindow(std::move(form), *this);
     windows_.push_back(shown);
-    shown->sync();
-    shown->show();
+    shown->begin();
+  } else {
+    shown->raise();
+    shown->activateWindow();
   }
-  shown->raise();
-  shown->activateWindow();
   cameToFront(*shown);
 }
 

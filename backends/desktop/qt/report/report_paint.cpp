@@ -23,10 +23,13 @@ QColor ReportView::paper() const {
   return color(box_.BackColor, palette());
 }
 
-/// Without the focus the selection is kept but not shown, as it is in any line that is typed into.
+/// Without the focus the selection is kept but not shown, as in any line that is typed into. Nor
+/// is the first character, which the program leaves selected on every page, as long as nothing can
+/// be typed in its place.
 bool ReportView::selectionShown() const {
-  const QWidget* top = window();
-  return box_.caret() != box_.anchor() && (hasFocus() || top->focusWidget() == this);
+  const auto [begin, end] = std::minmax(box_.caret(), box_.anchor());
+  if (begin == end || (begin == 0 && end == 1 && box_.Locked && !selectedByUser_)) return false;
+  return hasFocus() || window()->focusWidget() == this;
 }
 
 void ReportView::paintEvent(QPaintEvent* event) {

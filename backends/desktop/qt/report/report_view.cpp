@@ -43,6 +43,7 @@ void ReportView::sync() {
   seen_ = now;
   const bool otherText = now.text != before.text || now.font != before.font;
   const bool moved = now.caret != before.caret || now.anchor != before.anchor;
+  if (moved || otherText) selectedByUser_ = acting_ && !otherText;
   if (otherText || now.formats != before.formats) {
     lines_.clear();
     measure();
@@ -198,17 +199,44 @@ QPoint ReportView::caretPoint() {
 
 // Keyboard
 
+void ReportView::act(const std::function<void()>& handler) {
+  acting_ = true;
+  act_(handler);
+  acting_ = false;
+}
+
 bool ReportView::takeKey(QKeyEvent& event) {
-  if (clipboardKey(event)) return true;
+  if (clipboardKey(event) || pageKey(event)) return true;
   const int code = keyCode(event.key(), event.modifiers());
   bool taken = false;
-  act_([&] { taken = box_.handleKey(code, shiftMask(event.modifiers()), linesPerPage()); });
+  act([&] { taken = box_.handleKey(code, shiftMask(event.modifiers()), linesPerPage()); });
   if (taken) return true;
   const QString typed = event.text();
   const bool character = !typed.isEmpty() && (typed[0].isPrint() || typed[0] == '\r') &&
                          (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
-  if (character) act_([&] { taken = box_.typeText(utf8(typed)); });
+  if (character) act([&] { taken = box_.typeText(utf8(typed)); });
   return taken;
+}
+
+/// Page Up and Down move the view as far as the caret. A reader for whom there is nothing more to
+/// scroll comes to another page.
+bool ReportView::pageKey(const QKeyEvent& event) {
+  const bool down = event.key() == Qt::Key_PageDown;
+  if (!down && event.key() != Qt::Key_PageUp) return false;
+  const int shift = shiftMask(event.modifiers());
+  const QScrollBar* bar = verticalScrollBar();
+  const bool atEnd = bar->value() == (down ? bar->maximum() : bar->minimum());
+  if (atEnd && shift == 0 && box_.Locked && box_.onTurnPage) {
+    act([&] { box_.onTurnPage(down); });
+    return true;
+  }
+  const auto lines = static_cast<std::int64_t>(linesPerPage());
+  const std::int64_t step = lines * heights_.height(firstLine());
+  const std::int64_t target = top_ + (down ? step : -step);
+  act([&] { box_.handleKey(down ? keyPageDown : keyPageUp, shift, linesPerPage()); });
+  setTop(target);
+  showCaret(false);
+  return true;
 }
 
 bool ReportView::clipboardKey(const QKeyEvent& event) {
@@ -216,17 +244,17 @@ bool ReportView::clipboardKey(const QKeyEvent& event) {
   const bool cut = event.matches(QKeySequence::Cut);
   if (cut || event.matches(QKeySequence::Copy)) {
     if (box_.caret() != box_.anchor()) clipboard->setText(text(box_.copyText()));
-    if (cut && box_.caret() != box_.anchor()) act_([this] { box_.eraseForward(); });
+    if (cut && box_.caret() != box_.anchor()) act([this] { box_.eraseForward(); });
     return true;
   }
   if (!event.matches(QKeySequence::Paste)) return false;
-  act_([&] { box_.paste(utf8(clipboard->text())); });
+  act([&] { box_.paste(utf8(clipboard->text())); });
   return true;
 }
 
 void ReportView::inputMethodEvent(QInputMethodEvent* event) {
   const QString typed = event->commitString();
-  if (!typed.isEmpty()) act_([&] { box_.typeText(utf8(typed)); });
+  if (!typed.isEmpty()) act([&] { box_.typeText(utf8(typed)); });
   event->accept();
 }
 
@@ -246,7 +274,7 @@ void ReportView::mousePressEvent(QMouseEvent* event) {
   const bool third = QDateTime::currentMSecsSinceEpoch() - lastDoubleClick_ <
                      QGuiApplication::styleHints()->mouseDoubleClickInterval();
   dragging_ = !third;
-  act_([&] {
+  act([&] {
     if (third) {
       box_.selectLine(offset);
     } else {
@@ -259,7 +287,7 @@ void ReportView::mouseDoubleClickEvent(QMouseEvent* event) {
   event->accept();
   if (event->button() != Qt::LeftButton) return;
   lastDoubleClick_ = QDateTime::currentMSecsSinceEpoch();
-  act_([&] { box_.selectWord(offsetAt(event->pos())); });
+  act([&] { box_.selectWord(offsetAt(event->pos())); });
 }
 
 void ReportView::mouseMoveEvent(QMouseEvent* event) {
@@ -275,7 +303,7 @@ void ReportView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ReportView::dragTo(const QPoint& point) {
-  act_([&] { box_.moveCaret(offsetAt(point), true); });
+  act([&] { box_.moveCaret(offsetAt(point), true); });
 }
 
 void ReportView::mouseReleaseEvent(QMouseEvent* event) {

@@ -16,7 +16,7 @@ namespace paperway::qt {
 /// mouse into moves of its caret and edits. The text may be of any length.
 class ReportView : public QAbstractScrollArea {
  public:
-  /// Runs an act of the user; the owner calls sync() behind it.
+  /// Runs an act of the user and calls sync() behind it.
   using Act = std::function<void(const std::function<void()>&)>;
 
   ReportView(RichTextBox& box, Act act, QWidget* parent);
@@ -38,7 +38,7 @@ class ReportView : public QAbstractScrollArea {
   // For those who drive the view.
   QPoint pointOf(std::size_t offset);
   std::size_t offsetAt(const QPoint& point);
-  std::uint64_t firstLine() const { return heights_.lineAt(top_); }
+  std::uint64_t firstLine() const { return heights_.lineAt(top_ - kMarginTop); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -76,6 +76,8 @@ class ReportView : public QAbstractScrollArea {
   std::int64_t textHeight() const;
   void setTop(std::int64_t top);
   void showCaret(bool sideways);
+  void act(const std::function<void()>& handler);
+  bool pageKey(const QKeyEvent& event);
   bool clipboardKey(const QKeyEvent& event);
   std::uint64_t linesPerPage() const;
   void dragTo(const QPoint& point);
@@ -106,6 +108,8 @@ class ReportView : public QAbstractScrollArea {
   QBasicTimer drag_;  // runs while the mouse is held beside the text
   QPoint dragPoint_;
   bool dragging_ = false;
+  bool acting_ = false;
+  bool selectedByUser_ = false;
   bool caretOn_ = true;
   qint64 lastDoubleClick_ = 0;
 };
