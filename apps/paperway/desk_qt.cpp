@@ -1,9 +1,8 @@
-#include <unistd.h>
-
 #include <QApplication>
 #include <QFile>
 #include <cstdlib>
 #include <stdexcept>
+#include <unistd.h>
 
 #include "apps/paperway/desk.h"
 #include "backends/desktop/qt/application.h"
@@ -39,9 +38,8 @@ class QtDesk : public Desk {
 
   Platform platform() override {
     // A screenless desk has nobody to answer a message.
-    paperway::MessageBox& messages = screenless_
-                                         ? static_cast<paperway::MessageBox&>(system_.messageBox)
-                                         : messageBox_;
+    paperway::MessageBox& messages =
+        screenless_ ? static_cast<paperway::MessageBox&>(system_.messageBox) : messageBox_;
     return {.messageBox = messages,
             .windows = windows_,
             .folders = system_.folders,

@@ -23,7 +23,8 @@ struct PreviewOptions {
 
 void addSwitch(CLI::App& command, const std::string& name, std::uint8_t& feature,
                const std::string& help) {
-  command.add_flag_callback(name, [&feature] { feature = 0; }, help);
+  command.add_flag_callback(
+      name, [&feature] { feature = 0; }, help);
 }
 
 void goTo(FrmReport& form, int page) {
@@ -77,13 +78,8 @@ void addPreview(CLI::App& app) {
   CLI::App* command = app.add_subcommand("preview", "Open a report in a window to read it");
   const auto options = std::make_shared<PreviewOptions>();
   PreviewReportArguments& arguments = options->arguments;
-  arguments = {.RCont = 1,
-               .REdit = 1,
-               .RSearch = 1,
-               .RImport = 1,
-               .RExport = 1,
-               .RColor = 1,
-               .RPrint = 1};
+  arguments = {
+      .RCont = 1, .REdit = 1, .RSearch = 1, .RImport = 1, .RExport = 1, .RColor = 1, .RPrint = 1};
   command->add_option("FILE", options->file, "Report file, or any text file")->required();
   command->add_option("--page", options->page, "Begin with this page")
       ->type_name("N")

@@ -62,8 +62,8 @@ class EditView : public ControlView {
       }
     }
     if (swatch || !isSystemColor(control.ForeColor)) {
-      palette.setColor(QPalette::Text, readable(color(control.ForeColor, palette),
-                                                palette.color(QPalette::Base)));
+      palette.setColor(QPalette::Text,
+                       readable(color(control.ForeColor, palette), palette.color(QPalette::Base)));
     }
     widget.setPalette(palette);
   }
@@ -85,8 +85,7 @@ class EditView : public ControlView {
       ++tail;
     }
     std::string out = now.substr(0, head);
-    const std::string_view inserted =
-        std::string_view(now).substr(head, now.size() - head - tail);
+    const std::string_view inserted = std::string_view(now).substr(head, now.size() - head - tail);
     for (std::size_t i = 0; i < inserted.size();) {
       int key = static_cast<int>(nextCharacter(inserted, i));
       control.keyPress(key);
@@ -236,8 +235,8 @@ class ArrowsView : public ControlView {
     const QSize half = bar_.Vertical ? QSize(rect.width(), rect.height() / 2)
                                      : QSize(rect.width() / 2, rect.height());
     less_->setGeometry(QRect(QPoint(0, 0), half));
-    more_->setGeometry(QRect(QPoint(rect.width() - half.width(), rect.height() - half.height()),
-                             half));
+    more_->setGeometry(
+        QRect(QPoint(rect.width() - half.width(), rect.height() - half.height()), half));
   }
 
  private:

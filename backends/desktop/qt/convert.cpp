@@ -67,8 +67,8 @@ int twips(int pixels) {
 QRect pixels(const Geometry& geometry) {
   const QPoint topLeft(pixels(geometry.Left), pixels(geometry.Top));
   const QPoint behind(pixels(geometry.right()), pixels(geometry.bottom()));
-  return {topLeft, QSize(std::max(0, behind.x() - topLeft.x()),
-                         std::max(0, behind.y() - topLeft.y()))};
+  return {topLeft,
+          QSize(std::max(0, behind.x() - topLeft.x()), std::max(0, behind.y() - topLeft.y()))};
 }
 
 QColor color(Color color, const QPalette& palette) {
@@ -103,17 +103,13 @@ QFont font(const FontSpec& wanted, const QFont& base) {
 
 int keyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
   static constexpr std::pair<int, int> kKeys[] = {
-      {Qt::Key_Backspace, keyBack},    {Qt::Key_Tab, keyTab},
-      {Qt::Key_Backtab, keyTab},       {Qt::Key_Return, keyReturn},
-      {Qt::Key_Enter, keyReturn},      {Qt::Key_Shift, keyShift},
-      {Qt::Key_Control, keyControl},   {Qt::Key_Alt, keyMenu},
-      {Qt::Key_Escape, keyEscape},     {Qt::Key_Space, keySpace},
-      {Qt::Key_PageUp, keyPageUp},     {Qt::Key_PageDown, keyPageDown},
-      {Qt::Key_End, keyEnd},           {Qt::Key_Home, keyHome},
-      {Qt::Key_Left, keyLeft},         {Qt::Key_Up, keyUp},
-      {Qt::Key_Right, keyRight},       {Qt::Key_Down, keyDown},
-      {Qt::Key_Delete, keyDelete},     {Qt::Key_Plus, keyAdd},
-      {Qt::Key_Minus, keySubtract},
+      {Qt::Key_Backspace, keyBack},  {Qt::Key_Tab, keyTab},       {Qt::Key_Backtab, keyTab},
+      {Qt::Key_Return, keyReturn},   {Qt::Key_Enter, keyReturn},  {Qt::Key_Shift, keyShift},
+      {Qt::Key_Control, keyControl}, {Qt::Key_Alt, keyMenu},      {Qt::Key_Escape, keyEscape},
+      {Qt::Key_Space, keySpace},     {Qt::Key_PageUp, keyPageUp}, {Qt::Key_PageDown, keyPageDown},
+      {Qt::Key_End, keyEnd},         {Qt::Key_Home, keyHome},     {Qt::Key_Left, keyLeft},
+      {Qt::Key_Up, keyUp},           {Qt::Key_Right, keyRight},   {Qt::Key_Down, keyDown},
+      {Qt::Key_Delete, keyDelete},   {Qt::Key_Plus, keyAdd},      {Qt::Key_Minus, keySubtract},
   };
   // On most keyboards the plus stands above the equals sign; with Ctrl nobody presses Shift for it.
   if (qtKey == Qt::Key_Equal && (modifiers & Qt::ControlModifier) != 0) return keyAdd;

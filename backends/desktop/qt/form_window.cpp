@@ -22,6 +22,8 @@ char32_t characterOf(const QKeyEvent& event) {
   if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
     return 0;
   }
+  if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return keyReturn;
+  if (event.key() == Qt::Key_Backspace) return keyBack;
   const QList<uint> characters = event.text().toUcs4();
   return characters.size() == 1 && characters[0] != '\t' ? characters[0] : 0;
 }
@@ -51,8 +53,7 @@ void FormWindow::build() {
       buildTimer(static_cast<Timer&>(*control));
       continue;
     }
-    const ControlView* outer =
-        control->container == nullptr ? nullptr : view(*control->container);
+    const ControlView* outer = control->container == nullptr ? nullptr : view(*control->container);
     auto made = makeView(*this, *control, outer == nullptr ? this : &outer->widget);
     if (made == nullptr) continue;
     byControl_.insert(control, made.get());
@@ -356,8 +357,8 @@ void FormWindow::mouseMoveEvent(QMouseEvent* event) {
 bool FormWindow::filterMouse(ControlView& view, QWidget& widget, QMouseEvent& event) {
   Control& control = view.control;
   const QPoint place = widget.mapTo(&view.widget, event.pos());
-  const MouseEvent what{mouseButton(event.button()), shiftMask(event.modifiers()),
-                        twips(place.x()), twips(place.y())};
+  const MouseEvent what{mouseButton(event.button()), shiftMask(event.modifiers()), twips(place.x()),
+                        twips(place.y())};
   const QPointer<FormWindow> alive(this);
   const auto gone = [&] { return !alive || !form_->loaded(); };
   event.accept();

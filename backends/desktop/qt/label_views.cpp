@@ -25,10 +25,10 @@ class CaptionLabel : public QLabel {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     const bool wraps = height() >= 2 * fontMetrics().lineSpacing();
-    style()->drawItemText(&painter, rect(),
-                          static_cast<int>(alignment()) | Qt::TextShowMnemonic |
-                              (wraps ? Qt::TextWordWrap : 0),
-                          palette(), isEnabled(), marked, QPalette::WindowText);
+    style()->drawItemText(
+        &painter, rect(),
+        static_cast<int>(alignment()) | Qt::TextShowMnemonic | (wraps ? Qt::TextWordWrap : 0),
+        palette(), isEnabled(), marked, QPalette::WindowText);
   }
 };
 
@@ -49,8 +49,7 @@ class LabelView : public ControlView {
       shown_.setText(caption(captionText(label_.Caption)));
     }
     static constexpr Qt::AlignmentFlag kSides[] = {Qt::AlignLeft, Qt::AlignRight, Qt::AlignHCenter};
-    const Qt::Alignment wanted =
-        kSides[static_cast<int>(label_.TextAlignment)] | Qt::AlignVCenter;
+    const Qt::Alignment wanted = kSides[static_cast<int>(label_.TextAlignment)] | Qt::AlignVCenter;
     if (shown_.alignment() != wanted) shown_.setAlignment(wanted);
   }
 
@@ -102,8 +101,8 @@ class SpLebalWidget : public QWidget, private TextMeasure {
     painter.fillRect(rect(), color(plan.background, palette()));
     for (const SpLebalPaint::Line& line : plan.lines) {
       painter.setPen(color(line.color, palette()));
-      painter.drawLine(line.x1 / kTwipsPerPixel, line.y1 / kTwipsPerPixel,
-                       line.x2 / kTwipsPerPixel, line.y2 / kTwipsPerPixel);
+      painter.drawLine(line.x1 / kTwipsPerPixel, line.y1 / kTwipsPerPixel, line.x2 / kTwipsPerPixel,
+                       line.y2 / kTwipsPerPixel);
     }
     const QColor ink = color(plan.textColor, palette());
     painter.setPen(isEnabled() ? ink : palette().color(QPalette::Disabled, QPalette::WindowText));

@@ -10,9 +10,10 @@ namespace {
 class ReportControlView : public ControlView {
  public:
   ReportControlView(FormWindow& itsWindow, RichTextBox& box, QWidget* parent)
-      : ControlView(itsWindow, box,
-                    new ReportView(
-                        box, [&itsWindow](const auto& handler) { itsWindow.act(handler); }, parent)),
+      : ControlView(
+            itsWindow, box,
+            new ReportView(
+                box, [&itsWindow](const auto& handler) { itsWindow.act(handler); }, parent)),
         report_(static_cast<ReportView&>(widget)) {
     window.watch(*report_.viewport(), *this);
   }

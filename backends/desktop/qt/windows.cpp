@@ -23,9 +23,8 @@ Windows::~Windows() {
 }
 
 FormWindow* Windows::window(const Form& form) const {
-  const auto found = std::find_if(windows_.begin(), windows_.end(), [&form](const FormWindow* w) {
-    return &w->form() == &form;
-  });
+  const auto found = std::find_if(windows_.begin(), windows_.end(),
+                                  [&form](const FormWindow* w) { return &w->form() == &form; });
   return found == windows_.end() ? nullptr : *found;
 }
 

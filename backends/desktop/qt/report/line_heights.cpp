@@ -27,7 +27,7 @@ class SizeWalk {
     for (const FormatRuns::Run& run : box_.formats().runs(0, box_.buffer().size())) {
       const CharFormat& format = run.format;
       walk(run.begin, run.end,
-           format.hidden() ? 0
+           format.hidden()   ? 0
            : format.size > 0 ? format.size
                              : box_.Font.Size);
     }

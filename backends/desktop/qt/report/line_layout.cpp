@@ -71,8 +71,8 @@ double LineLayout::xOf(std::size_t offset) const {
 std::size_t LineLayout::offsetAt(double x) const {
   for (const LinePiece& piece : pieces) {
     if (piece.cell <= 0 || x >= piece.right()) continue;
-    const double cells = std::clamp((x - piece.x) / piece.cell, 0.0,
-                                    static_cast<double>(piece.bytes.size()));
+    const double cells =
+        std::clamp((x - piece.x) / piece.cell, 0.0, static_cast<double>(piece.bytes.size()));
     return piece.begin + static_cast<std::size_t>(std::lround(cells));
   }
   return pieces.empty() ? begin : pieces.back().end();
@@ -92,10 +92,10 @@ char controlLetter(char byte) {
 }
 
 QString controlName(char byte) {
-  static constexpr const char* kNames[] = {
-      "NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL", "BS", "HT", "LF",
-      "VT",  "FF",  "CR",  "SO",  "SI",  "DLE", "DC1", "DC2", "DC3", "DC4", "NAK",
-      "SYN", "ETB", "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
+  static constexpr const char* kNames[] = {"NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL",
+                                           "BS",  "HT",  "LF",  "VT",  "FF",  "CR",  "SO",  "SI",
+                                           "DLE", "DC1", "DC2", "DC3", "DC4", "NAK", "SYN", "ETB",
+                                           "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
   const auto code = static_cast<unsigned char>(byte);
   const char* name = code < std::size(kNames) ? kNames[code] : "DEL";
   return QString::fromLatin1("%1 (%2)").arg(QLatin1String(name)).arg(code);

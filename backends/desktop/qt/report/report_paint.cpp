@@ -1,5 +1,5 @@
-#include <QPainter>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -72,7 +72,8 @@ void ReportView::paintSelection(QPainter& painter, const LineLayout& layout, dou
   const double from = layout.xOf(std::max(begin, layout.begin));
   double to = layout.xOf(std::min(end, layout.end));
   if (end > layout.end && layout.next > layout.end) {
-    to = layout.width + faces_.face(text(box_.Font.Name), box_.Font.Size, box_.Font.Bold).cell() / 2;
+    to =
+        layout.width + faces_.face(text(box_.Font.Name), box_.Font.Size, box_.Font.Bold).cell() / 2;
   }
   painter.fillRect(QRectF(left + from, y, to - from, height), palette().color(QPalette::Highlight));
 }
@@ -89,8 +90,7 @@ void ReportView::paintPiece(QPainter& painter, const LinePiece& piece, double x,
     end = std::clamp(to, begin, piece.end());
   }
   paintBytes(painter, piece, piece.begin, begin, x, baseline, ink);
-  paintBytes(painter, piece, begin, end, x, baseline,
-             palette().color(QPalette::HighlightedText));
+  paintBytes(painter, piece, begin, end, x, baseline, palette().color(QPalette::HighlightedText));
   paintBytes(painter, piece, end, piece.end(), x, baseline, ink);
 }
 

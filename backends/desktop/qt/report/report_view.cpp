@@ -147,7 +147,8 @@ void ReportView::wheelEvent(QWheelEvent* event) {
     const int line = std::max(1, heights_.height(firstLine()));
     pixels = event->angleDelta() * kWheelLines * line / 120;
   }
-  if ((event->modifiers() & Qt::ShiftModifier) != 0 && pixels.x() == 0) pixels = pixels.transposed();
+  if ((event->modifiers() & Qt::ShiftModifier) != 0 && pixels.x() == 0)
+    pixels = pixels.transposed();
   horizontalScrollBar()->setValue(horizontalScrollBar()->value() - pixels.x());
   if (pixels.y() != 0) setTop(top_ - pixels.y());
   event->accept();
@@ -182,8 +183,8 @@ void ReportView::showCaret(bool sideways) {
 
 QPoint ReportView::pointOf(std::size_t offset) {
   const std::uint64_t number = box_.lineFromChar(offset);
-  const int x = kMarginLeft + static_cast<int>(line(number).xOf(offset)) -
-                horizontalScrollBar()->value();
+  const int x =
+      kMarginLeft + static_cast<int>(line(number).xOf(offset)) - horizontalScrollBar()->value();
   return {x, static_cast<int>(heights_.top(number) + kMarginTop - top_)};
 }
 
@@ -211,9 +212,10 @@ bool ReportView::takeKey(QKeyEvent& event) {
   bool taken = false;
   act([&] { taken = box_.handleKey(code, shiftMask(event.modifiers()), linesPerPage()); });
   if (taken) return true;
-  const QString typed = event.text();
-  const bool character = !typed.isEmpty() && (typed[0].isPrint() || typed[0] == '\r') &&
-                         (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) return false;
+  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  const QString typed = enter ? QStringLiteral("\n") : event.text();
+  const bool character = enter || (!typed.isEmpty() && typed[0].isPrint());
   if (character) act([&] { taken = box_.typeText(utf8(typed)); });
   return taken;
 }

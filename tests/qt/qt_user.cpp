@@ -1,0 +1,182 @@
+#include "qt_user.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractScrollArea>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTest>
+#include <QToolButton>
+#include <gtest/gtest.h>
+#include <utility>
+
+#include "backends/desktop/qt/control_view.h"
+#include "backends/desktop/qt/convert.h"
+#include "controls/boxes.h"
+#include "controls/buttons.h"
+
+namespace paperway {
+namespace {
+
+Qt::KeyboardModifiers modifiers(int shift) {
+  Qt::KeyboardModifiers all;
+  if ((shift & smShift) != 0) all |= Qt::ShiftModifier;
+  if ((shift & smCtrl) != 0) all |= Qt::ControlModifier;
+  if ((shift & smAlt) != 0) all |= Qt::AltModifier;
+  return all;
+}
+
+Qt::Key qtKey(int keyCode) {
+  static constexpr std::pair<int, Qt::Key> kKeys[] = {
+      {keyBack, Qt::Key_Backspace},    {keyTab, Qt::Key_Tab},       {keyReturn, Qt::Key_Return},
+      {keyControl, Qt::Key_Control},   {keyEscape, Qt::Key_Escape}, {keyPageUp, Qt::Key_PageUp},
+      {keyPageDown, Qt::Key_PageDown}, {keyEnd, Qt::Key_End},       {keyHome, Qt::Key_Home},
+      {keyLeft, Qt::Key_Left},         {keyUp, Qt::Key_Up},         {keyRight, Qt::Key_Right},
+      {keyDown, Qt::Key_Down},         {keyDelete, Qt::Key_Delete}, {keyAdd, Qt::Key_Plus},
+      {keySubtract, Qt::Key_Minus},
+  };
+  for (const auto& [code, key] : kKeys) {
+    if (code == keyCode) return key;
+  }
+  return static_cast<Qt::Key>(keyCode);
+}
+
+Qt::MouseButton qtButton(int button) {
+  return button == mbRight ? Qt::RightButton : Qt::LeftButton;
+}
+
+}  // namespace
+
+QtUser::QtUser(qt::FormWindow& window) : window_(window), form_(window.form()) {
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+}
+
+QWidget& QtUser::widget(std::string_view control) const {
+  return window_.view(form_.at(control))->widget;
+}
+
+QWidget& QtUser::mouseTarget(std::string_view control) const {
+  QWidget& whole = widget(control);
+  if (auto* area = qobject_cast<QAbstractScrollArea*>(&whole)) return *area->viewport();
+  if (auto* combo = qobject_cast<QComboBox*>(&whole)) return *combo->lineEdit();
+  return whole;
+}
+
+void QtUser::click(std::string_view control, int button, int shift) {
+  QWidget& target = mouseTarget(control);
+  const QPoint place(std::min(8, target.width() / 2), target.height() / 2);
+  QTest::mouseClick(&target, qtButton(button), modifiers(shift), place);
+}
+
+void QtUser::doubleClick(std::string_view control) {
+  QTest::mouseDClick(&mouseTarget(control), Qt::LeftButton);
+}
+
+void QtUser::focus(std::string_view control) {
+  QWidget& target = widget(control);
+  target.setFocus(Qt::OtherFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(&mouseTarget(control))) line->end(false);
+}
+
+void QtUser::type(std::string_view control, std::string_view text) {
+  focus(control);
+  for (const char c : text) {
+    QWidget* target = window_.focusWidget();
+    if (c == '\r') {
+      QTest::keyClick(target, Qt::Key_Return);
+    } else if (c == '\b') {
+      QTest::keyClick(target, Qt::Key_Backspace);
+    } else {
+      QTest::keyClick(target, c);
+    }
+  }
+}
+
+void QtUser::press(std::string_view control, int keyCode, int shift) {
+  focus(control);
+  QTest::keyClick(&widget(control), qtKey(keyCode), modifiers(shift));
+}
+
+void QtUser::alt(char character) {
+  QWidget* target = window_.focusWidget();
+  QTest::keyClick(target == nullptr ? &window_ : target, character, Qt::AltModifier);
+}
+
+void QtUser::choose(std::string_view comboBox, std::string_view entry) {
+  auto& combo = dynamic_cast<QComboBox&>(widget(comboBox));
+  focus(comboBox);
+  combo.showPopup();
+  const int index = combo.findText(qt::text(entry));
+  combo.view()->setCurrentIndex(combo.model()->index(index, 0));
+  QTest::keyClick(combo.view(), Qt::Key_Return);
+}
+
+void QtUser::scroll(std::string_view scrollBar, int value) {
+  auto& bar = form_.get<ScrollBar>(scrollBar);
+  QWidget& shown = widget(scrollBar);
+  if (auto* thumb = qobject_cast<QScrollBar*>(&shown)) return thumb->setValue(value);
+  const QList<QToolButton*> arrows = shown.findChildren<QToolButton*>();
+  for (int steps = 0; bar.Value != value && steps < 1000; ++steps) {
+    QTest::mouseClick(arrows[bar.Value > value ? 0 : 1], Qt::LeftButton);
+  }
+}
+
+void QtUser::chooseFromMenu(std::string_view item) {
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr) << "no menu is up";
+  const QString wanted = qt::caption(form_.at(item).Caption);
+  for (QAction* action : menu->actions()) {
+    if (action->text() != wanted) continue;
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    return;
+  }
+  ADD_FAILURE() << item << " is not on the menu";
+}
+
+void QtUser::tick(std::string_view timer) {
+  window_.act([&] { form_.get<Timer>(timer).tick(); });
+}
+
+void expectAgreement(const qt::FormWindow& window) {
+  const Form& form = window.form();
+  EXPECT_EQ(qt::utf8(window.windowTitle()), form.Caption);
+  for (const Control* control : form.controls()) {
+    const qt::ControlView* view = window.view(*control);
+    if (view == nullptr) continue;
+    SCOPED_TRACE(control->name);
+    const QWidget& widget = view->widget;
+    EXPECT_EQ(widget.isVisibleTo(&window), control->shown());
+    EXPECT_EQ(widget.isEnabledTo(widget.parentWidget()), control->Enabled);
+    EXPECT_EQ(widget.geometry(), qt::pixels(*control));
+    EXPECT_FALSE(widget.accessibleName().isEmpty());
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+      if (control->kind != ControlKind::picture) {
+        EXPECT_EQ(button->text(), qt::caption(control->Caption));
+      }
+    }
+    if (control->kind == ControlKind::checkBox) {
+      EXPECT_EQ(dynamic_cast<const QAbstractButton&>(widget).isChecked(),
+                static_cast<const CheckBox*>(control)->Value != 0);
+    } else if (control->kind == ControlKind::optionButton) {
+      EXPECT_EQ(dynamic_cast<const QAbstractButton&>(widget).isChecked(),
+                static_cast<const OptionButton*>(control)->Value.get());
+    } else if (control->kind == ControlKind::textBox) {
+      EXPECT_EQ(qt::utf8(dynamic_cast<const QLineEdit&>(widget).text()),
+                static_cast<const TextBox*>(control)->Text.get());
+    } else if (control->kind == ControlKind::comboBox) {
+      const auto& box = *static_cast<const ComboBox*>(control);
+      const auto& combo = dynamic_cast<const QComboBox&>(widget);
+      EXPECT_EQ(qt::utf8(combo.currentText()), box.Text.get());
+      EXPECT_EQ(combo.count(), box.ListCount());
+    }
+  }
+  const Control* active = form.activeControl();
+  if (active != nullptr && active->reachable()) {
+    EXPECT_EQ(window.focusWidget(), &window.view(*active)->widget) << active->name;
+  }
+}
+
+}  // namespace paperway
