@@ -8,6 +8,10 @@ if(PAPERWAY_DATA)
   list(APPEND installed paperway_sqlite paperway_odbc)
   string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(SQLite3)\nfind_dependency(ODBC)\nfind_dependency(Threads)\n")
 endif()
+if(PAPERWAY_DESKTOP)
+  list(APPEND installed paperway_qt)
+  string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(Qt6 COMPONENTS Widgets PrintSupport)\n")
+endif()
 
 install(TARGETS ${installed} EXPORT paperway ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT paperway NAMESPACE paperway:: FILE paperway-targets.cmake

@@ -1,7 +1,7 @@
 #include <QKeyEvent>
 
 #include "backends/desktop/qt/form_window.h"
-#include "backends/desktop/qt/report/report_view.h"
+#include "backends/desktop/qt/report_view.h"
 #include "backends/desktop/qt/views.h"
 
 namespace paperway::qt {

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "backends/desktop/qt/convert.h"
-#include "backends/desktop/qt/report/report_view.h"
+#include "backends/desktop/qt/report_view.h"
 
 namespace paperway::qt {
 namespace {

@@ -1,4 +1,4 @@
-#include "backends/desktop/qt/report/line_layout.h"
+#include "backends/desktop/qt/line_layout.h"
 
 #include <algorithm>
 #include <cmath>

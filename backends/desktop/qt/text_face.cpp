@@ -1,4 +1,4 @@
-#include "backends/desktop/qt/report/text_face.h"
+#include "backends/desktop/qt/text_face.h"
 
 #include <QFont>
 #include <QList>

@@ -5,9 +5,9 @@
 #include <functional>
 #include <unordered_map>
 
-#include "backends/desktop/qt/report/line_heights.h"
-#include "backends/desktop/qt/report/line_layout.h"
-#include "backends/desktop/qt/report/text_face.h"
+#include "backends/desktop/qt/line_heights.h"
+#include "backends/desktop/qt/line_layout.h"
+#include "backends/desktop/qt/text_face.h"
 #include "controls/rich_text.h"
 
 namespace paperway::qt {

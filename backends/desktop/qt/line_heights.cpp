@@ -1,4 +1,4 @@
-#include "backends/desktop/qt/report/line_heights.h"
+#include "backends/desktop/qt/line_heights.h"
 
 #include <algorithm>
 

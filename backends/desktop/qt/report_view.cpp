@@ -1,4 +1,4 @@
-#include "backends/desktop/qt/report/report_view.h"
+#include "backends/desktop/qt/report_view.h"
 
 #include <QClipboard>
 #include <QDateTime>

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "backends/desktop/qt/report/text_face.h"
+#include "backends/desktop/qt/text_face.h"
 #include "controls/rich_text.h"
 
 namespace paperway::qt {
