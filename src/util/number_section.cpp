@@ -92,7 +92,7 @@ bool NumberSection::appendScaled(std::string& out, std::uint64_t scaled, bool mi
     if (minus) *--at = '-';
   } else {
     if (minus) out += '-';
-    out += before_;
+    if (!before_.empty()) out += before_;
   }
   out.append(at, static_cast<std::size_t>(end - at));
   if (!after_.empty()) out += after_;
