@@ -20,13 +20,15 @@ TextSlice whole(std::string bytes) {
 
 }  // namespace
 
-TextBuffer::Piece::Piece(TextSlice itsSlice)
-    : slice(std::move(itsSlice)), lineEnds(slice.lineEndsBefore(slice.size())) {}
+std::uint64_t TextBuffer::Piece::lineEnds() const {
+  if (!counted) counted = slice.lineEndsBefore(slice.size());
+  return *counted;
+}
 
 void TextBuffer::assign(TextSlice slice) {
   pieces_.clear();
   size_ = slice.size();
-  if (size_ > 0) pieces_.emplace_back(std::move(slice));
+  if (size_ > 0) pieces_.push_back({std::move(slice)});
 }
 
 void TextBuffer::assign(std::string bytes) {
@@ -69,9 +71,9 @@ std::size_t TextBuffer::splitAt(std::size_t offset) {
     const TextSlice slice = pieces_[i].slice;
     if (offset < slice.size()) {
       const std::size_t middle = slice.begin + offset;
-      pieces_[i] = Piece({slice.text, slice.begin, middle});
+      pieces_[i] = Piece{{slice.text, slice.begin, middle}};
       pieces_.insert(pieces_.begin() + static_cast<std::ptrdiff_t>(i) + 1,
-                     Piece({slice.text, middle, slice.end}));
+                     Piece{{slice.text, middle, slice.end}});
       return i + 1;
     }
     offset -= slice.size();
@@ -82,11 +84,11 @@ std::size_t TextBuffer::splitAt(std::size_t offset) {
 void TextBuffer::insertAt(std::size_t number, std::string_view bytes) {
   if (number > 0 && pieces_[number - 1].slice.size() + bytes.size() <= kSmallPiece) {
     Piece& before = pieces_[number - 1];
-    before = Piece(whole(std::string(before.slice.view()).append(bytes)));
+    before = Piece{whole(std::string(before.slice.view()).append(bytes))};
     return;
   }
   pieces_.insert(pieces_.begin() + static_cast<std::ptrdiff_t>(number),
-                 Piece(whole(std::string(bytes))));
+                 Piece{whole(std::string(bytes))});
 }
 
 void TextBuffer::replace(std::size_t at, std::size_t count, std::string_view with) {
@@ -108,7 +110,7 @@ std::uint64_t TextBuffer::lineOf(std::size_t offset) const {
   std::uint64_t line = 0;
   for (const Piece& piece : pieces_) {
     if (offset < piece.slice.size()) return line + piece.slice.lineEndsBefore(offset);
-    line += piece.lineEnds;
+    line += piece.lineEnds();
     offset -= piece.slice.size();
   }
   return line;
@@ -119,8 +121,8 @@ std::size_t TextBuffer::lineStart(std::uint64_t line) const {
   --line;  // the number of the line end before it
   std::size_t base = 0;
   for (const Piece& piece : pieces_) {
-    if (line < piece.lineEnds) return base + piece.slice.lineEnd(line) + 1;
-    line -= piece.lineEnds;
+    if (line < piece.lineEnds()) return base + piece.slice.lineEnd(line) + 1;
+    line -= piece.lineEnds();
     base += piece.slice.size();
   }
   return size_;

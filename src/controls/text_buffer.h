@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,9 +48,10 @@ class TextBuffer {
 
  private:
   struct Piece {
-    explicit Piece(TextSlice slice);
     TextSlice slice;
-    std::uint64_t lineEnds;
+    mutable std::optional<std::uint64_t> counted = {};
+
+    std::uint64_t lineEnds() const;
   };
 
   std::size_t splitAt(std::size_t offset);
