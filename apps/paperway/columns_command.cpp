@@ -8,6 +8,7 @@
 #include "apps/paperway/source.h"
 #include "textreport/layout.h"
 #include "textreport/report_format.h"
+#include "textreport/report_plan.h"
 #include "util/format_pattern.h"
 
 namespace paperway::command {
@@ -85,7 +86,7 @@ void printColumns(const ReportFormatTable& table) {
 std::size_t lineWidth(const ReportFormatTable& table) {
   std::size_t width = 0;
   for (std::size_t i = 0; i < columnCount(table); ++i) {
-    width += static_cast<std::size_t>(std::max<int>(table[i].Sz, 0)) + table[i].Spc;
+    width += static_cast<std::size_t>(table[i].Sz) + table[i].Spc;
   }
   return width;
 }
@@ -136,7 +137,6 @@ void printWarnings(const ReportFormatTable& table) {
       warn(number, column,
            "has the type \"" + letter(column.Dtyp) + "\", none of T, D, N: it has no cells");
     }
-    if (column.Sz < 0) warn(number, column, "has a negative width");
     if (column.AllPageTot == U'Y' && column.Lt != U'Y') {
       warn(number, column, "carries a page total that nothing adds to: Lt is not Y");
     }
@@ -167,6 +167,7 @@ void checkFields(const ReportFormatTable& table, const Recordset& rows) {
 void printReport(const ColumnsOptions& options) {
   ReportFormatTable table;
   readReportFormat(*options.source.columns(options.columns), table);
+  planReport(table);  // refuses what no report could be made of
   printColumns(table);
   printWidths(lineWidth(table), options.paper);
   printWarnings(table);

@@ -71,10 +71,9 @@ std::string Progress::line() const {
 }
 
 void Progress::finish(const std::string& fileName) {
-  if (!terminal_) return;
-  if (onShow_) std::cerr << "\r\033[K";
+  if (!onShow_) return;
   onShow_ = false;
-  std::cerr << fileName << ": " << line() << "\n";
+  std::cerr << "\r\033[K" << fileName << ": " << line() << "\n";
 }
 
 }  // namespace paperway::command

@@ -1,5 +1,7 @@
 #include "apps/paperway/source.h"
 
+#include <algorithm>
+
 #include "backends/data/memory/csv_table.h"
 #include "backends/data/odbc/odbc_recordset.h"
 #include "backends/data/sqlite/sqlite_recordset.h"
@@ -9,7 +11,13 @@ namespace paperway::command {
 namespace {
 
 bool isStatement(std::string_view text) {
-  const std::string start = lowerCase(trimBlanks(text).substr(0, 8));
+  const std::size_t first = text.find_first_not_of(" \t\r\n");
+  if (first == text.npos) return false;
+  text.remove_prefix(first);
+  if (text.starts_with("--")) {
+    return isStatement(text.substr(std::min(text.find('\n'), text.size())));
+  }
+  const std::string start = lowerCase(text.substr(0, 8));
   for (const std::string_view verb : {"select", "with", "values"}) {
     if (!start.starts_with(verb) || start.size() == verb.size()) continue;
     const char next = start[verb.size()];

@@ -46,7 +46,7 @@ void Class1::Set_Repot_Format(Recordset& Rst) {
 }
 
 void Class1::Text_Rpt(TextRptArguments& arguments) {
-  if (!writeTextReport(arguments, ReportFormat_, platform_.messageBox)) return;
+  if (!writeTextReport(arguments, ReportFormat_, font_, platform_.messageBox)) return;
   if (arguments.Preview1 == 0) return;
   PreviewReport({.Path1 = arguments.TextFileName,
                  .RCont = 1,

@@ -138,11 +138,26 @@ void readColumn(const RowReader& row, const OptionalFields& has, ColumnFormat& c
   column.DupPrintField = has.dupPrintField ? row.text("DupPrintField", "") : "";
 }
 
+/// Rows of the column table; the cursor is left on the last one.
+std::size_t countRows(Recordset& rst) {
+  try {
+    rst.MoveLast();
+  } catch (const AutomationError& error) {
+    if (error.number() != AutomationError::kNoCurrentRow) throw;
+    throw AutomationError(error.number(), kSource, "The column table has no rows.");
+  }
+  const std::int64_t rows = rst.RecordCount();
+  if (rows < 1) {
+    throw AutomationError(AutomationError::kDataProvider, kSource,
+                          "The column table does not say how many rows it has.");
+  }
+  return static_cast<std::size_t>(rows);
+}
+
 }  // namespace
 
 void readReportFormat(Recordset& rst, ReportFormatTable& table) {
-  rst.MoveLast();
-  const auto rows = static_cast<std::size_t>(rst.RecordCount());
+  const std::size_t rows = countRows(rst);
   table.assign(rows + 1, ColumnFormat{});
   rst.MoveFirst();
   const OptionalFields has(rst);

@@ -48,7 +48,8 @@ void takeGroup(GroupPlan& group, const std::string& field, char32_t bold) {
 }
 
 void appendHeading(std::string& headRow, const ColumnPlan& column) {
-  const std::string heading = reportBytes(column.format->fHeder, "A column heading");
+  const std::string heading = reportBytes(
+      column.format->fHeder, "The heading of the column \"" + column.format->fNM + "\"");
   const std::size_t at = headRow.size();
   headRow.append(column.width + column.spaces, ' ');
   placeCell(headRow.data() + at, column.width, heading, column.left);

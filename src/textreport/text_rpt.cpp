@@ -32,12 +32,13 @@ void readGroupText(std::string& out, ValueView value) {
 /// One run of Text_Rpt: the state that its lines share.
 class TextReport {
  public:
-  TextReport(TextRptArguments& arguments, ReportPlan plan)
+  TextReport(TextRptArguments& arguments, ReportPlan plan, const DOSEFONTcHR& font)
       : rows_(arguments.Rs),
         arguments_(arguments),
         plan_(std::move(plan)),
         file_(arguments.TextFileName, kSource),
-        out_(file_) {
+        out_(file_),
+        font_(font) {
     if (arguments.Srno > 0) {
       emptyPrefix_ = kNoSerial;
       plan_.headRow.insert(0, kSerialHeading);
@@ -378,7 +379,7 @@ class TextReport {
   OutputFile file_;
   ReportLines out_;
   RunState& state_ = runState();
-  const DOSEFONTcHR font_;
+  const DOSEFONTcHR& font_;
   const FormatPattern pageNumberPattern_{"0000"};
 
   std::string pitchCode_;
@@ -414,7 +415,7 @@ bool hasGroupField(const GroupPlan& group, const Recordset& rows, MessageBox& me
 
 }  // namespace
 
-bool writeTextReport(TextRptArguments& arguments, ReportFormatTable& table,
+bool writeTextReport(TextRptArguments& arguments, ReportFormatTable& table, const DOSEFONTcHR& font,
                      MessageBox& messageBox) {
   if (table.empty()) {
     throw AutomationError(AutomationError::kSubscript, kSource,
@@ -424,7 +425,7 @@ bool writeTextReport(TextRptArguments& arguments, ReportFormatTable& table,
   if (!hasGroupField(plan.group1, arguments.Rs, messageBox)) return false;
   if (!hasGroupField(plan.group2, arguments.Rs, messageBox)) return false;
   bindFields(plan, table, arguments.Rs);
-  TextReport(arguments, std::move(plan)).write();
+  TextReport(arguments, std::move(plan), font).write();
   return true;
 }
 

@@ -4,7 +4,7 @@
 
 namespace paperway {
 
-/// The revision number of the program's version, as hosts and windows show it.
+/// The revision of the library, counted up with each release, as hosts and windows show it.
 inline constexpr std::int16_t kRevision = 1;
 
 }  // namespace paperway
