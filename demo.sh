@@ -9,16 +9,28 @@ need_packages $build_packages $run_packages
 cmake --preset release -DPAPERWAY_TESTS=OFF >/dev/null
 cmake --build --preset release
 
-bin=build/release
+paperway=build/release/apps/paperway/paperway
 demo=build/demo
 mkdir -p "$demo"
-"$bin/examples/make_ledger" "$demo/ledger.db" 4000
-query="SELECT * FROM sales"
-"$bin/apps/paperway/paperway" columns examples/ledger/columns.csv --db "$demo/ledger.db" --data "$query"
-"$bin/apps/paperway/paperway" text --db "$demo/ledger.db" --data "$query" \
-  --columns examples/ledger/columns.csv --out "$demo/ledger.txt" \
-  --title "Sales ledger" --title "Year 2025-26" --title "" --title "" \
-  --title "By region and customer" --serial 1 --pitch 136
+
 echo
-echo "The report is in $demo/ledger.txt; it begins:"
-head -n 24 "$demo/ledger.txt" | tr -d '\014\015\016\017\022\024\033'
+echo "The sample database: 4,000 lines of a year's sales."
+build/release/examples/make_ledger "$demo/ledger.db" 4000
+query="SELECT * FROM sales"
+"$paperway" columns examples/ledger/columns.csv --db "$demo/ledger.db" --data "$query"
+
+"$paperway" text --db "$demo/ledger.db" --data "$query" --columns examples/ledger/columns.csv \
+  --out "$demo/ledger.txt" --title "Sales ledger" --title "Year 2025-26" --title "" --title "" \
+  --title "By region and customer" --serial 1 --pitch 136
+"$paperway" print "$demo/ledger.txt" --pages 1 --pdf "$demo/page1.pdf"
+echo
+echo "The report is $demo/ledger.txt, its first page on paper $demo/page1.pdf."
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  "$paperway" preview "$demo/ledger.txt"
+else
+  "$paperway" preview "$demo/ledger.txt" --picture "$demo/preview.png"
+  "$paperway" preview "$demo/ledger.txt" --picture "$demo/print.png" --do CmdPrint
+  "$paperway" preview "$demo/ledger.txt" --picture "$demo/setting.png" --do Label4
+  echo "There is no display; pictures of the windows: $demo/preview.png, print.png, setting.png."
+fi
