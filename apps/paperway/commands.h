@@ -21,6 +21,8 @@ void addText(CLI::App& app);
 void addColumns(CLI::App& app);
 void addWords(CLI::App& app);
 void addSetting(CLI::App& app);
+void addPrint(CLI::App& app);
+void addPrinters(CLI::App& app);
 void addPreview(CLI::App& app);
 
 }  // namespace paperway::command

@@ -5,15 +5,16 @@
 #include <unistd.h>
 
 #include "apps/paperway/desk.h"
+#include "apps/paperway/user_printers.h"
 #include "backends/desktop/qt/application.h"
 #include "backends/desktop/qt/clipboard.h"
 #include "backends/desktop/qt/dialogs.h"
 #include "backends/desktop/qt/form_window.h"
 #include "backends/desktop/qt/message_box.h"
+#include "backends/desktop/qt/print_device.h"
 #include "backends/desktop/qt/shell.h"
 #include "backends/desktop/qt/windows.h"
 #include "backends/desktop/system/system.h"
-#include "backends/headless/headless.h"
 
 namespace paperway::command {
 namespace {
@@ -33,7 +34,6 @@ class QtDesk : public Desk {
       : screenless_(options.screenless), application_(qt::makeApplication(argc_, argv_)) {
     QApplication::setApplicationName(QStringLiteral("Paperway"));
     if (options.dark) qt::useDarkColors();
-    headless_.printers.infos.clear();
   }
 
   Platform platform() override {
@@ -50,9 +50,9 @@ class QtDesk : public Desk {
             .clock = system_.clock,
             .names = system_.names,
             .userStore = system_.userStore,
-            .spooler = headless_.spooler,
-            .printers = headless_.printers,
-            .printDevice = headless_.printDevice};
+            .spooler = user_.spooler,
+            .printers = user_.printers,
+            .printDevice = printDevice_};
   }
 
   Form& form() override { return windows_.windows().back()->form(); }
@@ -77,7 +77,8 @@ class QtDesk : public Desk {
   char* argv_[2] = {name_, nullptr};
   std::unique_ptr<QApplication> application_;
   desktop::System system_;
-  headless::Headless headless_{system_.folders.temporary()};
+  UserPrinters user_;
+  qt::PrintDevice printDevice_{user_.spooler};
   qt::Windows windows_;
   qt::MessageBox messageBox_;
   qt::Clipboard clipboard_;
@@ -91,6 +92,7 @@ std::unique_ptr<Desk> Desk::open(const Options& options) {
   if (options.screenless) {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
     setenv("QT_SCALE_FACTOR", std::to_string(options.scale).c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", desktop::Folders().temporary().c_str(), 0);
   } else {
     requireDisplay();
   }

@@ -41,6 +41,8 @@ int main(int argc, char** argv) {
   paperway::command::addColumns(app);
   paperway::command::addWords(app);
   paperway::command::addSetting(app);
+  paperway::command::addPrint(app);
+  paperway::command::addPrinters(app);
   paperway::command::addPreview(app);
   return run(app, argc, argv);
 }

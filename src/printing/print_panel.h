@@ -3,13 +3,10 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <utility>
 
 #include "platform/platform.h"
 #include "platform/printers.h"
 #include "preview/frm_report.h"
-#include "printing/page_fit.h"
-#include "printing/printer_pitch.h"
 
 namespace paperway {
 
@@ -59,15 +56,11 @@ class PrintPanel {
   bool isConfirmed();
   void printRaw();
   void printStyled();
-  void drawPages();
   void saveChosenPages();
   std::string keepPart(const char* name, const RichTextBox& box);
-  std::pair<std::int64_t, std::int64_t> chosenPages() const;
 
   /// Says in the panel what will not fit on the paper.
   void showFit();
-  ReportExtent extentOfChosen(bool drawn) const;
-  PrinterPitch startOf(std::int64_t page) const;
   std::optional<PageSettings> settingsOf(const std::string& printer);
 
   FrmReport& form_;

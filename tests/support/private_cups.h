@@ -43,6 +43,7 @@ class PrivateCups {
     setenv("CUPS_SERVER", server_.c_str(), 1);
     setenv("CUPS_SERVERROOT", folder_.path.c_str(), 1);
     setenv("HOME", folder_.path.c_str(), 1);
+    setenv("XDG_RUNTIME_DIR", at("tmp").c_str(), 1);
     cupsSetServer(server_.c_str());
     start();
   }

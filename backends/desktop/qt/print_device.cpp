@@ -17,7 +17,7 @@
 namespace paperway::qt {
 namespace {
 
-constexpr int kDotsPerInch = 1200;
+constexpr int kDotsPerInch = 7200;  // fonts have whole sizes in dots
 constexpr double kLinesPerInch = 6;
 constexpr double kMargin = 0.25;     // inches, where the paper has them to spare
 constexpr double kPaperUnit = 2540;  // to the inch

@@ -1,0 +1,198 @@
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "apps/paperway/commands.h"
+#include "apps/paperway/desk.h"
+#include "apps/paperway/machine.h"
+#include "apps/paperway/user_printers.h"
+#include "facade/run_state.h"
+#include "preview/frm_report.h"
+#include "printing/chosen_pages.h"
+#include "printing/page_fit.h"
+#include "printing/page_range.h"
+#include "printing/print_file.h"
+#include "util/output_file.h"
+
+namespace paperway::command {
+namespace {
+
+struct PrintOptions {
+  std::string file;
+  std::string printer;
+  std::string pages;
+  int copies = 1;
+  int pitch = 10;
+  int paper = 12;
+  std::vector<int> tear{0, 0};
+  bool styled = false;
+  std::string pdf;
+  std::int64_t first = 1;
+  std::int64_t last = 0;  // 0: to the end
+};
+
+/// "3-7", "3-" or "3".
+void readPages(PrintOptions& options) {
+  if (options.pages.empty()) return;
+  const char* const end = options.pages.data() + options.pages.size();
+  auto read = std::from_chars(options.pages.data(), end, options.first);
+  options.last = options.first;
+  if (read.ec == std::errc() && read.ptr != end && *read.ptr == '-') {
+    options.last = 0;
+    ++read.ptr;
+    if (read.ptr != end) read = std::from_chars(read.ptr, end, options.last);
+  }
+  const bool isRange = options.last == 0 || options.last >= options.first;
+  if (read.ec != std::errc() || read.ptr != end || options.first < 1 || !isRange) {
+    throw CLI::ValidationError("--pages", "takes a page or a range, such as 3-7");
+  }
+}
+
+void requirePage(const PrintOptions& options, std::int64_t pages) {
+  if (options.first <= pages) return;
+  throw std::runtime_error(options.file + " has " + std::to_string(pages) + " pages.");
+}
+
+void warn(const std::vector<std::string>& warnings) {
+  if (!warnings.empty()) std::cerr << "warning: " << fitLine(warnings) << "\n";
+}
+
+ReportExtent extentOf(const std::string& file, const PrintOptions& options) {
+  ExtentScan scan({options.pitch == 12, options.pitch == 17}, false, options.first);
+  readBlocks(file, "PrintFile", [&](std::string_view block) { scan.block(block); });
+  return scan.end();
+}
+
+/// The report, or a work file with the pages that were asked for.
+std::string fileToPrint(const PrintOptions& options, Folders& folders) {
+  if (options.pages.empty() || !std::filesystem::exists(options.file)) return options.file;
+  const std::filesystem::path part = folders.program() / "RANGE.prn";
+  const std::int64_t last = options.last == 0 ? INT64_MAX : options.last;
+  requirePage(options, writePages(options.file, options.first, last, part));
+  return part.string();
+}
+
+void printRaw(const PrintOptions& options) {
+  Machine machine;
+  UserPrinters user;
+  const Platform platform = withPrinters(machine.platform(), user);
+  const std::string file = fileToPrint(options, platform.folders);
+  PrintFileArguments arguments{.fileName = file,
+                               .printerName = options.printer,
+                               .paperHeight = static_cast<std::int16_t>(options.paper),
+                               .cond = options.pitch == 17 ? std::uint8_t{1} : std::uint8_t{0},
+                               .semiCond = options.pitch == 12 ? std::uint8_t{1} : std::uint8_t{0},
+                               .copies = static_cast<std::uint8_t>(options.copies),
+                               .linesIn = static_cast<std::uint8_t>(options.tear[0]),
+                               .linesOut = static_cast<std::uint8_t>(options.tear[1])};
+  if (arguments.printerName.empty()) arguments.printerName = user.printers.current();
+  if (std::filesystem::is_regular_file(file)) {
+    warn(fitWarnings(extentOf(file, options), rawRoom(user.printers.settings(arguments.printerName),
+                                                      arguments.paperHeight)));
+  }
+  if (!PrintFile(arguments, platform)) throw Told();
+}
+
+void choosePages(FrmReport& form, const PrintOptions& options) {
+  requirePage(options, form.PageCount());
+  const std::int64_t last = options.last == 0 ? form.PageCount() : options.last;
+  form.Op[2].Value = true;
+  form.Tst.Text = std::to_string(options.first);
+  form.Tend.Text = std::to_string(std::min(last, form.PageCount()));
+  form.Text3.Text = std::to_string(options.copies);
+}
+
+/// The printer's paper. A file takes the first that holds the report: the usual one, upright or
+/// across, or wide fanfold.
+PageSettings paperFor(const PrintOptions& options, const ReportExtent& report, Printers& printers) {
+  const std::string printer = options.printer.empty() ? printers.current() : options.printer;
+  const auto kept = printer.empty() ? std::nullopt : printers.settings(printer);
+  PageSettings settings = kept.value_or(PageSettings{});
+  if (options.pdf.empty()) return settings;
+  const auto holds = [&](const PageSettings& paper) {
+    return fitWarnings({.width = report.width, .lines = report.lines}, sheetRoom(paper)).empty();
+  };
+  constexpr std::int16_t kFanfold = 39;
+  for (const PageSettings paper : {settings, {2, settings.PaperSize}, {1, kFanfold}}) {
+    if (holds(paper)) return paper;
+  }
+  return settings;
+}
+
+void printStyled(const PrintOptions& options) {
+  const std::unique_ptr<Desk> desk = Desk::open({.screenless = true});
+  const Platform platform = desk->platform();
+  runState().ModPath1 = options.file;
+  FrmReport form(platform);
+  form.load();
+  choosePages(form, options);
+  const ReportExtent report = drawnExtentOfChosen(form);
+  StyledDocument document{.name = documentNameOf(options.file),
+                          .printer = options.printer,
+                          .file = options.pdf,
+                          .settings = paperFor(options, report, platform.printers)};
+  if (document.printer.empty()) document.printer = platform.printers.current();
+  warn(fitWarnings(report, sheetRoom(document.settings)));
+  drawChosenPages(form, document, platform.printDevice);
+}
+
+}  // namespace
+
+void addPrint(CLI::App& app) {
+  CLI::App* print = app.add_subcommand("print", "Print a report file, or make a PDF of it");
+  const auto options = std::make_shared<PrintOptions>();
+  print->add_option("FILE", options->file, "Report file, or any text file")->required();
+  print->add_option("--printer", options->printer, "A printer of \"paperway printers\"")
+      ->type_name("NAME")
+      ->default_str("the default printer");
+  print->add_option("--pages", options->pages, "These pages alone")->type_name("3-7");
+  print->add_option("--copies", options->copies, "How often")
+      ->type_name("N")
+      ->check(CLI::Range(0, 255))
+      ->capture_default_str();
+  CLI::Option* pitch =
+      print->add_option("--pitch", options->pitch, "Characters to the inch: 10, 12 or 17")
+          ->check(CLI::IsMember({10, 12, 17}))
+          ->capture_default_str();
+  CLI::Option* paper = print->add_option("--paper", options->paper, "Height of the paper")
+                           ->type_name("INCHES")
+                           ->check(CLI::Range(1, 22))
+                           ->capture_default_str();
+  CLI::Option* tear =
+      print->add_option("--tear", options->tear, "Lines to feed back before, and on after, the job")
+          ->type_name("IN,OUT")
+          ->delimiter(',')
+          ->expected(2)
+          ->check(CLI::Range(0, 99));
+  CLI::Option* styled = print->add_flag(
+      "--styled", options->styled, "Draw the pages, for printers that take more than raw text");
+  CLI::Option* pdf =
+      print->add_option("--pdf", options->pdf, "Draw the pages into a file")->type_name("OUT.pdf");
+  styled->excludes(pdf);
+  for (CLI::Option* raw : {pitch, paper, tear}) {
+    styled->excludes(raw);
+    pdf->excludes(raw);
+  }
+  print->footer(
+      "Examples:\n"
+      "  paperway print ledger.txt --printer Matrix --pitch 17 --paper 12 --tear 3,5\n"
+      "  paperway print ledger.txt --pages 3-7 --copies 2\n"
+      "  paperway print ledger.txt --styled --printer Laser\n"
+      "  paperway print ledger.txt --pages 1 --pdf first.pdf");
+  print->callback([options] {
+    readPages(*options);
+    if (options->styled || !options->pdf.empty()) {
+      printStyled(*options);
+    } else {
+      printRaw(*options);
+    }
+  });
+}
+
+}  // namespace paperway::command

@@ -1,0 +1,109 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "apps/paperway/commands.h"
+#include "apps/paperway/user_printers.h"
+#include "util/control_strings.h"
+
+namespace paperway::command {
+namespace {
+
+using desktop::DirectPrinter;
+using desktop::DirectPrinterFile;
+
+void list() {
+  UserPrinters user;
+  const auto printers = user.printers.list();
+  const std::string current = user.printers.current();
+  std::size_t width = 0;
+  for (const PrinterInfo& printer : printers) {
+    width = std::max(width, printer.DeviceName.size());
+  }
+  for (const PrinterInfo& printer : printers) {
+    std::printf("%c %-*s  %-5s  %s\n", printer.DeviceName == current ? '*' : ' ',
+                static_cast<int>(width), printer.DeviceName.c_str(), printer.raw ? "raw" : "pages",
+                printer.description.c_str());
+  }
+  if (printers.empty()) std::cerr << "There is no printer.\n";
+}
+
+void remove(const std::string& name) {
+  if (DirectPrinterFile::ofUser().remove(name)) return;
+  throw std::runtime_error("There is no direct printer \"" + name + "\".");
+}
+
+std::string ruler(const std::string& pitch, int columns, const std::string& title) {
+  std::string line = pitch + title + "\r\n";
+  for (int column = 1; column <= columns; ++column) {
+    line += column % 10 == 0 ? std::to_string(column / 10 % 10) : ".";
+  }
+  return line + "\r\n";
+}
+
+/// A page of rulers: what a dot-matrix printer should print 8 inches wide.
+std::string testPage(const std::string& name) {
+  const DOSEFONTcHR font;
+  return font.C80 + font.Bon + "Paperway test page: " + name + font.Boff + "\r\n\r\n" +
+         ruler("", 80, "10 characters to the inch") + ruler(font.C96, 96, "12") +
+         ruler(font.C80 + font.Con, 136, "17") + font.Coff + kFormFeed;
+}
+
+void test(const std::string& name) {
+  UserPrinters user;
+  const auto job = user.spooler.open(name);
+  if (!job) throw std::runtime_error("There is no printer \"" + name + "\".");
+  const std::string page = testPage(name);
+  job->start("Paperway test page", DocumentFormat::raw);
+  job->write(page);
+  job->end();
+  std::cout << name << " took " << page.size() << " bytes.\n";
+}
+
+}  // namespace
+
+void addPrinters(CLI::App& app) {
+  CLI::App* printers = app.add_subcommand("printers", "List the printers, or change direct ones");
+  printers->require_subcommand(0, 1);
+  printers->footer(
+      "A direct printer is written to without a queue: a network socket, a device or file, a "
+      "program.\nExamples:\n"
+      "  paperway printers\n"
+      "  paperway printers add Counter socket://192.168.1.40:9100\n"
+      "  paperway printers add Matrix file:///dev/usb/lp0 --timeout 120\n"
+      "  paperway printers add Archive \"|gzip > ~/last-job.gz\"\n"
+      "  paperway printers test Counter");
+  printers->add_subcommand("list", "List the printers; * is the default one");
+  printers->callback([printers] {
+    if (printers->get_subcommands().empty() || printers->got_subcommand("list")) list();
+  });
+
+  const auto printer = std::make_shared<DirectPrinter>();
+  const auto seconds = std::make_shared<int>(0);
+  CLI::App* add = printers->add_subcommand("add", "Add a direct printer, or change it");
+  add->add_option("NAME", printer->name, "What it is called")->required();
+  add->add_option("TARGET", printer->target, "socket://host:port, file:///path or |command")
+      ->required();
+  add->add_option("--timeout", *seconds, "How long it may stand still before a job fails")
+      ->type_name("SECONDS")
+      ->check(CLI::PositiveNumber)
+      ->default_str("30");
+  add->callback([printer, seconds] {
+    printer->timeout = std::chrono::seconds(*seconds);
+    DirectPrinterFile::ofUser().add(*printer);
+  });
+
+  CLI::App* take = printers->add_subcommand("remove", "Remove a direct printer");
+  take->add_option("NAME", printer->name, "What it is called")->required();
+  take->callback([printer] { remove(printer->name); });
+
+  CLI::App* tryOut = printers->add_subcommand("test", "Print a test page, raw");
+  tryOut->add_option("NAME", printer->name, "Any printer of the list")->required();
+  tryOut->callback([printer] { test(printer->name); });
+}
+
+}  // namespace paperway::command

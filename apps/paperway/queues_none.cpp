@@ -1,0 +1,21 @@
+// In place of queues_cups.cpp where the build has no print service.
+
+#include "apps/paperway/queues.h"
+#include "backends/headless/printing.h"
+
+namespace paperway::command {
+namespace {
+
+struct NoPrinters : headless::Printers {
+  NoPrinters() { infos.clear(); }
+};
+
+const NoPrinters kNone;
+
+}  // namespace
+
+Queues openQueues() {
+  return {std::make_unique<NoPrinters>(), std::make_unique<headless::Spooler>(kNone)};
+}
+
+}  // namespace paperway::command

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/platform.h"
+#include "platform/print_device.h"
+#include "preview/frm_report.h"
+#include "printing/page_fit.h"
+#include "printing/printer_pitch.h"
+
+namespace paperway {
+
+/// Pages of a report window by index, both included.
+struct PageRange {
+  std::int64_t first = 0;
+  std::int64_t last = -1;
+};
+
+/// The pages that Op, Tst and Tend say.
+PageRange chosenPages(const FrmReport& form);
+
+/// What they ask of the paper: printed from this pitch on, or drawn at that of the report. Measures
+/// no more than their first 64 MB, for the pages of a report are much alike.
+ReportExtent extentOfChosen(const FrmReport& form, PrinterPitch pitch);
+ReportExtent drawnExtentOfChosen(const FrmReport& form);
+
+/// Draws them, each as often as Text3 says, to the printer or the file of the document; its size is
+/// worked out here.
+void drawChosenPages(FrmReport& form, StyledDocument document, PrintDevice& device);
+
+/// The number that a text begins with, without its fraction.
+std::int64_t wholeNumber(const std::string& text);
+
+}  // namespace paperway

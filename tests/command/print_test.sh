@@ -1,0 +1,47 @@
+#!/usr/bin/env bash
+# The commands "print" and "printers", as a user types them.
+. "$(dirname "$0")/lib.sh"
+export CUPS_SERVER=127.0.0.1:1
+print="$paperway print report.txt"
+printers="$paperway printers"
+printf 'one\r\n\f\r\ntwo\r\n\f\r\ncaf\351\r\n\f\r\n' >report.txt
+setup12() { printf '\033P\033x\000\033C\000\014\033\031C%b\033C\000\014' "${1-}"; }
+
+expect 0 'There is no printer.' $printers
+expect 1 'is no direct printer' $printers add Bad lpt1
+expect 0 '' $printers add File "file://$work/out"
+expect 0 '' $printers add "A program" "|cat > $work/program" --timeout 90
+expect 0 '* File       raw    file:///' $printers list
+expect 0 'File took ' $printers test File
+grep -q 'Paperway test page: File' out || fail "the test page"
+expect 0 '' $printers remove File
+expect 1 'There is no direct printer "File".' $printers remove File
+grep -q '^A program' config/paperway/printers || fail "the file of printers"
+
+expect 0 '' $print
+{ setup12 && printf 'one\r\n\ftwo\r\n\fcaf\351\r\n\f'; } | cmp -s - program || fail "all pages"
+expect 0 '' $print --pages 2- --copies 2 --paper 12 --tear 1,1
+{ setup12 '\033jH' && printf '\r\ntwo\r\n\fcaf\351\r\n\f\r\ntwo\r\n\fcaf\351\r\n\f%40s\r\n' ''; } |
+  cmp -s - program || fail "a range, twice, with tear lines"
+expect 1 'report.txt has 3 pages.' $print --pages 4
+expect 2 'takes a page or a range' $print --pages 3-2
+expect 2 'excludes' $print --styled --pitch 12
+expect 1 'File none.txt does not exists' "$paperway" print none.txt
+expect 1 'does not answer' $print --printer Elsewhere
+expect 0 '' $printers add Full file:///dev/full
+expect 1 'took nothing of the job: No space left on device' $print --printer Full
+printf '%090d\r\n\f' 1 >wide.txt
+expect 0 'warning: Will not fit: a line of 9 inches on page 1, the paper has 8' \
+  "$paperway" print wide.txt
+expect 0 '' "$paperway" print wide.txt --pitch 12
+
+if $print --pdf all.pdf 2>said; then
+  [ "$(pdftotext -layout all.pdf - | tr -d '\n')" = $'one\ftwo\fcafé\f' ] || fail "the text of the PDF"
+  expect 0 '' $print --pages 3 --copies 2 --pdf two.pdf
+  [ "$(pdftotext two.pdf - | tr -d '\n')" = $'café\fcafé\f' ] || fail "two copies of page 3"
+  expect 1 'It is written to directly and takes raw text alone' $print --styled
+  expect 1 'none/all.pdf' $print --pdf none/all.pdf
+else
+  grep -q 'This build has no windows' said || fail "a PDF: $(cat said)"
+fi
+finish

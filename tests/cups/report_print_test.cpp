@@ -1,0 +1,172 @@
+// Reports on their way through a report window to the queues.
+
+#include <QGuiApplication>
+#include <array>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <regex>
+#include <vector>
+
+#include "backends/desktop/cups/cups_printers.h"
+#include "backends/desktop/cups/cups_spooler.h"
+#include "backends/desktop/qt/print_device.h"
+#include "backends/headless/headless.h"
+#include "cups/cups_desk.h"
+#include "facade/class1.h"
+#include "facade/run_state.h"
+#include "preview/frm_report.h"
+#include "printing/print_stream.h"
+#include "util/output_file.h"
+
+namespace paperway {
+namespace {
+
+class ReportPrint : public testing::Test {
+ protected:
+  ReportPrint() {
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    runState() = RunState();
+    replaceFile(report_, text_, "test");
+    machine_.messageBox.answers.assign(8, MessageBox::Answer::yes);
+  }
+
+  Platform platform() {
+    Platform headless = machine_.platform();
+    return {.messageBox = headless.messageBox,
+            .windows = headless.windows,
+            .folders = headless.folders,
+            .clipboard = headless.clipboard,
+            .dialogs = headless.dialogs,
+            .shell = headless.shell,
+            .files = headless.files,
+            .clock = headless.clock,
+            .names = headless.names,
+            .userStore = headless.userStore,
+            .spooler = spooler_,
+            .printers = printers_,
+            .printDevice = device_};
+  }
+
+  FrmReport& open(const std::string& printer) {
+    class1_.PrinterName = printer;
+    class1_.PreviewReport({.Path1 = report_, .RPrint = 1});
+    form_ = std::dynamic_pointer_cast<FrmReport>(machine_.windows.forms.back());
+    form_->Op[2].Value = true;
+    form_->Tst.Text = "2";
+    form_->Tend.Text = "3";
+    form_->Text3.Text = "2";
+    return *form_;
+  }
+
+  std::string run(const std::string& command) {
+    std::string said;
+    std::array<char, 4096> buffer;
+    std::FILE* const pipe = popen(command.c_str(), "r");
+    while (const std::size_t size = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
+      said.append(buffer.data(), size);
+    }
+    EXPECT_EQ(pclose(pipe), 0) << command;
+    return said;
+  }
+
+  std::string keepPdf(const std::string& bytes) {
+    const std::string file = folder_.path / "received.pdf";
+    replaceFile(file, bytes, "test");
+    return file;
+  }
+
+  struct Word {  // place in points
+    double left, top, right, bottom;
+  };
+  std::vector<Word> wordsOf(const std::string& pdf) {
+    const std::string text = run("pdftotext -bbox " + pdf + " -");
+    const std::regex box("<word xMin=\"(.*?)\" yMin=\"(.*?)\" xMax=\"(.*?)\" yMax=\"(.*?)\"");
+    std::vector<Word> words;
+    for (std::sregex_iterator word(text.begin(), text.end(), box), end; word != end; ++word) {
+      const auto number = [&](int group) { return std::stod((*word)[group]); };
+      words.push_back({number(1), number(2), number(3), number(4)});
+    }
+    return words;
+  }
+
+  int argc_ = 1;
+  char name_[5] = "test";
+  char* argv_[2] = {name_, nullptr};
+  TestFolder folder_;
+  headless::Headless machine_{folder_.path};
+  desktop::CupsSpooler spooler_;
+  desktop::CupsPrinters printers_;
+  qt::PrintDevice device_{spooler_};
+  Class1 class1_{platform()};
+  std::shared_ptr<FrmReport> form_;
+  const std::string report_ = folder_.path / "sales.txt";
+  const std::string text_ =
+      "first\r\n\f\r\n\033EPage No # 0002\033F\r\n\017caf\xE9 17.5 \022end\r\n\f\r\n"
+      "last page\r\n\f\r\n";
+};
+
+TEST_F(ReportPrint, RangeAndCopiesArriveAtTheRawQueue) {
+  open("P").CmdOk.onClick();
+  const std::string pages =
+      "\r\n\033EPage No # 0002\033F\r\n\017caf\xE9 17.5 \022end\r\n\flast page\r\n\f";
+  EXPECT_EQ(desk->raw.take(), printerSetup({.paperHeight = 6, .draft = true}) + pages + pages);
+}
+
+TEST_F(ReportPrint, StyledPagesArriveAsPdfWithTheirText) {
+  QGuiApplication application(argc_, argv_);
+  open("Drawn").OptWinMode.Value = true;
+  form_->CmdOk.onClick();
+  EXPECT_EQ(machine_.messageBox.shown.size(), 1U) << machine_.messageBox.shown.back().text;
+  const std::string pdf = desk->drawn.take().value_or("");
+  EXPECT_EQ(run("pdftotext -layout " + keepPdf(pdf) + " -"),
+            "Page No # 0002\ncafé 17.5 end\n\fPage No # 0002\ncafé 17.5 end\n\f"
+            "last page\n\flast page\n\f");
+}
+
+TEST_F(ReportPrint, OrientationThatWasSetIsReadByTheNextPrint) {
+  QGuiApplication application(argc_, argv_);
+  printers_.setCurrent("Drawn");
+  class1_.Set_Orientation("L", 9);
+  open("Drawn").OptWinMode.Value = true;
+  form_->CmdOk.onClick();
+  const std::string pdf = desk->drawn.take().value_or("");
+  const Word first = wordsOf(keepPdf(pdf)).at(0);
+  EXPECT_GT(first.bottom - first.top, first.right - first.left) << "turned on an upright sheet";
+  EXPECT_NEAR(first.right, 210 / 25.4 * 72 - 30, 5) << "of A4";
+  class1_.Set_Orientation("P", 1);
+}
+
+TEST_F(ReportPrint, RawQueueIsNotSentStyledPages) {
+  QGuiApplication application(argc_, argv_);
+  open("P").OptWinMode.Value = true;
+  form_->CmdOk.onClick();
+  EXPECT_EQ(machine_.messageBox.shown.back().text,
+            "The printer \"P\" took nothing of the job: It is a raw queue, which takes raw text "
+            "alone.");
+  EXPECT_TRUE(machine_.messageBox.shown.back().title == "Printer Error Information");
+}
+
+TEST_F(ReportPrint, CharactersStandAtTheirPitchAndLinesSixToTheInch) {
+  QGuiApplication application(argc_, argv_);
+  const std::filesystem::path file = folder_.path / "out.pdf";
+  const auto job =
+      device_.start({.name = "pitch", .file = file, .settings = {1, 1}, .width = 8, .height = 11});
+  job->page({{{.text = std::string(80, 'x'), .left = 0, .cpi = 10}},
+             {{.text = std::string(136, 'y'), .left = 0, .cpi = 120 / 7., .bold = true}},
+             {{.text = "z", .left = 7.5, .cpi = 12}}});
+  job->end();
+  const auto words = wordsOf(file);
+  ASSERT_EQ(words.size(), 3U);
+  const double margin = 18;
+  const double near = 0.3;
+  EXPECT_NEAR(words[0].left, margin, near);
+  EXPECT_NEAR(words[0].right, margin + 8 * 72, near);
+  EXPECT_NEAR(words[1].right, margin + 136 / (120 / 7.) * 72, near);
+  EXPECT_NEAR(words[2].left, margin + 7.5 * 72, near);
+  // Small letters end higher in a line than big ones, by their font's depth.
+  EXPECT_NEAR(words[1].bottom - words[0].bottom, 12, 3);
+  EXPECT_NEAR(words[2].bottom - words[0].bottom, 24, 3);
+}
+
+}  // namespace
+}  // namespace paperway
