@@ -18,7 +18,7 @@ void keepNumberFormat() {
 
 void useDarkColors() {
   QPalette palette;
-  const QColor window(43, 45, 48);
+  const QColor window(51, 53, 57);
   const QColor base(30, 31, 34);
   const QColor bright(223, 225, 229);
   const QColor faint(128, 131, 137);
@@ -26,10 +26,10 @@ void useDarkColors() {
   palette.setColor(QPalette::Base, base);
   palette.setColor(QPalette::AlternateBase, window);
   palette.setColor(QPalette::ToolTipBase, window);
-  palette.setColor(QPalette::Button, QColor(60, 63, 67));
-  palette.setColor(QPalette::Light, QColor(80, 84, 89));
-  palette.setColor(QPalette::Midlight, QColor(70, 73, 78));
-  palette.setColor(QPalette::Mid, QColor(35, 36, 39));
+  palette.setColor(QPalette::Button, QColor(68, 71, 76));
+  palette.setColor(QPalette::Light, QColor(90, 94, 99));
+  palette.setColor(QPalette::Midlight, QColor(78, 81, 86));
+  palette.setColor(QPalette::Mid, QColor(40, 42, 45));
   palette.setColor(QPalette::Dark, QColor(26, 27, 29));
   palette.setColor(QPalette::Shadow, Qt::black);
   palette.setColor(QPalette::Highlight, QColor(61, 120, 195));

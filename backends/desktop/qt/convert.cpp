@@ -9,7 +9,7 @@
 namespace paperway::qt {
 namespace {
 
-constexpr double kReadableContrast = 3.5;
+constexpr double kReadableContrast = 4.5;
 
 double luminance(const QColor& color) {
   const auto linear = [](double part) {
@@ -89,6 +89,12 @@ QColor readable(const QColor& text, const QColor& background) {
                              static_cast<float>(std::clamp(lightness, 0.0, 1.0)));
   }
   return color;
+}
+
+QColor blend(const QColor& one, const QColor& other, double part) {
+  const auto mix = [part](int a, int b) { return static_cast<int>(a * part + b * (1 - part)); };
+  return {mix(one.red(), other.red()), mix(one.green(), other.green()),
+          mix(one.blue(), other.blue())};
 }
 
 QFont font(const FontSpec& wanted, const QFont& base) {

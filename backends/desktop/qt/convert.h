@@ -30,6 +30,9 @@ Color colorValue(const QColor& color);
 /// A text colour that can be read on the background: the same hue, lighter or darker.
 QColor readable(const QColor& text, const QColor& background);
 
+/// Between two colours, `part` of the way from the second to the first.
+QColor blend(const QColor& one, const QColor& other, double part = 0.5);
+
 /// What `wanted` leaves open comes from `base`.
 QFont font(const FontSpec& wanted, const QFont& base);
 

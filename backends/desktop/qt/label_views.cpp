@@ -76,7 +76,8 @@ class CommandLabelView : public ControlView {
  protected:
   void syncColors() override {
     QPalette palette;
-    palette.setColor(QPalette::ButtonText, readable(palette.color(QPalette::Link), surface()));
+    const QColor link = blend(palette.color(QPalette::Link), palette.color(QPalette::WindowText));
+    palette.setColor(QPalette::ButtonText, readable(link, surface()));
     button_.setPalette(palette);
   }
   void syncContent() override {

@@ -7,18 +7,6 @@
 #include "backends/desktop/qt/report_view.h"
 
 namespace paperway::qt {
-namespace {
-
-constexpr int kMarginLeft = ReportView::kMarginLeft;
-
-QRgb blend(const QColor& over, const QColor& under, double part) {
-  const auto mix = [part](int a, int b) { return static_cast<int>(a * part + b * (1 - part)); };
-  return qRgb(mix(over.red(), under.red()), mix(over.green(), under.green()),
-              mix(over.blue(), under.blue()));
-}
-
-}  // namespace
-
 QColor ReportView::paper() const {
   return color(box_.BackColor, palette());
 }
@@ -59,7 +47,7 @@ void ReportView::paintLine(QPainter& painter, std::uint64_t number, int y) {
     paintPiece(painter, piece, x, y + layout.ascent, back);
   }
   if (layout.pageBreak) {
-    painter.setPen(QPen(QColor(blend(readable(back, back), back, 0.4)), 1, Qt::DashLine));
+    painter.setPen(QPen(blend(readable(back, back), back), 1, Qt::DashLine));
     const int rule = layout.pieces.front().begin == *layout.pageBreak ? y : y + height - 1;
     painter.drawLine(0, rule, viewport()->width(), rule);
   }

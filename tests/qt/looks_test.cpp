@@ -1,0 +1,167 @@
+// What can be told of a window's looks without an eye: captions fit their controls, and controls
+// stand beside one another. Run at the scale of QT_SCALE_FACTOR.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QGroupBox>
+#include <QStyle>
+#include <functional>
+
+#include "backends/desktop/qt/application.h"
+#include "backends/desktop/qt/control_view.h"
+#include "backends/desktop/qt/convert.h"
+#include "facade/run_state.h"
+#include "preview/frm_report.h"
+#include "qt_desk.h"
+#include "util/output_file.h"
+
+namespace paperway {
+namespace {
+
+constexpr int kButtonPadding = 6;  // at each side of a caption
+
+QSize neededFor(const Control& control, const QWidget& widget) {
+  const QFontMetrics metrics(widget.font());
+  const QString shown = qt::caption(captionText(control.Caption));
+  QSize text(metrics.horizontalAdvance(shown), metrics.height());
+  switch (control.kind) {
+    case ControlKind::button:
+      return text + QSize(2 * kButtonPadding, 4);
+    case ControlKind::checkBox:
+    case ControlKind::optionButton:
+      return {widget.sizeHint().width(), metrics.height()};
+    case ControlKind::textBox:
+    case ControlKind::comboBox:
+      return {0, metrics.height() + 4};
+    case ControlKind::label:
+    case ControlKind::spLebal:
+      return text;
+    default:
+      return {0, 0};
+  }
+}
+
+bool covers(const Control& control) {
+  return control.kind == ControlKind::frame && static_cast<const Frame&>(control).Panel;
+}
+
+void expectTidy(const qt::FormWindow& window) {
+  std::vector<const Control*> shown;
+  for (const Control* control : window.form().controls()) {
+    if (window.view(*control) != nullptr && control->shown()) shown.push_back(control);
+  }
+  for (const Control* control : shown) {
+    SCOPED_TRACE(control->name);
+    const QWidget& widget = window.view(*control)->widget;
+    const QSize needed = neededFor(*control, widget);
+    EXPECT_GE(widget.width(), needed.width()) << "caption cut off";
+    EXPECT_GE(widget.height(), needed.height()) << "caption cut off";
+    EXPECT_TRUE(widget.parentWidget()->rect().contains(widget.geometry())) << "beyond its frame";
+    const auto* group = qobject_cast<const QGroupBox*>(widget.parentWidget());
+    if (group != nullptr && !group->title().isEmpty()) {
+      EXPECT_GE(widget.y(), QFontMetrics(group->font()).height()) << "over the frame's caption";
+    }
+    for (const Control* other : shown) {
+      if (other == control || covers(*control) || covers(*other)) continue;
+      const QWidget& beside = window.view(*other)->widget;
+      if (beside.parentWidget() != widget.parentWidget()) continue;
+      EXPECT_FALSE(beside.geometry().intersects(widget.geometry())) << "over " << other->name;
+    }
+  }
+}
+
+class Looks : public testing::Test {
+ protected:
+  Looks() {
+    RunState& state = runState();
+    state = RunState();
+    state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
+    state.ModRExport = state.ModRColor = state.ModRPrint = 1;
+    std::string report;
+    for (int i = 0; i < 12; ++i) report += "a page\r\n\f";
+    state.ModPath1 = (desk.folder.path / "report.prn").string();
+    replaceFile(state.ModPath1, report, "test");
+    form = std::make_shared<FrmReport>(desk.platform());
+    for (Control* control : std::initializer_list<Control*>{
+             &form->JeweledButton1, &form->CmdPrint, &form->Label8, &form->Label10}) {
+      if (!control->onClick) control->onClick = [] {};  // as if all that it offers were there
+    }
+    form->load();
+    desk.windows.show(form);
+  }
+  ~Looks() override { form->unload(); }
+
+  void expectTidyAt(int width, int height) {
+    qt::FormWindow& window = *desk.windows.window(*form);
+    window.resize(qt::pixels(width), qt::pixels(height));
+    QApplication::processEvents();
+    window.sync();
+    expectTidy(window);
+  }
+
+  QtDesk desk;
+  std::shared_ptr<FrmReport> form;
+};
+
+TEST_F(Looks, CaptionsFitAndControlsStandApart) {
+  struct State {
+    const char* name;
+    std::function<void(FrmReport&)> enter;
+  };
+  const State states[] = {
+      {"as opened", [](FrmReport&) {}},
+      {"longest captions",
+       [](FrmReport& f) {
+         f.LbPageNo.Caption = "Page 100000/100000";
+         f.LBPage.Caption = "100000";
+         f.Command2.Caption = "Zoom Out";
+         f.CmdExelExp.Visible = true;
+         f.CmdExelExp.Caption = "Finsh Record Click";
+       }},
+      {"setting panel", [](FrmReport& f) { f.Frame6.Visible = true; }},
+      {"print panel",
+       [](FrmReport& f) {
+         f.Frame6.Visible = false;
+         f.Frame1.Visible = true;
+         f.OptDosLocal.Visible = true;
+         for (Control* control : f.controls()) {
+           if (control->container == &f.Frame1) control->Font.Bold = true;
+         }
+       }},
+  };
+  for (const State& state : states) {
+    SCOPED_TRACE(state.name);
+    state.enter(*form);
+    expectTidyAt(form->MinWidth, form->MinHeight);
+    expectTidyAt(15000, 10500);
+    expectTidyAt(28800, 16200);
+  }
+}
+
+double contrast(const QColor& one, const QColor& other) {
+  return std::abs(one.lightnessF() - other.lightnessF());
+}
+
+TEST_F(Looks, TextCanBeReadInDarkColors) {
+  const QPalette before = QApplication::palette();
+  qt::useDarkColors();
+  QApplication::processEvents();
+  const qt::FormWindow& window = *desk.windows.window(*form);
+  for (const Control* control : form->controls()) {
+    if (window.view(*control) == nullptr || control->Caption.empty()) continue;
+    const QPalette palette = window.view(*control)->widget.palette();
+    EXPECT_GT(contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window)), 0.3)
+        << control->name;
+  }
+  const QImage picture =
+      desk.windows.window(*form)->grab().toImage();
+  EXPECT_LT(picture.pixelColor(2, 2).lightness(), 80) << "the window is dark";
+  EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() / 2), QColor(Qt::white))
+      << "the paper stays as it is";
+  QApplication::setPalette(before);
+}
+
+}  // namespace
+}  // namespace paperway

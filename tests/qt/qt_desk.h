@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QCoreApplication>
+
+#include "backends/desktop/qt/windows.h"
+#include "backends/headless/headless.h"
+#include "qt_user.h"
+#include "support/test_folder.h"
+
+namespace paperway {
+
+/// A desk of real windows; what is asked of the user otherwise comes from a script.
+struct QtDesk {
+  TestFolder folder;
+  headless::Headless machine{folder.path};
+  qt::Windows windows;
+
+  ~QtDesk() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+  Platform platform() {
+    return {.messageBox = machine.messageBox,
+            .windows = windows,
+            .folders = machine.folders,
+            .clipboard = machine.clipboard,
+            .dialogs = machine.dialogs,
+            .shell = machine.shell,
+            .files = machine.files,
+            .clock = machine.clock,
+            .names = machine.names,
+            .userStore = machine.userStore,
+            .spooler = machine.spooler,
+            .printers = machine.printers,
+            .printDevice = machine.printDevice};
+  }
+  QtUser user(Form& form) { return QtUser(*windows.window(form)); }
+
+  /// What a test changed behind the window's back is copied first.
+  void expectAgreement(const Form& form) {
+    qt::FormWindow* window = windows.window(form);
+    if (window == nullptr) return;  // closed
+    window->sync();
+    paperway::expectAgreement(*window);
+  }
+};
+
+}  // namespace paperway
