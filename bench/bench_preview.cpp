@@ -2,12 +2,10 @@
 // alone; what a renderer adds is measured with it. Run it from a folder that takes the file.
 
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <sys/resource.h>
 
 #include "backends/headless/headless.h"
+#include "bench/big_report.h"
 #include "facade/run_state.h"
 #include "preview/frm_report.h"
 #include "preview/page_styles.h"
@@ -17,41 +15,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kPages = 100'000;
-constexpr int kLines = 50;
-
-std::string page(int number) {
-  std::string text =
-      "\x0F\r\n\x0E\x1B"
-      "E\x1BGSales ledger\x14\x1B"
-      "F\x1BH\r\n\x1B"
-      "EPage No # " +
-      std::to_string(number) +
-      "\x1B"
-      "F\r\n";
-  char line[160];
-  for (int i = 0; i < kLines; ++i) {
-    std::snprintf(
-        line, sizeof line,
-        "%8d  Customer number %06d      2026-03-%02d  Item %05d %12.2f %12.2f %14.2f      "
-        "North     V/%07d\r\n",
-        number * kLines + i, (number * 37 + i) % 999983, i % 28 + 1, i * 7, i * 1.5, number * 0.25,
-        i * number * 0.125, number + i);
-    text += line;
-  }
-  return text + "\x12\f";
-}
-
-/// The report, in the file system's cache.
-const fs::path& report() {
-  static const fs::path path = [] {
-    const fs::path file = fs::absolute("bench_preview.prn");
-    std::ofstream out(file, std::ios::binary);
-    for (int i = 0; i < kPages; ++i) out << page(i);
-    return file;
-  }();
-  return path;
-}
+using bench::kPages;
+using bench::peakMegabytes;
+using bench::report;
 
 struct Window {
   Window() {
@@ -69,12 +35,6 @@ struct Window {
 Window& window() {
   static Window shared;
   return shared;
-}
-
-double peakMegabytes() {
-  rusage used{};
-  getrusage(RUSAGE_SELF, &used);
-  return static_cast<double>(used.ru_maxrss) * 1024 / 1e6;
 }
 
 void OpenReport(benchmark::State& state) {
