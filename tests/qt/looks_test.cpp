@@ -1,13 +1,12 @@
 // What can be told of a window's looks without an eye: captions fit their controls, and controls
 // stand beside one another. Run at the scale of QT_SCALE_FACTOR.
 
-#include <gtest/gtest.h>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGroupBox>
 #include <QStyle>
 #include <functional>
+#include <gtest/gtest.h>
 
 #include "backends/desktop/qt/application.h"
 #include "backends/desktop/qt/control_view.h"
@@ -84,8 +83,8 @@ class Looks : public testing::Test {
     state.ModPath1 = (desk.folder.path / "report.prn").string();
     replaceFile(state.ModPath1, report, "test");
     form = std::make_shared<FrmReport>(desk.platform());
-    for (Control* control : std::initializer_list<Control*>{
-             &form->JeweledButton1, &form->CmdPrint, &form->Label8, &form->Label10}) {
+    for (Control* control : std::initializer_list<Control*>{&form->JeweledButton1, &form->CmdPrint,
+                                                            &form->Label8, &form->Label10}) {
       if (!control->onClick) control->onClick = [] {};  // as if all that it offers were there
     }
     form->load();
@@ -155,8 +154,7 @@ TEST_F(Looks, TextCanBeReadInDarkColors) {
     EXPECT_GT(contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window)), 0.3)
         << control->name;
   }
-  const QImage picture =
-      desk.windows.window(*form)->grab().toImage();
+  const QImage picture = desk.windows.window(*form)->grab().toImage();
   EXPECT_LT(picture.pixelColor(2, 2).lightness(), 80) << "the window is dark";
   EXPECT_EQ(picture.pixelColor(picture.width() / 2, picture.height() / 2), QColor(Qt::white))
       << "the paper stays as it is";

@@ -1,5 +1,4 @@
 #include "contract/report_window_contract.h"
-
 #include "qt_desk.h"
 
 namespace paperway {

@@ -31,7 +31,7 @@ class EditView : public ControlView {
     if (!keepsPageKeys() && (event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown)) {
       return false;
     }
-    keyAllowed_ = true;  // its character has been asked about
+    keyAllowed_ = before != 0;  // its character has been asked about
     if (after == before) {
       deliver(event);
     } else {

@@ -258,6 +258,7 @@ Control* FormWindow::neighbour(bool forward) const {
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {
+  if (syncing_) return false;  // a widget is being hidden or disabled; syncFocus() comes to it
   Control* target = neighbour(next);
   if (target == nullptr) return false;
   act([this, target] { form_->moveFocus(target); });

@@ -38,7 +38,7 @@ class ReportView : public QAbstractScrollArea {
   // For those who drive the view.
   QPoint pointOf(std::size_t offset);
   std::size_t offsetAt(const QPoint& point);
-  std::uint64_t firstLine() const { return heights_.lineAt(top_ - kMarginTop); }
+  std::uint64_t firstLine() const { return heights_.lineAt(top_); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;

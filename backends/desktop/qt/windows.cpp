@@ -34,11 +34,11 @@ void Windows::show(std::shared_ptr<Form> form) {
     shown = new FormWindow(std::move(form), *this);
     windows_.push_back(shown);
     shown->begin();
+    cameToFront(*shown);
   } else {
     shown->raise();
-    shown->activateWindow();
+    shown->activateWindow();  // which tells when it has happened
   }
-  cameToFront(*shown);
 }
 
 ScreenSize Windows::screen() {

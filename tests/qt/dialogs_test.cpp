@@ -1,0 +1,115 @@
+#include "backends/desktop/qt/dialogs.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTimer>
+#include <clocale>
+#include <functional>
+#include <gtest/gtest.h>
+
+#include "backends/desktop/qt/clipboard.h"
+#include "backends/desktop/qt/shell.h"
+#include "support/test_folder.h"
+#include "util/automation_error.h"
+#include "util/output_file.h"
+
+namespace paperway {
+namespace {
+
+template <typename Dialog>
+void answer(std::function<void(Dialog&)> how) {
+  QTimer::singleShot(0, [how = std::move(how)] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    how(*dialog);
+  });
+}
+
+void enter(QFileDialog& dialog, const QString& name) {
+  dialog.findChild<QLineEdit*>()->setText(name);
+  static_cast<QDialog&>(dialog).accept();
+}
+
+class DialogsTest : public testing::Test {
+ protected:
+  DialogsTest() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
+  TestFolder folder;
+  qt::Dialogs dialogs;
+  FileQuestion question{"A title",
+                        {{" Rich Text Format (*.rtf)", {"*.rtf"}}, {"Text", {"*.txt", "*.prn"}}},
+                        folder.path};
+};
+
+TEST_F(DialogsTest, OpensAFileThatExists) {
+  replaceFile(folder.path / "a \xC3\xA4.txt", "x", "test");
+  answer<QFileDialog>([](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("A title"));
+    EXPECT_EQ(dialog.nameFilters(),
+              QStringList({"Rich Text Format (*.rtf)", "Text (*.txt *.prn)"}));
+    enter(dialog, QStringLiteral("a ä.txt"));
+  });
+  EXPECT_EQ(dialogs.openFile(question), folder.path / "a \xC3\xA4.txt");
+}
+
+TEST_F(DialogsTest, SavesUnderTheExtensionOfTheFilter) {
+  struct Case {
+    const char* name;
+    int filter;
+    const char* saved;
+  };
+  const Case cases[] = {
+      {"out", 0, "out.rtf"}, {"out", 1, "out.txt"}, {"out.TXT", 0, "out.TXT"}, {"a.b", 1, "a.b"}};
+  for (const Case& c : cases) {
+    answer<QFileDialog>([&c](QFileDialog& dialog) {
+      dialog.selectNameFilter(dialog.nameFilters()[c.filter]);
+      emit dialog.filterSelected(dialog.nameFilters()[c.filter]);
+      enter(dialog, QString::fromLatin1(c.name));
+    });
+    EXPECT_EQ(dialogs.saveFile(question), folder.path / c.saved) << c.name;
+  }
+}
+
+TEST_F(DialogsTest, CancellingGivesNothing) {
+  answer<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(dialogs.openFile(question), std::nullopt);
+  answer<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(dialogs.saveFile({}), std::nullopt);
+  answer<QColorDialog>([](QColorDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(dialogs.color(255), std::nullopt);
+}
+
+TEST_F(DialogsTest, ColorsAreBlueGreenRed) {
+  answer<QColorDialog>([](QColorDialog& dialog) {
+    EXPECT_EQ(dialog.currentColor(), QColor(1, 2, 3));
+    dialog.setCurrentColor(QColor(4, 5, 6));
+    dialog.accept();
+  });
+  EXPECT_EQ(dialogs.color(3 * 65536 + 2 * 256 + 1), 6u * 65536 + 5 * 256 + 4);
+}
+
+TEST(ClipboardOnTheDesktop, KeepsText) {
+  qt::Clipboard clipboard;
+  clipboard.setText("a\xC3\xA9\r\n\x1B");
+  EXPECT_EQ(clipboard.text(), "a\xC3\xA9\r\n\x1B");
+}
+
+TEST(ShellOnTheDesktop, NamesWhatItCannotStart) {
+  qt::Shell shell;
+  EXPECT_THROW(shell.start({}), AutomationError);
+  try {
+    shell.start({"no-such-program-here"});
+    FAIL();
+  } catch (const AutomationError& error) {
+    EXPECT_NE(std::string(error.what()).find("no-such-program-here"), std::string::npos);
+  }
+}
+
+TEST(Application, KeepsThePointOfNumbers) {
+  EXPECT_STREQ(std::localeconv()->decimal_point, ".");
+}
+
+}  // namespace
+}  // namespace paperway
