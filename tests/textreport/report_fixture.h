@@ -13,23 +13,22 @@
 
 namespace paperway {
 
-/// One row of a column table, with the values that most columns have.
-struct Column {
-  std::string fNM{}, fHeder{};
-  int Sz = 0;
-  std::string Dtyp = "T", Ali = "L";
-  int Spc = 1;
-  std::string Lt = "N", AllPageTot = "N", GTot1{}, GTot2{}, Frmt{}, BoldGroup1{}, BoldGroup2{};
-  std::string DupPrintYN = "N", DupPrintField{};
-};
+/// The columns of a report, each a row of the column table from its first field on; the fields that
+/// a row leaves out, and empty ones, are null.
+using Columns = std::vector<std::vector<std::string>>;
 
-inline MemoryTable columnTable(const std::vector<Column>& columns) {
-  MemoryTable table({"fNM", "fHeder", "Sz", "Dtyp", "Ali", "Spc", "Lt", "AllPageTot", "GTot1",
-                     "GTot2", "Frmt", "BoldGroup1", "BoldGroup2", "FontNm", "DupPrintYN",
-                     "DupPrintField"});
-  for (const Column& c : columns) {
-    table.addRow({c.fNM, c.fHeder, c.Sz, c.Dtyp, c.Ali, c.Spc, c.Lt, c.AllPageTot, c.GTot1, c.GTot2,
-                  c.Frmt, c.BoldGroup1, c.BoldGroup2, ValueView(), c.DupPrintYN, c.DupPrintField});
+inline MemoryTable columnTable(const Columns& columns) {
+  const std::vector<std::string> names = {
+      "fNM",           "fHeder", "Sz",    "Dtyp", "Ali",        "Spc",        "Lt",
+      "AllPageTot",    "GTot1",  "GTot2", "Frmt", "BoldGroup1", "BoldGroup2", "DupPrintYN",
+      "DupPrintField", "FontNm"};
+  MemoryTable table(names);
+  for (const auto& column : columns) {
+    std::vector<Value> row(names.size());
+    for (std::size_t i = 0; i < column.size(); ++i) {
+      if (!column[i].empty()) row[i] = column[i];
+    }
+    table.addRow(row);
   }
   return table;
 }
@@ -68,7 +67,7 @@ class ReportTest : public ::testing::Test {
   }
 
   /// The report of these rows as its bytes.
-  std::string report(const std::vector<Column>& columns, TextRptArguments arguments) {
+  std::string report(const Columns& columns, TextRptArguments arguments) {
     MemoryTable table = columnTable(columns);
     class1_.Set_Repot_Format(table);
     arguments.TextFileName = file("report.txt");

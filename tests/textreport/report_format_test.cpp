@@ -117,11 +117,12 @@ TEST_F(ReportFormatMessage, TellsNumberFieldRowAndReason) {
 }
 
 TEST_F(ReportFormatMessage, AFailureBeforeTheFirstRowLeavesTheTableThatStoodThere) {
-  MemoryTable good = columnTable({{.fNM = "item", .fHeder = "Item", .Sz = 4}});
+  MemoryTable good = columnTable({{"item", "Item", "4", "T", "L", "1", "N"}});
   class1_.Set_Repot_Format(good);
   MemoryTable empty(kRequired);
   class1_.Set_Repot_Format(empty);
-  EXPECT_EQ(machine_.messageBox.shown.size(), 1u);
+  ASSERT_EQ(machine_.messageBox.shown.size(), 1u);
+  EXPECT_EQ(machine_.messageBox.shown[0].text, " 3021\r\nThe column table has no rows.");
   MemoryTable rows({"item"}, {{"Pen"}});
   class1_.Text_Rpt({.Rs = rows, .TextFileName = file("out.txt"), .MPLine = 60});
   EXPECT_NE(bytesOf(file("out.txt")).find("\r\nPen  \r\n"), std::string::npos);

@@ -12,20 +12,20 @@ namespace {
 
 constexpr std::size_t kPrefix = 5;
 constexpr std::size_t kCell = 12;
+constexpr std::size_t kHeadLines = 5;
+enum Field { kTotal = 6, kPageTotal = 7, kInner = 8, kOuter = 9 };  // places in a column's row
 
-/// A report of random number columns, read again line by line: every total that it shows is added
-/// up anew from the rows above it.
+/// A report of number columns, read again line by line: every total that it shows is added up anew
+/// from the rows above it.
 class ReadAgain {
  public:
-  ReadAgain(const std::vector<Column>& columns, std::string text) : columns_(columns) {
-    for (const char* mark : {"<Bon>", "<Boff>", "<Con>", "<Coff>", "<BBon>", "<BBoff>"}) {
-      const std::string name = mark;
-      for (std::size_t at; (at = text.find(name)) != std::string::npos;)
-        text.erase(at, name.size());
+  ReadAgain(const Columns& columns, std::string text) : columns_(columns), all_(columns.size()) {
+    for (const std::string mark : {"<Bon>", "<Boff>", "<Con>", "<Coff>", "<BBon>", "<BBoff>"}) {
+      for (std::size_t at; (at = text.find(mark)) != std::string::npos;)
+        text.erase(at, mark.size());
     }
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);) lines_.push_back(line);
-    all_.resize(columns.size());
     inner_ = outer_ = all_;
   }
 
@@ -35,11 +35,12 @@ class ReadAgain {
       if (isRow(line)) {
         takeRow(line);
       } else if (isGroupRule(line, '=')) {
-        checkTotals(lines_[at_ - 1], outer_, [](const Column& c) { return !c.GTot2.empty(); });
+        ++outerFooters;
+        checkTotals(lines_[at_ - 1], outer_, kOuter);
       } else if (isGroupRule(line, '-')) {
-        checkTotals(lines_[at_ + 1], inner_, [](const Column& c) { return !c.GTot1.empty(); });
-        ++at_;  // and its closing rule
-        ++at_;
+        ++innerFooters;
+        checkTotals(lines_[at_ + 1], inner_, kInner);
+        at_ += 2;  // its figures and its closing rule
       } else if (line == "<FF>") {
         checkPageEnd();
       }
@@ -47,9 +48,15 @@ class ReadAgain {
   }
 
   int rows = 0;
-  int checked = 0;
+  int innerFooters = 0;
+  int outerFooters = 0;
+  int totals = 0;  // of pages and of the report
 
  private:
+  bool shows(std::size_t column, Field field) const {
+    const std::string& flag = columns_[column][field];
+    return field == kTotal || field == kPageTotal ? flag == "Y" : !flag.empty();
+  }
   static bool isGroupRule(const std::string& line, char dash) {
     return line.starts_with("     ") && line.find(dash) != std::string::npos &&
            line.find_first_not_of(std::string(" ") + dash) == std::string::npos;
@@ -58,43 +65,44 @@ class ReadAgain {
     return line.size() == kPrefix + kCell * columns_.size() && line[3] >= '0' && line[3] <= '9' &&
            line[4] == ' ';
   }
-  std::int64_t cell(const std::string& line, std::size_t column) const {
-    return std::stoll(line.substr(kPrefix + kCell * column, kCell));
+  std::string cell(const std::string& line, std::size_t column) const {
+    std::string text = line.substr(kPrefix + kCell * column, kCell);
+    std::erase_if(text, [](char c) { return c == ' ' || c == ','; });
+    return text;
   }
 
   void takeRow(const std::string& line) {
     ++rows;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-      const std::int64_t value = cell(line, i);
-      all_[i] += value;
-      inner_[i] += columns_[i].GTot1.starts_with("Count+") ? 1 : value;
-      outer_[i] += value;
+      const std::string text = cell(line, i);
+      if (text.empty()) continue;  // a duplicate
+      all_[i] += std::stoll(text);
+      inner_[i] += columns_[i][kInner].starts_with("Count+") ? 1 : std::stoll(text);
+      outer_[i] += columns_[i][kOuter].starts_with("Count+") ? 1 : std::stoll(text);
     }
   }
 
-  template <typename Shows>
-  void checkTotals(const std::string& line, std::vector<std::int64_t>& sums, Shows shows) {
+  void checkTotals(const std::string& line, std::vector<std::int64_t>& sums, Field field) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-      const std::string text = line.substr(kPrefix + kCell * i, kCell);
-      if (shows(columns_[i])) {
-        EXPECT_EQ(std::stoll(text), sums[i]) << "line " << at_ << ": " << line;
-        ++checked;
-      } else {
-        EXPECT_EQ(text.find_first_not_of(' '), std::string::npos) << line;
-      }
+      const std::string expected = shows(i, field) ? std::to_string(sums[i]) : "";
+      EXPECT_EQ(cell(line, i), expected) << "line " << at_ << ": " << line;
     }
     if (&sums != &all_) sums.assign(sums.size(), 0);
   }
 
-  /// The totals above a form feed: of the page, or of the report above the last one.
   void checkPageEnd() {
     const bool last = at_ + 1 == lines_.size();
-    const auto shows = [last](const Column& c) { return (last ? c.Lt : c.AllPageTot) == "Y"; };
-    if (!std::any_of(columns_.begin(), columns_.end(), shows) && !last) return;
-    checkTotals(lines_[at_ - 2], all_, shows);
+    const Field field = last ? kTotal : kPageTotal;
+    bool any = last;
+    for (std::size_t i = 0; i < columns_.size(); ++i) any = any || shows(i, field);
+    if (!any) return;
+    ++totals;
+    checkTotals(lines_[at_ - 2], all_, field);
+    const std::string& carried = last ? lines_[at_ - 2] : lines_[at_ + 1 + kHeadLines];
+    EXPECT_EQ(carried, lines_[at_ - 2]) << "line " << at_;
   }
 
-  const std::vector<Column>& columns_;
+  const Columns& columns_;
   std::vector<std::string> lines_;
   std::size_t at_ = 0;
   std::vector<std::int64_t> all_, inner_, outer_;
@@ -105,36 +113,31 @@ class ReportTotals : public ReportTest {};
 TEST_F(ReportTotals, OfRandomReportsAddUpFromTheirRows) {
   std::mt19937 random(20260405);
   const auto upTo = [&random](int n) { return static_cast<int>(random() % (n + 1)); };
-  for (int run = 0; run < 200; ++run) {
+  const auto oneOf = [&](std::vector<std::string> texts) { return texts[upTo(texts.size() - 1)]; };
+  for (int run = 0; run < 300 && !HasFailure(); ++run) {
     const bool groups = upTo(3) > 0;
-    std::vector<Column> columns;
+    Columns columns;
     std::vector<std::string> names = {"outer", "inner"};
     for (int i = upTo(4); i >= 0; --i) {
-      const std::string name = "n" + std::to_string(i);
-      names.push_back(name);
-      columns.push_back({.fNM = name,
-                         .fHeder = name,
-                         .Sz = kCell - 1,
-                         .Dtyp = "N",
-                         .Ali = "R",
-                         .Lt = upTo(1) ? "Y" : "N",
-                         .GTot1 = !groups || upTo(2) == 0 ? ""
-                                  : upTo(2)               ? "inner"
-                                                          : "Count+inner",
-                         .GTot2 = groups && upTo(1) ? "outer" : "",
-                         .Frmt = "0"});
-      if (columns.back().Lt == "Y" && upTo(1)) columns.back().AllPageTot = "Y";
+      names.push_back("n" + std::to_string(i));
+      const std::string total = oneOf({"Y", "N"});
+      columns.push_back({names.back(), "Heading", "11", "N", oneOf({"L", "R"}), "1", total,
+                         total == "Y" ? oneOf({"Y", "N"}) : "N",
+                         groups ? oneOf({"", "inner", "Count+inner"}) : "",
+                         groups ? oneOf({"", "outer", "Count+outer"}) : "",
+                         oneOf({"0", "#,##0", ""}), "", "", oneOf({"N", "N", "Y"}), "inner"});
     }
-    columns[0].GTot1 = groups ? "inner" : "";
-    columns[0].GTot2 = groups ? "outer" : "";
+    if (groups) columns[0][kInner] = "inner", columns[0][kOuter] = "outer";
     MemoryTable rows(names);
+    int outer = 0, inner = 0, outerGroups = 0, innerGroups = 0;
     const int rowCount = upTo(120);
-    int outer = 0;
-    int inner = 0;
     for (int r = 0; r < rowCount; ++r) {
-      if (upTo(20) == 0) ++outer;
-      if (upTo(4) == 0) ++inner;
-      std::vector<Value> row = {"o" + std::to_string(outer), "i" + std::to_string(inner)};
+      const bool outerBegins = r == 0 || upTo(20) == 0;
+      const bool innerBegins = r == 0 || upTo(4) == 0;
+      outerGroups += outerBegins;
+      innerGroups += outerBegins || innerBegins;
+      std::vector<Value> row = {"o" + std::to_string(outer += outerBegins),
+                                "i" + std::to_string(inner += innerBegins)};
       for (std::size_t i = 2; i < names.size(); ++i) row.push_back(std::int64_t{upTo(2000) - 1000});
       rows.addRow(row);
     }
@@ -146,11 +149,13 @@ TEST_F(ReportTotals, OfRandomReportsAddUpFromTheirRows) {
                          .C_80_96_136 = static_cast<std::uint8_t>(upTo(1) * 136)});
     ReadAgain again(columns, readable(bytes));
     again.check();
-    EXPECT_EQ(again.rows, rowCount) << "run " << run;
-    if (HasFailure()) {
-      ADD_FAILURE() << "run " << run << "\n" << readable(bytes);
-      return;
-    }
+    EXPECT_EQ(again.rows, rowCount);
+    EXPECT_EQ(again.innerFooters, groups ? std::max(innerGroups, 1) : 0);
+    EXPECT_EQ(again.outerFooters, groups ? outerGroups : 0);
+    const bool carries = std::any_of(columns.begin(), columns.end(),
+                                     [](const auto& column) { return column[kPageTotal] == "Y"; });
+    EXPECT_EQ(again.totals, carries ? std::count(bytes.begin(), bytes.end(), '\f') : 1);
+    if (HasFailure()) ADD_FAILURE() << "run " << run << "\n" << readable(bytes);
   }
 }
 

@@ -2,23 +2,15 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
+#include "facade/run_state.h"
 #include "textreport/report_fixture.h"
 #include "util/automation_error.h"
 
 namespace paperway {
 namespace {
 
-const std::vector<Column> kPlain = {
-    {.fNM = "item", .fHeder = "Item", .Sz = 10},
-    {.fNM = "amount",
-     .fHeder = "Amount",
-     .Sz = 8,
-     .Dtyp = "N",
-     .Ali = "R",
-     .Spc = 0,
-     .Lt = "Y",
-     .Frmt = "0.00"},
-};
+const Columns kPlain = {{"item", "Item", "10", "T", "L", "1", "N"},
+                        {"amount", "Amount", "8", "N", "R", "0", "Y", "N", "", "", "0.00"}};
 
 MemoryTable numbered(int rows) {
   MemoryTable table({"item", "amount"});
@@ -51,48 +43,19 @@ TEST_F(TextReport, PlainRowsMatchTheWorkedPage) {
   EXPECT_TRUE(rows.Eof());
 }
 
-const std::vector<Column> kLedger = {
-    {.fNM = "voucher",
-     .fHeder = "No",
-     .Sz = 6,
-     .BoldGroup2 = "Y",
-     .DupPrintYN = "Y",
-     .DupPrintField = "voucher"},
-    {.fNM = "item", .fHeder = "Item", .Sz = 8, .GTot1 = "Count+customer", .Frmt = "0"},
-    {.fNM = "qty",
-     .fHeder = "Qty",
-     .Sz = 5,
-     .Dtyp = "N",
-     .Ali = "R",
-     .Lt = "Y",
-     .GTot1 = "customer",
-     .GTot2 = "region",
-     .Frmt = "0"},
-    {.fNM = "amount",
-     .fHeder = "Amount",
-     .Sz = 9,
-     .Dtyp = "N",
-     .Ali = "R",
-     .Spc = 0,
-     .Lt = "Y",
-     .AllPageTot = "Y",
-     .GTot1 = "customer",
-     .GTot2 = "region",
-     .Frmt = "#,##0.00"},
-};
-
-MemoryTable ledgerRows() {
-  return MemoryTable({"region", "customer", "voucher", "item", "qty", "amount"},
-                     {{"North", "Asha", "V1", "Pen", std::int64_t{2}, 10.0},
-                      {"NORTH", "asha", "V1", "Ink", std::int64_t{1}, 1250.5},
-                      {"North", "Bela", "V2", "Pad", std::int64_t{3}, 30.0},
-                      {"South", "Bela", "V3", "Pen", std::int64_t{4}, 20.0}});
-}
-
 TEST_F(TextReport, GroupsDuplicatesAndCarriedTotalsMatchTheGoldenLedger) {
-  MemoryTable rows = ledgerRows();
+  const Columns columns = {
+      {"voucher", "No", "6", "T", "L", "1", "N", "", "", "", "", "", "Y", "Y", "voucher"},
+      {"item", "Item", "8", "T", "L", "1", "N", "", "Count+customer", "", "0"},
+      {"qty", "Qty", "5", "N", "R", "1", "Y", "", "customer", "region", "0"},
+      {"amount", "Amount", "9", "N", "R", "0", "Y", "Y", "customer", "region", "#,##0.00"}};
+  MemoryTable rows({"region", "customer", "voucher", "item", "qty", "amount"},
+                   {{"North", "Asha", "V1", "Pen", std::int64_t{2}, 10.0},
+                    {"NORTH", "asha", "V1", "Ink", std::int64_t{1}, 1250.5},
+                    {"North", "Bela", "V2", "Pad", std::int64_t{3}, 30.0},
+                    {"South", "Bela", "V3", "Pen", std::int64_t{4}, 20.0}});
   const std::string bytes =
-      report(kLedger, {.Rs = rows, .Tital1 = "Ledger", .MPLine = 15, .C_80_96_136 = 136});
+      report(columns, {.Rs = rows, .Tital1 = "Ledger", .MPLine = 15, .C_80_96_136 = 136});
   EXPECT_EQ(readable(bytes), golden("ledger_136.txt"));
 }
 
@@ -115,14 +78,12 @@ TEST_F(TextReport, RowsOfAPageFollowFromItsLineBudget) {
 }
 
 TEST_F(TextReport, TheLineCountWrapsAt256) {
-  // 300 group headers and rows: each row is its own group, four lines a row but the first.
-  const std::vector<Column> columns = {{.fNM = "item", .fHeder = "Item", .Sz = 4, .GTot1 = "item"}};
+  // Each row is a group of its own, five lines long: the count is 251 after row 50 and 256, that is
+  // 0, after row 51, so that the page never ends.
   MemoryTable rows({"item"});
   for (int i = 0; i < 100; ++i) rows.addRow({std::to_string(i)});
-  const std::string bytes = report(columns, {.Rs = rows, .MPLine = 255});
-  // 4 + 2 + 5 a row: after row 50 the count is 251, after row 51 it is 256, that is 0; the page
-  // goes on to the end.
-  EXPECT_EQ(count(bytes, "\x0C"), 1);
+  const Columns columns = {{"item", "Item", "4", "T", "L", "1", "N", "", "item"}};
+  EXPECT_EQ(count(report(columns, {.Rs = rows, .MPLine = 255}), "\x0C"), 1);
 }
 
 TEST_F(TextReport, PitchCodesStandWhereTheyBelong) {
@@ -171,14 +132,9 @@ TEST_F(TextReport, CellsFollowTheirTypeAndSide) {
   };
   for (const auto& c : cases) {
     MemoryTable rows({"f"}, {{c.value}});
-    const std::string bytes = report({{.fNM = "f",
-                                       .fHeder = "F",
-                                       .Sz = 8,
-                                       .Dtyp = c.type,
-                                       .Ali = c.side,
-                                       .Spc = 1,
-                                       .Frmt = c.pattern}},
-                                     {.Rs = rows, .MPLine = 60});
+    const std::string bytes =
+        report({{"f", "F", "8", c.type, c.side, "1", "N", "", "", "", c.pattern}},
+               {.Rs = rows, .MPLine = 60});
     const std::string expected =
         std::string(9, '-') + "\r\n" + c.cell + (*c.cell ? " \r\n" : "\r\n") + std::string(9, '-');
     EXPECT_NE(bytes.find(expected), std::string::npos) << c.type << c.side << c.cell << "\n"
@@ -197,8 +153,8 @@ TEST_F(TextReport, TitlesAndPageNumberShareTheHead) {
                {"more than eighteen letters", "<Bon>more than eighteen letters<Boff>\n"}};
   for (const auto& c : cases) {
     MemoryTable rows = numbered(1);
-    std::vector<Column> columns = kPlain;
-    columns[0].Sz = 9;
+    Columns columns = kPlain;
+    columns[0][2] = "9";
     const std::string text =
         readable(report(columns, {.Rs = rows, .Tital3 = "Sub", .Tital5 = c.title5, .MPLine = 60}));
     EXPECT_NE(text.find(std::string("<Bon>Sub<Boff>\n") + c.pageLine), std::string::npos) << text;
@@ -212,6 +168,16 @@ TEST_F(TextReport, TotalsOutliveARunUntilTheTableIsReadAnew) {
   EXPECT_NE(bytesOf(file("again.txt")).find("    6.00\r\n"), std::string::npos);
 }
 
+TEST_F(TextReport, OpensInThePreviewWhenAsked) {
+  MemoryTable rows = numbered(1);
+  report(kPlain, {.Rs = rows, .MPLine = 60});
+  EXPECT_TRUE(machine_.windows.forms.empty());
+  report(kPlain, {.Rs = rows, .MPLine = 60, .Preview1 = 2});
+  EXPECT_EQ(machine_.windows.forms.size(), 1u);
+  EXPECT_EQ(runState().ModPath1, file("report.txt"));
+  EXPECT_EQ(runState().ModRCont + runState().ModRPrint, 2);
+}
+
 TEST_F(TextReport, SerialNumbersKeepTheirLastFourDigits) {
   MemoryTable rows = numbered(2);
   const std::string bytes = report(kPlain, {.Rs = rows, .MPLine = 60, .Srno = 9999});
@@ -222,8 +188,8 @@ TEST_F(TextReport, SerialNumbersKeepTheirLastFourDigits) {
 
 TEST_F(TextReport, AGroupFieldThatTheDataLacksIsToldBeforeAnythingIsTouched) {
   MemoryTable rows = numbered(1);
-  std::vector<Column> columns = kPlain;
-  columns[0].GTot2 = "region";
+  Columns columns = kPlain;
+  columns[0] = {"item", "Item", "10", "T", "L", "1", "N", "", "", "region"};
   MemoryTable table = columnTable(columns);
   class1_.Set_Repot_Format(table);
   replaceFile(file("report.txt"), "earlier", "test");
@@ -252,8 +218,8 @@ TEST_F(TextReport, FailuresNameTheThingAndLeaveTheEarlierReport) {
   };
   for (const auto& c : cases) {
     MemoryTable rows({"item", "amount"}, {{c.value, 1.0}});
-    std::vector<Column> columns = kPlain;
-    columns[0].fNM = c.field;
+    Columns columns = kPlain;
+    columns[0][0] = c.field;
     MemoryTable table = columnTable(columns);
     class1_.Set_Repot_Format(table);
     replaceFile(file("report.txt"), "earlier", "test");
