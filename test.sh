@@ -23,8 +23,9 @@ cmake --preset core -DPAPERWAY_TESTS=OFF -DPAPERWAY_WERROR=ON
 cmake --build --preset core
 
 step "Static checks"
-sources '\.cpp$' | grep -E '^(src|backends|apps)/' |
-  xargs -P "$(nproc)" -n 8 clang-tidy --quiet -p build/dev
+grep -oE '"file": "[^"]+"' build/dev/compile_commands.json | cut -d '"' -f 4 |
+  grep -E "^$PWD/(src|backends|apps)/" | sort -u |
+  xargs -P "$(nproc)" -n 8 clang-tidy --quiet -p build/dev 2>/dev/null
 
 step "Sanitizers"
 cmake --preset asan -DPAPERWAY_DESKTOP=OFF

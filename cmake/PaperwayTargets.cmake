@@ -3,7 +3,7 @@
 function(paperway_compile_options target)
   target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow>)
   # GCC 12 takes the copies of std::string's operator+ for overlapping ones.
-  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+  target_compile_options(${target} PRIVATE $<$<AND:$<CXX_COMPILER_ID:GNU>,$<NOT:$<CONFIG:Debug>>>:-Wno-restrict>)
   if(PAPERWAY_WERROR)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
