@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include "support/error_of.h"
+#include "support/table.h"
 
 namespace paperway {
 namespace {
@@ -41,40 +42,28 @@ std::string described(ValueView value) {
 }
 
 TEST_F(SqliteRecordsetTest, TypesValuesAsDeclaredAndStored) {
-  const struct {
-    const char* declared;
-    const char* stored;
-    const char* value;
-  } cases[] = {
-      {"INTEGER", "9223372036854775807", "integer 9223372036854775807"},
-      {"REAL", "2", "real 2"},
-      {"NUMERIC", "2.5", "real 2.5"},
-      {"BOOLEAN", "1", "integer 1"},
-      {"TEXT", "12", "text 12"},
-      {"TEXT", "''", "text "},
-      {"TEXT", "NULL", "null "},
-      {"TEXT", "'2026-03-05'", "text 2026-03-05"},
-      {"INTEGER", "'abc'", "text abc"},
-      {"DATE", "'2026-03-05'", "date 3/5/2026"},
-      {"Date", "'2026-02-30'", "text 2026-02-30"},
-      {"DATE", "'5 March'", "text 5 March"},
-      {"DATE", "20260305", "integer 20260305"},
-      {"DATE", "NULL", "null "},
-      {"datetime", "'2026-03-05 14:07:09'", "date 3/5/2026 2:07:09 PM"},
-      {"timestamp without time zone", "'2026-03-05T14:07'", "date 3/5/2026 2:07:00 PM"},
-      {"BLOB", "x'C3A9'", "text é"},
-      {"BLOB", "x''", "text "},
-      {"BLOB", "zeroblob(0)", "text "},
-  };
+  using Row = std::tuple<const char*, const char*, const char*>;
+  const auto cases = table(
+      Row{"INTEGER", "9223372036854775807", "integer 9223372036854775807"},
+      Row{"REAL", "2", "real 2"}, Row{"NUMERIC", "2.5", "real 2.5"},
+      Row{"BOOLEAN", "1", "integer 1"}, Row{"TEXT", "12", "text 12"}, Row{"TEXT", "''", "text "},
+      Row{"TEXT", "NULL", "null "}, Row{"TEXT", "'2026-03-05'", "text 2026-03-05"},
+      Row{"INTEGER", "'abc'", "text abc"}, Row{"DATE", "'2026-03-05'", "date 3/5/2026"},
+      Row{"Date", "'2026-02-30'", "text 2026-02-30"}, Row{"DATE", "'5 March'", "text 5 March"},
+      Row{"DATE", "20260305", "integer 20260305"}, Row{"DATE", "NULL", "null "},
+      Row{"datetime", "'2026-03-05 14:07:09'", "date 3/5/2026 2:07:09 PM"},
+      Row{"timestamp without time zone", "'2026-03-05T14:07'", "date 3/5/2026 2:07:00 PM"},
+      Row{"BLOB", "x'C3A9'", "text é"}, Row{"BLOB", "x''", "text "},
+      Row{"BLOB", "zeroblob(0)", "text "});
   int number = 0;
-  for (const auto& c : cases) {
+  for (const auto& [declared, stored, value] : cases) {
     const std::string table = "c" + std::to_string(++number);
-    run("CREATE TABLE " + table + "(v " + c.declared + "); INSERT INTO " + table + " VALUES(" +
-        c.stored + ")");
+    run("CREATE TABLE " + table + "(v " + declared + "); INSERT INTO " + table + " VALUES(" +
+        stored + ")");
     SqliteRecordset rows(database(), "SELECT v FROM " + table);
-    EXPECT_EQ(described(rows.value(0)), c.value) << c.declared << ' ' << c.stored;
+    EXPECT_EQ(described(rows.value(0)), value) << declared << ' ' << stored;
     rows.MoveLast();
-    EXPECT_EQ(described(rows.value(0)), c.value) << "after MoveLast";
+    EXPECT_EQ(described(rows.value(0)), value) << "after MoveLast";
   }
 }
 
@@ -112,20 +101,17 @@ TEST_F(SqliteRecordsetTest, TakesOneReadingStatement) {
   const std::string name = "Cannot read \"" + file_.string() + "\": ";
   const std::string notReading = name + "the statement is not one that only reads rows.";
   const std::string several = name + "the text holds more than one statement.";
-  const std::pair<const char*, std::string> cases[] = {
-      {"SELECT n FROM t; -- that is all\n;", "no error"},
-      {"WITH a AS (SELECT n FROM t) SELECT * FROM a", "no error"},
-      {"VALUES (1, 'a')", "no error"},
-      {"PRAGMA table_info(t)", "no error"},
-      {"SELECT n FROM sale", name + "no such table: sale."},
-      {" /* nothing */ ", name + "the text holds no statement."},
-      {"DELETE FROM t", notReading},
-      {"INSERT INTO t VALUES (4) RETURNING n", notReading},
-      {"SELECT n FROM t WHERE n = ?",
-       name + "the statement has parameters, and nothing fills them."},
-      {"SELECT 1; SELECT 2", several},
-      {"SELECT 1; and so on", several},
-  };
+  using Row = std::pair<const char*, std::string>;
+  const auto cases = table(
+      Row{"SELECT n FROM t; -- that is all\n;", "no error"},
+      Row{"WITH a AS (SELECT n FROM t) SELECT * FROM a", "no error"},
+      Row{"VALUES (1, 'a')", "no error"}, Row{"PRAGMA table_info(t)", "no error"},
+      Row{"SELECT n FROM sale", name + "no such table: sale."},
+      Row{" /* nothing */ ", name + "the text holds no statement."},
+      Row{"DELETE FROM t", notReading}, Row{"INSERT INTO t VALUES (4) RETURNING n", notReading},
+      Row{"SELECT n FROM t WHERE n = ?",
+          name + "the statement has parameters, and nothing fills them."},
+      Row{"SELECT 1; SELECT 2", several}, Row{"SELECT 1; and so on", several});
   for (const auto& [statement, message] : cases) EXPECT_EQ(failure(statement), message);
 }
 

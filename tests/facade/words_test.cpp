@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "facade/class1_fixture.h"
+#include "support/table.h"
 
 namespace paperway {
 namespace {
@@ -11,39 +12,28 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 using Words = Class1Test;
 
 TEST_F(Words, OfAmounts) {
-  const std::pair<double, const char*> cases[] = {
-      {0, "zero "},
-      {0.75, "zero "},
-      {-5, "zero "},
-      {1, "One Only"},
-      {19, "Nineteen Only"},
-      {20, "Twenty- Only"},
-      {21, "Twenty-One Only"},
-      {100, "One Hundred  Only"},
-      {105, "One Hundred Five Only"},
-      {1000, "One Thousand  Only"},
-      {1000.05, "One Thousand  and Five Paisa Only"},
-      {12.50, "Twelve and Fifty- Paisa Only"},
-      {12.125, "Twelve and Twelve Paisa Only"},
-      {12.375, "Twelve and Thirty-Eight Paisa Only"},
-      {12.004, "Twelve Only"},
-      {12.999, "Thirteen Only"},
-      {std::nextafter(13, 0), "Thirteen Only"},
-      {100000, "One Lack  Only"},
-      {1234567.89,
-       "Twelve Lack Thirty-Four Thousand Five Hundred Sixty-Seven and Eighty-Nine Paisa Only"},
-      {1e7, "One Crore  Only"},
-      {10012345, "One Crore Twelve Thousand Three Hundred Forty-Five Only"},
-      {737373773.73,
-       "Seventy-Three Crore Seventy-Three Lack Seventy-Three Thousand Seven Hundred Seventy-Three "
-       "and Seventy-Three Paisa Only"},
-      {999999999,
-       "Ninety-Nine Crore Ninety-Nine Lack Ninety-Nine Thousand Nine Hundred Ninety-Nine Only"},
-      {999999999.999, "# Error # Only"},
-      {1e9, "# Error # Only"},
-      {1000000000.25, "# Error # and Twenty-Five Paisa Only"},
-      {1e17 + 16, "# Error # Only"},
-      {1e308, "# Error # Only"}};
+  using Row = std::pair<double, const char*>;
+  const auto cases = table(
+      Row{0, "zero "}, Row{0.75, "zero "}, Row{-5, "zero "}, Row{1, "One Only"},
+      Row{19, "Nineteen Only"}, Row{20, "Twenty- Only"}, Row{21, "Twenty-One Only"},
+      Row{100, "One Hundred  Only"}, Row{105, "One Hundred Five Only"},
+      Row{1000, "One Thousand  Only"}, Row{1000.05, "One Thousand  and Five Paisa Only"},
+      Row{12.50, "Twelve and Fifty- Paisa Only"}, Row{12.125, "Twelve and Twelve Paisa Only"},
+      Row{12.375, "Twelve and Thirty-Eight Paisa Only"}, Row{12.004, "Twelve Only"},
+      Row{12.999, "Thirteen Only"}, Row{std::nextafter(13, 0), "Thirteen Only"},
+      Row{100000, "One Lack  Only"},
+      Row{1234567.89,
+          "Twelve Lack Thirty-Four Thousand Five Hundred Sixty-Seven and Eighty-Nine Paisa Only"},
+      Row{1e7, "One Crore  Only"},
+      Row{10012345, "One Crore Twelve Thousand Three Hundred Forty-Five Only"},
+      Row{737373773.73,
+          "Seventy-Three Crore Seventy-Three Lack Seventy-Three Thousand Seven Hundred Seventy-"
+          "Three and Seventy-Three Paisa Only"},
+      Row{999999999,
+          "Ninety-Nine Crore Ninety-Nine Lack Ninety-Nine Thousand Nine Hundred Ninety-Nine Only"},
+      Row{999999999.999, "# Error # Only"}, Row{1e9, "# Error # Only"},
+      Row{1000000000.25, "# Error # and Twenty-Five Paisa Only"}, Row{1e17 + 16, "# Error # Only"},
+      Row{1e308, "# Error # Only"});
   for (const auto& [amount, words] : cases) EXPECT_EQ(class1_.NumToText(amount), words) << amount;
   EXPECT_EQ(errorOf([&] { class1_.NumToText(NAN); }), "Num is not a finite number.");
   EXPECT_EQ(errorOf([&] { class1_.NumToText(-kInfinity); }), "Num is not a finite number.");
@@ -63,10 +53,11 @@ TEST_F(Words, DesiIsThePartBehindThePoint) {
 }
 
 TEST_F(Words, RoundCurrRoundsHalvesUpAndZeroToNothing) {
-  const std::pair<ValueView, Value> cases[] = {
-      {0, {}},       {"no number", {}}, {"", {}},         {"-0.00", {}},   {2.344, 2.34},
-      {2.346, 2.35}, {-2.346, -2.35},   {0.125, 0.13},    {-0.125, -0.12}, {" 12.5 kg", 12.5},
-      {0.001, 0.0},  {-7, -7.0},        {0.1 + 0.2, 0.3}, {"1.005x", 1.0}};
+  using Row = std::pair<ValueView, Value>;
+  const auto cases = table(Row{0, {}}, Row{"no number", {}}, Row{"", {}}, Row{"-0.00", {}},
+                           Row{2.344, 2.34}, Row{2.346, 2.35}, Row{-2.346, -2.35}, Row{0.125, 0.13},
+                           Row{-0.125, -0.12}, Row{" 12.5 kg", 12.5}, Row{0.001, 0.0},
+                           Row{-7, -7.0}, Row{0.1 + 0.2, 0.3}, Row{"1.005x", 1.0});
   for (const auto& [value, rounded] : cases) {
     EXPECT_EQ(class1_.round_curr(value), rounded) << defaultText(value);
   }

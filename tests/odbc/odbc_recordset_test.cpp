@@ -2,6 +2,7 @@
 #include <string>
 
 #include "odbc_fixture.h"
+#include "support/table.h"
 
 namespace paperway {
 namespace {
@@ -105,25 +106,21 @@ TEST_F(OdbcWalk, DoesNotRunTheQueryAgainWhileRowOneIsAtHand) {
 
 TEST(OdbcLongQuery, GivesRowsAsTheyComeAndEndsWhenAsked) {
   const TwoDatabases databases;
-  const struct {
-    std::string connection;
-    std::string query;
-    const char* stopped;
-  } cases[] = {
-      {databases.sqlite(),
-       "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s",
-       "[HY000] [SQLite]interrupted"},
-      {postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 50000000) AS n",
-       "[57014] ERROR: canceling statement due to user request"},
-  };
-  for (const auto& c : cases) {
-    const OdbcConnection connection(c.connection);
-    OdbcRecordset rows(connection, c.query);
+  using Row = std::array<std::string, 3>;
+  const auto cases = table(
+      Row{databases.sqlite(),
+          "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s",
+          "[HY000] [SQLite]interrupted"},
+      Row{postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 50000000) AS n",
+          "[57014] ERROR: canceling statement due to user request"});
+  for (const auto& [server, query, stopped] : cases) {
+    const OdbcConnection connection(server);
+    OdbcRecordset rows(connection, query);
     moveOn(rows, 5000);
-    EXPECT_EQ(columnNumber(rows.value(0)), 5001) << c.query;
+    EXPECT_EQ(columnNumber(rows.value(0)), 5001) << query;
     connection.stopWhen([] { return true; });
-    const std::string error = errorOf([&] { OdbcRecordset(connection, c.query + " ORDER BY 1"); });
-    EXPECT_NE(error.find(c.stopped), std::string::npos) << error;
+    const std::string error = errorOf([&] { OdbcRecordset(connection, query + " ORDER BY 1"); });
+    EXPECT_NE(error.find(stopped), std::string::npos) << error;
   }
 }
 
@@ -146,29 +143,25 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
   const std::string server = postgres();
   const std::string lost = "Driver={PostgreSQL Unicode};Servername=127.0.0.1;Port=1;Pwd={a;b}";
   const std::string longQuery = "SELECT '" + std::string(300, 'y') + "' FROM x";
-  const struct {
-    std::string connection;
-    std::string query;
-    const char* pattern;
-  } cases[] = {
-      {"no such source", "", "Cannot connect to \"no such source\": [[]IM002] *"},
-      {"Driver=SQLite3;Database=/nowhere/é.db", "", "* to \"*/é.db\": [[]HY000] *failed*"},
-      {lost, "", "*Port=1;Pwd=[*][*][*]\": [[]08001] *refused*"},
-      {server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},
-      {server, "SELECT * FROM sale", "Cannot prepare \"SELECT [*] FROM sale\": [[]42P01] *sale*"},
-      {server, "SELEC 1", "*: [[]42601] *SELEC*"},
-      {server, "SELECT 1 / (1 - 1) AS x", "*: [[]22012] *division by zero*"},
-      {server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
-      {lite, "SELECT * FROM sale", "Cannot prepare *: [[]HY000] *no such table: sale*"},
-      {lite, "SELECT 'é' FROM grün", "*no such table: grün*"},
-      {lite, "SELECT ?", "Cannot run \"SELECT [?]\": [[]HY000] *unbound*"},
-      {lite, "", "Cannot prepare \"\": [[]HY090] *"},
-      {lite, longQuery, "*yyy…\": [[]HY000] *"},
-  };
-  for (const auto& c : cases) {
-    const std::string error =
-        errorOf([&] { OdbcRecordset(OdbcConnection(c.connection), c.query); });
-    EXPECT_EQ(fnmatch(c.pattern, error.c_str(), 0), 0) << c.pattern << " gives: " << error;
+  using Row = std::array<std::string, 3>;
+  const auto cases =
+      table(Row{"no such source", "", "Cannot connect to \"no such source\": [[]IM002] *"},
+            Row{"Driver=SQLite3;Database=/nowhere/é.db", "", "* to \"*/é.db\": [[]HY000] *failed*"},
+            Row{lost, "", "*Port=1;Pwd=[*][*][*]\": [[]08001] *refused*"},
+            Row{server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},
+            Row{server, "SELECT * FROM sale",
+                "Cannot prepare \"SELECT [*] FROM sale\": [[]42P01] *sale*"},
+            Row{server, "SELEC 1", "*: [[]42601] *SELEC*"},
+            Row{server, "SELECT 1 / (1 - 1) AS x", "*: [[]22012] *division by zero*"},
+            Row{server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
+            Row{lite, "SELECT * FROM sale", "Cannot prepare *: [[]HY000] *no such table: sale*"},
+            Row{lite, "SELECT 'é' FROM grün", "*no such table: grün*"},
+            Row{lite, "SELECT ?", "Cannot run \"SELECT [?]\": [[]HY000] *unbound*"},
+            Row{lite, "", "Cannot prepare \"\": [[]HY090] *"},
+            Row{lite, longQuery, "*yyy…\": [[]HY000] *"});
+  for (const auto& [connection, query, pattern] : cases) {
+    const std::string error = errorOf([&] { OdbcRecordset(OdbcConnection(connection), query); });
+    EXPECT_EQ(fnmatch(pattern.c_str(), error.c_str(), 0), 0) << pattern << " gives: " << error;
     EXPECT_EQ(error.find('\n'), std::string::npos);
   }
 }

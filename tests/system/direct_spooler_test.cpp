@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "support/job_listener.h"
+#include "support/table.h"
 #include "support/test_folder.h"
 #include "util/output_file.h"
 
@@ -39,31 +40,27 @@ TEST_F(Direct, PrinterThatFailsSaysWhyAndHowFarTheJobCame) {
   const std::string fifo = folder_.path / "fifo";
   ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
 
-  const struct {
-    std::string target;
-    std::string reason;
-    std::uint64_t least, most;
-  } cases[] = {
-      {"socket://127.0.0.1:1", "127.0.0.1 port 1: Connection refused", 0, 0},
-      {"socket://no.such.host.invalid", "Cannot find \"no.such.host.invalid\": ", 0, 0},
-      {"socket://" + hangsUp.address(), "It closed the connection", 1, 40 * kMegabyte},
-      {"socket://" + neverReads.address(), "It took nothing for 0.3 seconds", 1, 40 * kMegabyte},
-      {"file:///dev/full", "No space left on device", 0, 0},
-      {"file:///dev/no/such/printer", "/dev/no/such/printer: No such file or directory", 0, 0},
-      {"file://" + fifo, fifo + ": No such device or address", 0, 0},
-      {"file://" + fifo + "/file", "Cannot write \"" + fifo + "/file\": Not a directory", 0, 0},
-      {"|exit 3", "Its command ended with status 3", 0, kMegabyte},
-      {"|kill -9 $$", "Its command was ended by signal 9", 0, kMegabyte},
-      {"|head -c 1048576", "Its command stopped reading", kMegabyte, 2 * kMegabyte},
-      {"|sleep 1000", "It took nothing for 0.3 seconds", 1, kMegabyte},
-      {"|cat; sleep 1000", "It took nothing for 0.3 seconds", 50 * kMegabyte, 50 * kMegabyte},
-      {"|cat; exit 7", "Its command ended with status 7", 50 * kMegabyte, 50 * kMegabyte},
-  };
-  for (const auto& row : cases) {
-    const SpoolError error = failureOf(row.target, 50);
-    EXPECT_EQ(error.reason().substr(0, row.reason.size()), row.reason) << row.target;
-    EXPECT_GE(error.accepted(), row.least) << row.target;
-    EXPECT_LE(error.accepted(), row.most) << row.target;
+  using Row = std::tuple<std::string, std::string, std::uint64_t, std::uint64_t>;
+  const auto cases = table(
+      Row{"socket://127.0.0.1:1", "127.0.0.1 port 1: Connection refused", 0, 0},
+      Row{"socket://no.such.host.invalid", "Cannot find \"no.such.host.invalid\": ", 0, 0},
+      Row{"socket://" + hangsUp.address(), "It closed the connection", 1, 40 * kMegabyte},
+      Row{"socket://" + neverReads.address(), "It took nothing for 0.3 seconds", 1, 40 * kMegabyte},
+      Row{"file:///dev/full", "No space left on device", 0, 0},
+      Row{"file:///dev/no/such/printer", "/dev/no/such/printer: No such file or directory", 0, 0},
+      Row{"file://" + fifo, fifo + ": No such device or address", 0, 0},
+      Row{"file://" + fifo + "/file", "Cannot write \"" + fifo + "/file\": Not a directory", 0, 0},
+      Row{"|exit 3", "Its command ended with status 3", 0, kMegabyte},
+      Row{"|kill -9 $$", "Its command was ended by signal 9", 0, kMegabyte},
+      Row{"|head -c 1048576", "Its command stopped reading", kMegabyte, 2 * kMegabyte},
+      Row{"|sleep 1000", "It took nothing for 0.3 seconds", 1, kMegabyte},
+      Row{"|cat; sleep 1000", "It took nothing for 0.3 seconds", 50 * kMegabyte, 50 * kMegabyte},
+      Row{"|cat; exit 7", "Its command ended with status 7", 50 * kMegabyte, 50 * kMegabyte});
+  for (const auto& [target, reason, least, most] : cases) {
+    const SpoolError error = failureOf(target, 50);
+    EXPECT_EQ(error.reason().substr(0, reason.size()), reason) << target;
+    EXPECT_GE(error.accepted(), least) << target;
+    EXPECT_LE(error.accepted(), most) << target;
   }
 }
 
@@ -98,32 +95,23 @@ TEST_F(Direct, PrintersAreKeptInAFileThatPeopleCanEdit) {
 }
 
 TEST_F(Direct, TargetsAreCheckedBeforeTheyAreKept) {
-  const struct {
-    const char* target;
-    const char* place;  // nothing: refused
-    const char* port;
-  } cases[] = {
-      {"socket://printer", "printer", "9100"},
-      {"socket://10.0.0.7:515/", "10.0.0.7", "515"},
-      {"socket://[fe80::1]", "fe80::1", "9100"},
-      {"socket://[::1]:91", "::1", "91"},
-      {"file:///dev/usb/lp0", "/dev/usb/lp0", ""},
-      {"|cat > '/tmp/a b'", "cat > '/tmp/a b'", ""},
-      {"socket://", nullptr, ""},
-      {"socket://host:port", nullptr, ""},
-      {"file://relative", nullptr, ""},
-      {"| ", nullptr, ""},
-      {"lpt1", nullptr, ""},
-  };
-  for (const auto& row : cases) {
-    if (row.place == nullptr) {
-      EXPECT_THROW(parseTarget(row.target), AutomationError) << row.target;
+  using Row = std::tuple<const char*, const char*, const char*>;
+  const auto cases = table(
+      Row{"socket://printer", "printer", "9100"}, Row{"socket://10.0.0.7:515/", "10.0.0.7", "515"},
+      Row{"socket://[fe80::1]", "fe80::1", "9100"}, Row{"socket://[::1]:91", "::1", "91"},
+      Row{"file:///dev/usb/lp0", "/dev/usb/lp0", ""},
+      Row{"|cat > '/tmp/a b'", "cat > '/tmp/a b'", ""}, Row{"socket://", nullptr, ""},
+      Row{"socket://host:port", nullptr, ""}, Row{"file://relative", nullptr, ""},
+      Row{"| ", nullptr, ""}, Row{"lpt1", nullptr, ""});
+  for (const auto& [target, place, port] : cases) {
+    if (place == nullptr) {
+      EXPECT_THROW(parseTarget(target), AutomationError) << target;
       continue;
     }
-    EXPECT_EQ(parseTarget(row.target).place, row.place);
-    EXPECT_EQ(parseTarget(row.target).port, row.port);
+    EXPECT_EQ(parseTarget(target).place, place);
+    EXPECT_EQ(parseTarget(target).port, port);
   }
-  for (const char* name : {"", "#1", "a\tb", "a\nb"}) {
+  for (const char* name : table("", "#1", "a\tb", "a\nb")) {
     EXPECT_THROW(file_.add({name, "|cat"}), AutomationError) << name;
   }
 }

@@ -2,51 +2,35 @@
 
 #include <gtest/gtest.h>
 
+#include "support/table.h"
 #include "util/code_page.h"
 
 namespace paperway {
 namespace {
 
 TEST(Text, CountsAndCutsCharacters) {
-  const struct {
-    const char* text;
-    std::size_t count, wanted;
-    const char *left, *right;
-  } cases[] = {{"", 0, 2, "", ""},
-               {"ledger", 6, 2, "le", "er"},
-               {"ledger", 6, 9, "ledger", "ledger"},
-               {"Zoë Åß", 6, 3, "Zoë", " Åß"},
-               {"€5₹7", 4, 3, "€5₹", "5₹7"},
-               {"a😀b", 3, 2, "a😀", "😀b"},
-               {"long enough for a word é", 24, 1, "l", "é"},
-               {"\xE2\x82", 2, 1, "\xE2", "\x82"},
-               {"a\xFF\xC3\xA9", 3, 2, "a\xFF", "\xFF\xC3\xA9"}};
-  for (const auto& each : cases) {
-    EXPECT_EQ(characterCount(each.text), each.count) << each.text;
-    EXPECT_EQ(leftCharacters(each.text, each.wanted), each.left);
-    EXPECT_EQ(rightCharacters(each.text, each.wanted), each.right);
+  using Row = std::tuple<const char*, std::size_t, std::size_t, const char*, const char*>;
+  const auto cases =
+      table(Row{"", 0, 2, "", ""}, Row{"ledger", 6, 2, "le", "er"},
+            Row{"ledger", 6, 9, "ledger", "ledger"}, Row{"Zoë Åß", 6, 3, "Zoë", " Åß"},
+            Row{"€5₹7", 4, 3, "€5₹", "5₹7"}, Row{"a😀b", 3, 2, "a😀", "😀b"},
+            Row{"long enough for a word é", 24, 1, "l", "é"}, Row{"\xE2\x82", 2, 1, "\xE2", "\x82"},
+            Row{"a\xFF\xC3\xA9", 3, 2, "a\xFF", "\xFF\xC3\xA9"});
+  for (const auto& [text, count, wanted, left, right] : cases) {
+    EXPECT_EQ(characterCount(text), count) << text;
+    EXPECT_EQ(leftCharacters(text, wanted), left);
+    EXPECT_EQ(rightCharacters(text, wanted), right);
   }
 }
 
 TEST(Text, FindsWhereUtf8Ends) {
-  const struct {
-    const char* text;
-    std::size_t valid;
-  } cases[] = {{"plain", 5},
-               {"é€😀", 9},
-               {"eight by\xE9", 8},
-               {"a\x80", 1},
-               {"\xC0\x80", 0},
-               {"\xC1\xBF", 0},
-               {"\xE0\x9F\xBF", 0},
-               {"\xED\xA0\x80", 0},
-               {"\xF0\x8F\xBF\xBF", 0},
-               {"\xF4\x90\x80\x80", 0},
-               {"\xF5\x80\x80\x80", 0},
-               {"\xE2\x82", 0},
-               {"\xF4\x8F\xBF\xBF", 4},
-               {"ab\xC3(", 2}};
-  for (const auto& each : cases) EXPECT_EQ(validUtf8Length(each.text), each.valid) << each.text;
+  using Row = std::pair<const char*, std::size_t>;
+  const auto cases =
+      table(Row{"plain", 5}, Row{"é€😀", 9}, Row{"eight by\xE9", 8}, Row{"a\x80", 1},
+            Row{"\xC0\x80", 0}, Row{"\xC1\xBF", 0}, Row{"\xE0\x9F\xBF", 0}, Row{"\xED\xA0\x80", 0},
+            Row{"\xF0\x8F\xBF\xBF", 0}, Row{"\xF4\x90\x80\x80", 0}, Row{"\xF5\x80\x80\x80", 0},
+            Row{"\xE2\x82", 0}, Row{"\xF4\x8F\xBF\xBF", 4}, Row{"ab\xC3(", 2});
+  for (const auto& [text, valid] : cases) EXPECT_EQ(validUtf8Length(text), valid) << text;
 }
 
 TEST(Text, TrimsBlanksAlone) {
@@ -56,19 +40,18 @@ TEST(Text, TrimsBlanksAlone) {
 }
 
 TEST(Case, PartnersOfLetters) {
-  const struct {
-    const char *upper, *lower;
-  } cases[] = {
-      {"AZ09@[", "az09@["},     {"ÀÖØÞ", "àöøþ"},   {"ŸŠŒŽƑ", "ÿšœžƒ"}, {"ĀĎĹŇŴŹ", "āďĺňŵź"},
-      {"ΆΈΌΎΏΑΣΫ", "άέόύώασϋ"}, {"ЀЁЏАЯ", "ѐёџая"}, {"ҐӀӁӐ", "ґӏӂӑ"},   {"ẠỸ", "ạỹ"}};
-  for (const auto& each : cases) {
-    EXPECT_EQ(upperCase(each.lower), each.upper);
-    EXPECT_EQ(lowerCase(each.upper), each.lower);
-    EXPECT_EQ(upperCase(each.upper), each.upper);
-    EXPECT_EQ(lowerCase(each.lower), each.lower);
-    EXPECT_TRUE(equalIgnoringCase(each.upper, each.lower));
+  using Row = std::pair<const char*, const char*>;
+  const auto cases = table(Row{"AZ09@[", "az09@["}, Row{"ÀÖØÞ", "àöøþ"}, Row{"ŸŠŒŽƑ", "ÿšœžƒ"},
+                           Row{"ĀĎĹŇŴŹ", "āďĺňŵź"}, Row{"ΆΈΌΎΏΑΣΫ", "άέόύώασϋ"},
+                           Row{"ЀЁЏАЯ", "ѐёџая"}, Row{"ҐӀӁӐ", "ґӏӂӑ"}, Row{"ẠỸ", "ạỹ"});
+  for (const auto& [upper, lower] : cases) {
+    EXPECT_EQ(upperCase(lower), upper);
+    EXPECT_EQ(lowerCase(upper), lower);
+    EXPECT_EQ(upperCase(upper), upper);
+    EXPECT_EQ(lowerCase(lower), lower);
+    EXPECT_TRUE(equalIgnoringCase(upper, lower));
   }
-  for (const char* alone : {"×÷ß§µªº", "ıİĸŉſ", "\xE9\xFF"}) {
+  for (const char* alone : table("×÷ß§µªº", "ıİĸŉſ", "\xE9\xFF")) {
     EXPECT_EQ(upperCase(alone), alone);
     EXPECT_EQ(lowerCase(alone), alone);
   }
@@ -84,21 +67,14 @@ TEST(Case, ChangesThereAndBack) {
 }
 
 TEST(Case, FindsIgnoringIt) {
-  const struct {
-    const char *text, *part;
-    std::size_t from, found;
-  } cases[] = {{"Region+Count", "cOUNT", 0, 7},
-               {"aaab", "AAB", 0, 1},
-               {"abab", "AB", 1, 2},
-               {"ÉTÉ été", "été", 1, 6},
-               {"abc", "", 2, 2},
-               {"abc", "", 3, 3},
-               {"abc", "", 4, std::string::npos},
-               {"abc", "abcd", 0, std::string::npos},
-               {"\xE9", "\xEA", 0, std::string::npos},
-               {"\xC3\xA9", "\xA9", 0, std::string::npos}};
-  for (const auto& each : cases) {
-    EXPECT_EQ(findIgnoringCase(each.text, each.part, each.from), each.found) << each.part;
+  using Row = std::tuple<const char*, const char*, std::size_t, std::size_t>;
+  const auto cases = table(
+      Row{"Region+Count", "cOUNT", 0, 7}, Row{"aaab", "AAB", 0, 1}, Row{"abab", "AB", 1, 2},
+      Row{"ÉTÉ été", "été", 1, 6}, Row{"abc", "", 2, 2}, Row{"abc", "", 3, 3},
+      Row{"abc", "", 4, std::string::npos}, Row{"abc", "abcd", 0, std::string::npos},
+      Row{"\xE9", "\xEA", 0, std::string::npos}, Row{"\xC3\xA9", "\xA9", 0, std::string::npos});
+  for (const auto& [text, part, from, found] : cases) {
+    EXPECT_EQ(findIgnoringCase(text, part, from), found) << part;
   }
   EXPECT_FALSE(equalIgnoringCase("abc", "ab"));
   EXPECT_FALSE(equalIgnoringCase("ab", "abc"));
@@ -115,16 +91,13 @@ TEST(CodePage, MapsAllCodesBothWays) {
 }
 
 TEST(CodePage, EncodesWhatItHas) {
-  const struct {
-    const char *text, *bytes;
-  } cases[] = {{"Zoë costs 5 €", "Zo\xEB costs 5 \x80"},
-               {"“quoted” – ‰ŸƒŽ", "\x93quoted\x94 \x96 \x89\x9F\x83\x8E"},
-               {"₹ и 😀", "? ? ?"},
-               {"a\xFFz\xE2\x82", "a?z??"},
-               {"\xC2\x81\xC2\x80", "\x81?"},
-               {"", ""}};
-  for (const auto& each : cases) {
-    EXPECT_EQ(CodePage::windows1252().encode(each.text), each.bytes) << each.text;
+  using Row = std::pair<const char*, const char*>;
+  const auto cases =
+      table(Row{"Zoë costs 5 €", "Zo\xEB costs 5 \x80"},
+            Row{"“quoted” – ‰ŸƒŽ", "\x93quoted\x94 \x96 \x89\x9F\x83\x8E"}, Row{"₹ и 😀", "? ? ?"},
+            Row{"a\xFFz\xE2\x82", "a?z??"}, Row{"\xC2\x81\xC2\x80", "\x81?"}, Row{"", ""});
+  for (const auto& [text, bytes] : cases) {
+    EXPECT_EQ(CodePage::windows1252().encode(text), bytes) << text;
   }
   EXPECT_TRUE(CodePage::windows1252().has(U'€'));
   EXPECT_FALSE(CodePage::windows1252().has(U'₹'));

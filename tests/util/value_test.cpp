@@ -5,6 +5,8 @@
 #include <limits>
 #include <random>
 
+#include "support/table.h"
+
 namespace paperway {
 namespace {
 
@@ -12,136 +14,77 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr std::int64_t kLowest = std::numeric_limits<std::int64_t>::min();
 
 TEST(DefaultText, OfEachKind) {
-  const struct {
-    ValueView value;
-    const char* text;
-  } cases[] = {{ValueView(), ""},
-               {"as it is ", "as it is "},
-               {0, "0"},
-               {kLowest, "-9223372036854775808"},
-               {-0.0, "0"},
-               {-0.05, "-0.05"},
-               {1234.50, "1234.5"},
-               {0.1 + 0.2, "0.3"},
-               {2.0 / 3, "0.666666666666667"},
-               {0.0001, "0.0001"},
-               {0.00001, "1E-05"},
-               {-0.0000123456, "-1.23456E-05"},
-               {999999999999999.0, "999999999999999"},
-               {999999999999999.9, "1E+15"},
-               {123456789012345678.0, "1.23456789012346E+17"},
-               {1.5e-300, "1.5E-300"},
-               {kInfinity, "1.#INF"},
-               {Date{2026, 3, 5}, "3/5/2026"},
-               {Date{2026, 12, 25, 0, 5, 9}, "12/25/2026 12:05:09 AM"},
-               {Date{2026, 12, 25, 13, 0, 0}, "12/25/2026 1:00:00 PM"}};
-  for (const auto& each : cases) EXPECT_EQ(defaultText(each.value), each.text);
+  using Row = std::pair<ValueView, const char*>;
+  const auto cases =
+      table(Row{ValueView(), ""}, Row{"as it is ", "as it is "}, Row{0, "0"},
+            Row{kLowest, "-9223372036854775808"}, Row{-0.0, "0"}, Row{-0.05, "-0.05"},
+            Row{1234.50, "1234.5"}, Row{0.1 + 0.2, "0.3"}, Row{2.0 / 3, "0.666666666666667"},
+            Row{0.0001, "0.0001"}, Row{0.00001, "1E-05"}, Row{-0.0000123456, "-1.23456E-05"},
+            Row{999999999999999.0, "999999999999999"}, Row{999999999999999.9, "1E+15"},
+            Row{123456789012345678.0, "1.23456789012346E+17"}, Row{1.5e-300, "1.5E-300"},
+            Row{kInfinity, "1.#INF"}, Row{Date{2026, 3, 5}, "3/5/2026"},
+            Row{Date{2026, 12, 25, 0, 5, 9}, "12/25/2026 12:05:09 AM"},
+            Row{Date{2026, 12, 25, 13, 0, 0}, "12/25/2026 1:00:00 PM"});
+  for (const auto& [value, text] : cases) EXPECT_EQ(defaultText(value), text);
 }
 
 TEST(NumberText, HasALeadingBlankAndNoZeroBeforeThePoint) {
-  const struct {
-    double number;
-    const char* text;
-  } cases[] = {{0, " 0"},    {12, " 12"},     {-12, "-12"},     {.5, " .5"},
-               {-.5, "-.5"}, {10.5, " 10.5"}, {1e15, " 1E+15"}, {0.00001, " 1E-05"}};
-  for (const auto& each : cases) EXPECT_EQ(numberText(each.number), each.text);
+  using Row = std::pair<double, const char*>;
+  const auto cases =
+      table(Row{0, " 0"}, Row{12, " 12"}, Row{-12, "-12"}, Row{.5, " .5"}, Row{-.5, "-.5"},
+            Row{10.5, " 10.5"}, Row{1e15, " 1E+15"}, Row{0.00001, " 1E-05"});
+  for (const auto& [number, text] : cases) EXPECT_EQ(numberText(number), text);
 }
 
 TEST(LeadingNumber, ReadsAsFarAsItGoes) {
-  const struct {
-    const char* text;
-    double number;
-  } cases[] = {{"", 0},
-               {"  ", 0},
-               {"12", 12},
-               {"  12", 12},
-               {"\t12", 0},
-               {"-1.5x", -1.5},
-               {"+7", 7},
-               {"--7", 0},
-               {"- 7", 0},
-               {"1 2", 1},
-               {"1,234.50", 1},
-               {".5", .5},
-               {"-.5.5", -.5},
-               {"5.", 5},
-               {".", 0},
-               {"1E3", 1},
-               {"1.2.3", 1.2},
-               {"abc", 0},
-               {"&H10", 0},
-               {"00012", 12},
-               {"0.1", 0.1},
-               {"2.345 kg", 2.345},
-               {"3/5/2026", 3},
-               {"1234567890.12345", 1234567890.12345},
-               {"0.000000000000000000001", 1e-21},
-               {"12345678901234567890123", 12345678901234567890123.0}};
-  for (const auto& each : cases) EXPECT_EQ(leadingNumber(each.text), each.number) << each.text;
+  using Row = std::pair<const char*, double>;
+  const auto cases = table(
+      Row{"", 0}, Row{"  ", 0}, Row{"12", 12}, Row{"  12", 12}, Row{"\t12", 0}, Row{"-1.5x", -1.5},
+      Row{"+7", 7}, Row{"--7", 0}, Row{"- 7", 0}, Row{"1 2", 1}, Row{"1,234.50", 1}, Row{".5", .5},
+      Row{"-.5.5", -.5}, Row{"5.", 5}, Row{".", 0}, Row{"1E3", 1}, Row{"1.2.3", 1.2}, Row{"abc", 0},
+      Row{"&H10", 0}, Row{"00012", 12}, Row{"0.1", 0.1}, Row{"2.345 kg", 2.345}, Row{"3/5/2026", 3},
+      Row{"1234567890.12345", 1234567890.12345}, Row{"0.000000000000000000001", 1e-21},
+      Row{"12345678901234567890123", 12345678901234567890123.0});
+  for (const auto& [text, number] : cases) EXPECT_EQ(leadingNumber(text), number) << text;
   EXPECT_EQ(leadingNumber("-" + std::string(400, '9')), -kInfinity);
   EXPECT_EQ(leadingNumber("0." + std::string(400, '0') + "1"), 0);
 }
 
 TEST(ColumnNumber, OfEachKind) {
-  const struct {
-    ValueView value;
-    double number;
-  } cases[] = {{ValueView(), 0},
-               {"1,234", 1},
-               {std::int64_t{1234567890123456789}, 1234567890123460000.0},
-               {kLowest, -9.22337203685478e18},
-               {0.1 + 0.2, 0.3},
-               {1.5e-7, 1.5e-7},
-               {1234.56, 1234.56},
-               {99999999999999.95, 100000000000000.0},
-               {Date{2026, 11, 5}, 11}};
-  for (const auto& each : cases) {
-    EXPECT_EQ(columnNumber(each.value), each.number) << defaultText(each.value);
+  using Row = std::pair<ValueView, double>;
+  const auto cases = table(Row{ValueView(), 0}, Row{"1,234", 1},
+                           Row{std::int64_t{1234567890123456789}, 1234567890123460000.0},
+                           Row{kLowest, -9.22337203685478e18}, Row{0.1 + 0.2, 0.3},
+                           Row{1.5e-7, 1.5e-7}, Row{1234.56, 1234.56},
+                           Row{99999999999999.95, 100000000000000.0}, Row{Date{2026, 11, 5}, 11});
+  for (const auto& [value, number] : cases) {
+    EXPECT_EQ(columnNumber(value), number) << defaultText(value);
   }
 }
 
 TEST(ParseNumber, TakesTheWholeTextOrNothing) {
-  const struct {
-    const char* text;
-    std::optional<double> number;
-  } cases[] = {{"12", 12},
-               {" -1.5 ", -1.5},
-               {"1E3", 1000},
-               {"+.5", .5},
-               {"5.", 5},
-               {"1e-2", .01},
-               {"", std::nullopt},
-               {"  ", std::nullopt},
-               {"-", std::nullopt},
-               {".", std::nullopt},
-               {"1,234", std::nullopt},
-               {"12x", std::nullopt},
-               {"1 2", std::nullopt},
-               {"inf", std::nullopt},
-               {"nan", std::nullopt},
-               {"0x10", std::nullopt},
-               {"--1", std::nullopt},
-               {"1E", std::nullopt},
-               {"1E999", std::nullopt}};
-  for (const auto& each : cases) EXPECT_EQ(parseNumber(each.text), each.number) << each.text;
+  using Row = std::pair<const char*, std::optional<double>>;
+  const auto cases =
+      table(Row{"12", 12}, Row{" -1.5 ", -1.5}, Row{"1E3", 1000}, Row{"+.5", .5}, Row{"5.", 5},
+            Row{"1e-2", .01}, Row{"", std::nullopt}, Row{"  ", std::nullopt},
+            Row{"-", std::nullopt}, Row{".", std::nullopt}, Row{"1,234", std::nullopt},
+            Row{"12x", std::nullopt}, Row{"1 2", std::nullopt}, Row{"inf", std::nullopt},
+            Row{"nan", std::nullopt}, Row{"0x10", std::nullopt}, Row{"--1", std::nullopt},
+            Row{"1E", std::nullopt}, Row{"1E999", std::nullopt});
+  for (const auto& [text, number] : cases) EXPECT_EQ(parseNumber(text), number) << text;
 }
 
 TEST(Decimal, RoundsHalfAwayFromZeroAtFifteenDigits) {
-  const struct {
-    double number;
-    const char* digits;
-    int exponent;
-  } cases[] = {{1.005, "1005", 1},
-               {-0.00125, "125", -2},
-               {0.1234567890123455, "123456789012346", 0},
-               {9999999999999995.0, "1", 17},
-               {9999999999999994.0, "999999999999999", 16},
-               {kInfinity, "", 0}};
-  for (const auto& each : cases) {
-    const Decimal decimal = Decimal::fromDouble(each.number);
-    EXPECT_EQ(std::string(decimal.digits, static_cast<std::size_t>(decimal.count)), each.digits);
-    EXPECT_EQ(decimal.exponent, each.exponent) << each.number;
-    EXPECT_EQ(decimal.negative, each.number < 0);
+  using Row = std::tuple<double, const char*, int>;
+  const auto cases =
+      table(Row{1.005, "1005", 1}, Row{-0.00125, "125", -2},
+            Row{0.1234567890123455, "123456789012346", 0}, Row{9999999999999995.0, "1", 17},
+            Row{9999999999999994.0, "999999999999999", 16}, Row{kInfinity, "", 0});
+  for (const auto& [number, digits, exponent] : cases) {
+    const Decimal decimal = Decimal::fromDouble(number);
+    EXPECT_EQ(std::string(decimal.digits, static_cast<std::size_t>(decimal.count)), digits);
+    EXPECT_EQ(decimal.exponent, exponent) << number;
+    EXPECT_EQ(decimal.negative, number < 0);
   }
 }
 
