@@ -9,12 +9,12 @@ namespace {
 template <class Machine>
 class UserStoreTest : public MachineTest<Machine> {
  protected:
-  UserStore& store() { return this->machine_.userStore(); }
+  UserStore& store_ = this->machine_.userStore();
 };
 TYPED_TEST_SUITE(UserStoreTest, Machines);
 
 TYPED_TEST(UserStoreTest, GivesBackWhatWasSaved) {
-  UserStore& store = this->store();
+  UserStore& store = this->store_;
   EXPECT_EQ(store.get("app", "Sticker", "1 Space", " "), " ");
   const std::string values[] = {
       "3", "", " ", "two\r\nlines\n", "a\tb\\n\\", "₹ \xFF", std::string("\0x", 2)};
@@ -29,7 +29,7 @@ TYPED_TEST(UserStoreTest, GivesBackWhatWasSaved) {
 }
 
 TYPED_TEST(UserStoreTest, AddressesMatchWithoutRegardToCaseAndStandApart) {
-  UserStore& store = this->store();
+  UserStore& store = this->store_;
   store.save("app", "Sticker", "1 MaxF Ä", "5");
   EXPECT_EQ(store.get("APP", "sticker", "1 maxf ä", ""), "5");
   EXPECT_EQ(store.get("app", "Sticker", "1 MaxF", ""), "");

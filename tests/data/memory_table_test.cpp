@@ -8,13 +8,11 @@
 namespace paperway {
 namespace {
 
-MemoryTable sample() {
-  return MemoryTable({"Name", "Qty", "Rate", "On"},
-                     {{"Asha", 3, 2.5, Date{2026, 3, 5}}, {{}, {}, {}, {}}, {"", -1, 0.0, Date{}}});
-}
+constexpr char kNoRow[] = "The recordset has no current row.";
 
-TEST(MemoryTable, GivesBackEveryKindOfValue) {
-  MemoryTable table = sample();
+TEST(MemoryTable, GivesBackEveryKindOfValueAndWalksLikeAnyRecordset) {
+  MemoryTable table({"Name", "Qty", "Rate", "On"},
+                    {{"Asha", 3, 2.5, Date{2026, 3, 5}}, {{}, {}, {}, {}}, {"", -1, 0.0, Date{}}});
   EXPECT_EQ(table.value(0).text(), "Asha");
   EXPECT_EQ(table.value(1).integer(), 3);
   EXPECT_EQ(table.value(2).real(), 2.5);
@@ -23,18 +21,13 @@ TEST(MemoryTable, GivesBackEveryKindOfValue) {
   for (std::size_t i = 0; i < table.fieldCount(); ++i) EXPECT_TRUE(table.value(i).isNull());
   table.MoveNext();
   EXPECT_EQ(table.value(0).kind(), ValueView::Kind::text);
-  EXPECT_EQ(table.value(0).text(), "");
-}
-
-TEST(MemoryTable, WalksLikeAnyRecordset) {
-  MemoryTable table = sample();
+  table.MoveNext();
+  EXPECT_TRUE(table.Eof());
+  EXPECT_EQ(errorOf([&] { table.MoveNext(); }), kNoRow);
+  EXPECT_EQ(errorOf([&] { table.value(0); }), kNoRow);
   table.MoveLast();
   EXPECT_EQ(table.value(1).integer(), -1);
   EXPECT_EQ(table.RecordCount(), 3);
-  table.MoveNext();
-  EXPECT_TRUE(table.Eof());
-  EXPECT_EQ(errorOf([&] { table.MoveNext(); }), "The recordset has no current row.");
-  EXPECT_EQ(errorOf([&] { table.value(0); }), "The recordset has no current row.");
   table.MoveFirst();
   EXPECT_EQ(table.Fields().Item("NAME").Value().text(), "Asha");
   EXPECT_EQ(errorOf([&] { table.Fields().Item("Nmae"); }),
@@ -46,10 +39,9 @@ TEST(MemoryTable, AnEmptyOneIsAtItsEnd) {
   table.MoveFirst();
   EXPECT_TRUE(table.Eof());
   EXPECT_EQ(table.RecordCount(), 0);
-  EXPECT_EQ(errorOf([&] { table.MoveLast(); }), "The recordset has no current row.");
-  EXPECT_EQ(errorOf([&] {
-              table.addRow({"a", "b"});
-            }),
+  EXPECT_EQ(errorOf([&] { table.MoveLast(); }), kNoRow);
+  const std::vector<Value> row = {"a", "b"};
+  EXPECT_EQ(errorOf([&] { table.addRow(row); }),
             "A row of 2 values does not fit a table of 1 fields.");
 }
 

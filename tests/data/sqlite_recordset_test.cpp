@@ -1,12 +1,12 @@
 #include "backends/data/sqlite/sqlite_recordset.h"
 
-#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include "support/error_of.h"
 #include "support/table.h"
+#include "support/test_folder.h"
 
 namespace paperway {
 namespace {
@@ -14,10 +14,7 @@ namespace {
 class SqliteRecordsetTest : public testing::Test {
  protected:
   SqliteRecordsetTest() { run("CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(1),(2),(3)"); }
-  ~SqliteRecordsetTest() override {
-    sqlite3_close(writer_);
-    std::filesystem::remove_all(folder_);
-  }
+  ~SqliteRecordsetTest() override { sqlite3_close(writer_); }
 
   void run(const std::string& sql) {
     if (writer_ == nullptr) sqlite3_open(file_.c_str(), &writer_);
@@ -28,10 +25,8 @@ class SqliteRecordsetTest : public testing::Test {
     return errorOf([&] { SqliteRecordset(database(), statement); });
   }
 
-  std::filesystem::path folder_ = [] {
-    std::string name = testing::TempDir() + "sqliteXXXXXX";
-    return std::filesystem::path(mkdtemp(name.data()));
-  }();
+  TestFolder own_;
+  const std::filesystem::path folder_ = own_.path;
   std::filesystem::path file_ = folder_ / "sales.db";
   sqlite3* writer_ = nullptr;
 };

@@ -21,12 +21,8 @@ std::string current;  // what the target is given, shown when it dies of it
 void showCurrent() {
   std::fprintf(stderr, "The input, %zu bytes:\n", current.size());
   for (const char c : current) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20 && byte < 0x7F && c != '\\' && c != '"') {
-      std::fputc(c, stderr);
-    } else {
-      std::fprintf(stderr, "\\%03o", byte);
-    }
+    const bool plain = c >= 0x20 && c < 0x7F && c != '\\' && c != '"';
+    std::fprintf(stderr, plain ? "%c" : "\\%03o", static_cast<unsigned char>(c));
   }
   std::fputc('\n', stderr);
 }
@@ -70,27 +66,15 @@ class Mutator {
   void change(std::string& input) {
     const std::size_t at = below(input.size() + 1);
     const auto byte = static_cast<char>(random_());
-    switch (below(7)) {
-      case 0:
-        input.insert(at, anyPart(any()));
-        break;
-      case 1:
-        input.insert(at, anyPart(input));
-        break;
-      case 2:
-        input.erase(at, below(8));
-        break;
-      case 3:
-        input.insert(at, 1, byte);
-        break;
-      case 4:
-        input.insert(at, below(64), input.empty() ? byte : input[below(input.size())]);
-        break;
-      case 5:
-        input.replace(at, std::string::npos, anyPart(any()));
-        break;
-      default:
-        if (at < input.size()) input[at] = below(2) == 0 ? byte : static_cast<char>(input[at] ^ 1);
+    const std::size_t kind = below(7);
+    if (kind == 0) input.insert(at, anyPart(any()));
+    if (kind == 1) input.insert(at, anyPart(input));
+    if (kind == 2) input.erase(at, below(8));
+    if (kind == 3) input.insert(at, 1, byte);
+    if (kind == 4) input.insert(at, below(64), input.empty() ? byte : input[below(input.size())]);
+    if (kind == 5) input.replace(at, std::string::npos, anyPart(any()));
+    if (kind == 6 && at < input.size()) {
+      input[at] = below(2) == 0 ? byte : static_cast<char>(input[at] ^ 1);
     }
   }
 
@@ -103,18 +87,14 @@ void run(std::string input) {
   LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(current.data()), current.size());
 }
 
-std::string readAll(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 }  // namespace
 
 /// Usage: fuzz_NAME [number of inputs, or a file to run alone]
 int main(int argc, char** argv) {
   showInputOnDeath();
   if (argc > 1 && std::filesystem::exists(argv[1])) {
-    run(readAll(argv[1]));
+    std::ifstream file(argv[1], std::ios::binary);
+    run({std::istreambuf_iterator<char>(file), {}});
     return 0;
   }
   const auto seeds = paperway::fuzz::seeds();

@@ -3,36 +3,31 @@
 #include <gtest/gtest.h>
 
 #include "support/error_of.h"
+#include "support/table.h"
 
 namespace paperway {
 namespace {
 
 TEST(Layout, CellsHaveTheirExactWidth) {
-  const struct {
-    const char* text;
-    std::int16_t width;
-    const char* left;
-    const char* right;
-  } cases[] = {
-      {"  ab  ", 4, "ab  ", "  ab"}, {"", 4, "    ", "    "},        {"anything", 0, "", ""},
-      {"12345", 3, "123", "345"},    {"exact", 5, "exact", "exact"}, {"\tab", 4, "\tab ", " \tab"},
-      {"a b", 2, "a ", " b"},        {"naïve€", 4, "naïv", "ïve€"},  {"é", 3, "é  ", "  é"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(TxtL(c.text, c.width), c.left) << c.text << " to " << c.width;
-    EXPECT_EQ(TxtR(c.text, c.width), c.right) << c.text << " to " << c.width;
+  using Row = std::tuple<const char*, std::int16_t, const char*, const char*>;
+  const auto cases =
+      table(Row{"  ab  ", 4, "ab  ", "  ab"}, Row{"", 4, "    ", "    "},
+            Row{"anything", 0, "", ""}, Row{"12345", 3, "123", "345"},
+            Row{"exact", 5, "exact", "exact"}, Row{"\tab", 4, "\tab ", " \tab"},
+            Row{"a b", 2, "a ", " b"}, Row{"naïve€", 4, "naïv", "ïve€"}, Row{"é", 3, "é  ", "  é"});
+  for (const auto& [text, width, left, right] : cases) {
+    EXPECT_EQ(TxtL(text, width), left) << text << " to " << width;
+    EXPECT_EQ(TxtR(text, width), right) << text << " to " << width;
   }
 }
 
 TEST(Layout, CenteringRoundsHalfABlankToTheEvenNumber) {
-  const struct {
-    const char* text;
-    std::uint8_t maxlen;
-    const char* expected;
-  } cases[] = {{"four", 9, "  four"}, {"four", 11, "    four"}, {" four ", 4, "four"},
-               {"four", 5, "four"},   {"four", 6, " four"},     {"", 4, "  "},
-               {"café", 7, "  café"}};
-  for (const auto& c : cases) EXPECT_EQ(StrCenter(c.text, c.maxlen), c.expected) << +c.maxlen;
+  using Row = std::tuple<const char*, std::uint8_t, const char*>;
+  const auto cases = table(Row{"four", 9, "  four"}, Row{"four", 11, "    four"},
+                           Row{" four ", 4, "four"}, Row{"four", 5, "four"},
+                           Row{"four", 6, " four"}, Row{"", 4, "  "}, Row{"café", 7, "  café"});
+  for (const auto& [text, maxlen, expected] : cases)
+    EXPECT_EQ(StrCenter(text, maxlen), expected) << +maxlen;
 }
 
 TEST(Layout, PrintLineStartsTheSecondTextAtItsPlace) {

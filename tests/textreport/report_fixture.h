@@ -9,6 +9,8 @@
 #include "backends/data/memory/memory_table.h"
 #include "backends/headless/headless.h"
 #include "facade/class1.h"
+#include "support/error_of.h"
+#include "support/test_folder.h"
 #include "util/output_file.h"
 
 namespace paperway {
@@ -52,15 +54,7 @@ inline std::string readable(std::string bytes) {
 /// A Class1 on a machine without a screen, and a folder that is gone after the test.
 class ReportTest : public ::testing::Test {
  protected:
-  ReportTest()
-      : folder_(std::filesystem::path(::testing::TempDir()) /
-                (std::string("report-") +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name())),
-        machine_(folder_),
-        class1_(machine_.platform()) {}
-  ~ReportTest() override { std::filesystem::remove_all(folder_); }
-
-  std::string file(const std::string& name) const { return (folder_ / name).string(); }
+  std::string file(const std::string& name) const { return (folder_.path / name).string(); }
   std::string bytesOf(const std::string& path) const { return readFile(path, "test"); }
   static std::string golden(const std::string& name) {
     return readFile(std::filesystem::path(PAPERWAY_SOURCE_DIR) / "tests/golden" / name, "test");
@@ -76,9 +70,9 @@ class ReportTest : public ::testing::Test {
     return bytesOf(arguments.TextFileName);
   }
 
-  std::filesystem::path folder_;
-  headless::Headless machine_;
-  Class1 class1_;
+  TestFolder folder_;
+  headless::Headless machine_{folder_.path};
+  Class1 class1_{machine_.platform()};
   std::int32_t nextSerial_ = 0;
 };
 

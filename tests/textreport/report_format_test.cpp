@@ -2,40 +2,25 @@
 
 #include <gtest/gtest.h>
 
+#include "support/table.h"
 #include "textreport/report_fixture.h"
 
 namespace paperway {
 namespace {
 
 using Names = std::vector<std::string>;
-const Names kRequired = {"fNM",        "fHeder",     "Sz",         "Dtyp",  "Ali",
-                         "Spc",        "Lt",         "GTot1",      "GTot2", "Frmt",
-                         "BoldGroup1", "BoldGroup2", "AllPageTot", "FontNm"};
-const std::vector<Value> kRow = {"item",
-                                 "Item",
-                                 std::int64_t{10},
-                                 "Text",
-                                 "Left",
-                                 "2",
-                                 "Yes",
-                                 std::monostate{},
-                                 std::monostate{},
-                                 std::monostate{},
-                                 std::monostate{},
-                                 std::monostate{},
-                                 std::monostate{},
-                                 std::monostate{}};
 
-/// The required fields in one row, with one of them changed and others added.
-MemoryTable table(const std::string& changed, const Value& value, Names moreNames = {},
-                  const std::vector<Value>& more = {}) {
-  Names names = kRequired;
-  std::vector<Value> row = kRow;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    if (names[i] == changed) row[i] = value;
-  }
+/// A column with its required fields, one of them changed, and others added.
+MemoryTable changed(const std::string& field, const Value& value, const Names& moreNames = {},
+                    const std::vector<Value>& more = {}) {
+  Names names = {"fNM",   "fHeder", "Sz",   "Dtyp",       "Ali",        "Spc",        "Lt",
+                 "GTot1", "GTot2",  "Frmt", "BoldGroup1", "BoldGroup2", "AllPageTot", "FontNm"};
+  std::vector<Value> row = {"item", "Item", std::int64_t{10}, "Text", "Left", "2", "Yes"};
+  row.resize(names.size());
   names.insert(names.end(), moreNames.begin(), moreNames.end());
   row.insert(row.end(), more.begin(), more.end());
+  const auto found = std::find(names.begin(), names.end(), field);
+  if (found != names.end()) row[found - names.begin()] = value;
   return MemoryTable(names, {row});
 }
 
@@ -47,7 +32,7 @@ ReportFormatTable read(MemoryTable rows) {
 }
 
 TEST(ReportFormat, NullsAndMissingFieldsTakeTheirDefaults) {
-  const ReportFormatTable columns = read(table("", {}));
+  const ReportFormatTable columns = read(changed("", {}));
   ASSERT_EQ(columns.size(), 2u);  // one empty record behind the columns
   const ColumnFormat& c = columns[0];
   EXPECT_EQ(c.Dtyp, U'T');
@@ -61,8 +46,8 @@ TEST(ReportFormat, NullsAndMissingFieldsTakeTheirDefaults) {
   EXPECT_EQ(c.CellClass + c.GroupHeader + c.G_H_FontNm + c.GTot1 + c.Frmt, "");
 
   const ReportFormatTable salary = read(
-      table("Dtyp", "", {"FONTSIZE", "groupheader", "G_H_FontNm", "G_H_fontsize", "dupprintyn"},
-            {std::monostate{}, std::monostate{}, "Arial", "7.5", std::monostate{}}));
+      changed("Dtyp", "", {"FONTSIZE", "groupheader", "G_H_FontNm", "G_H_fontsize", "dupprintyn"},
+              {std::monostate{}, std::monostate{}, "Arial", "7.5", std::monostate{}}));
   EXPECT_EQ(salary[0].Dtyp, U' ');
   EXPECT_EQ(salary[0].CellClass, "<Q>");
   EXPECT_EQ(salary[0].GroupHeader, "0");
@@ -72,46 +57,35 @@ TEST(ReportFormat, NullsAndMissingFieldsTakeTheirDefaults) {
 }
 
 TEST(ReportFormat, TheCountMarkerIsTakenOutOfTheGroupsName) {
-  const struct {
-    const char* field;
-    const char* group;
-    int counts;
-  } cases[] = {{"customer", "customer", 0},
-               {"Count+customer", "customer", 1},
-               {"COUNT+Customer", "Customer", 1},
-               {"count+cusCount+tomer", "customer", 1},
-               {"Count+", "", 1},
-               {"Count +customer", "Count +customer", 0}};
-  for (const auto& c : cases) {
-    const ColumnFormat column = read(table("GTot1", c.field))[0];
-    EXPECT_EQ(column.GTot1, c.group) << c.field;
-    EXPECT_EQ(column.Group1Count, c.counts) << c.field;
-    EXPECT_EQ(column.Group2Count, 0) << c.field;
+  using Row = std::tuple<const char*, const char*, int>;
+  const auto cases =
+      table(Row{"customer", "customer", 0}, Row{"Count+customer", "customer", 1},
+            Row{"COUNT+Customer", "Customer", 1}, Row{"count+cusCount+tomer", "customer", 1},
+            Row{"Count+", "", 1}, Row{"Count +customer", "Count +customer", 0});
+  for (const auto& [field, group, counts] : cases) {
+    const ColumnFormat column = read(changed("GTot1", field))[0];
+    EXPECT_EQ(column.GTot1, group) << field;
+    EXPECT_EQ(column.Group1Count, counts) << field;
+    EXPECT_EQ(column.Group2Count, 0) << field;
   }
 }
 
 class ReportFormatMessage : public ReportTest {};
 
 TEST_F(ReportFormatMessage, TellsNumberFieldRowAndReason) {
-  const struct {
-    const char* field;
-    Value value;
-    const char* number;
-    const char* reason;
-  } cases[] = {
-      {"Sz", std::int64_t{40000}, " 6\r\n", "-32768 to 32767"},
-      {"Spc", std::int64_t{-1}, " 6\r\n", "\"Spc\" of row 1"},
-      {"Sz", "wide", " 13\r\n", "\"wide\", no number"},
-      {"fNM", std::monostate{}, " 94\r\n", "\"fNM\" of row 1"},
-  };
-  for (const auto& c : cases) {
-    MemoryTable rows = table(c.field, c.value);
+  using Row = std::tuple<const char*, Value, const char*, const char*>;
+  const auto cases = table(Row{"Sz", std::int64_t{40000}, " 6\r\n", "-32768 to 32767"},
+                           Row{"Spc", std::int64_t{-1}, " 6\r\n", "\"Spc\" of row 1"},
+                           Row{"Sz", "wide", " 13\r\n", "\"wide\", no number"},
+                           Row{"fNM", std::monostate{}, " 94\r\n", "\"fNM\" of row 1"});
+  for (const auto& [field, value, number, reason] : cases) {
+    MemoryTable rows = changed(field, value);
     machine_.messageBox.shown.clear();
     class1_.Set_Repot_Format(rows);
-    ASSERT_EQ(machine_.messageBox.shown.size(), 1u) << c.field;
+    ASSERT_EQ(machine_.messageBox.shown.size(), 1u) << field;
     const auto& box = machine_.messageBox.shown[0];
-    EXPECT_TRUE(box.text.starts_with(c.number)) << box.text;
-    EXPECT_NE(box.text.find(c.reason), std::string::npos) << box.text;
+    EXPECT_TRUE(box.text.starts_with(number)) << box.text;
+    EXPECT_NE(box.text.find(reason), std::string::npos) << box.text;
     EXPECT_EQ(box.title, "");
   }
 }
@@ -119,7 +93,7 @@ TEST_F(ReportFormatMessage, TellsNumberFieldRowAndReason) {
 TEST_F(ReportFormatMessage, AFailureBeforeTheFirstRowLeavesTheTableThatStoodThere) {
   MemoryTable good = columnTable({{"item", "Item", "4", "T", "L", "1", "N"}});
   class1_.Set_Repot_Format(good);
-  MemoryTable empty(kRequired);
+  MemoryTable empty = columnTable({});
   class1_.Set_Repot_Format(empty);
   ASSERT_EQ(machine_.messageBox.shown.size(), 1u);
   EXPECT_EQ(machine_.messageBox.shown[0].text, " 3021\r\nThe column table has no rows.");
