@@ -62,36 +62,6 @@ TEST_F(SqliteRecordsetTest, TypesValuesAsDeclaredAndStored) {
   }
 }
 
-TEST_F(SqliteRecordsetTest, WalksCountsAndRewinds) {
-  SqliteRecordset rows(database(), "SELECT n, n * 2 AS Twice FROM t ORDER BY n");
-  EXPECT_EQ(rows.fieldOrdinal("TWICE"), 1U);
-  EXPECT_EQ(rows.RecordCount(), -1);
-  rows.MoveLast();
-  EXPECT_EQ(rows.value(1).integer(), 6);
-  EXPECT_EQ(rows.RecordCount(), 3);
-  rows.MoveLast();
-  rows.MoveNext();
-  EXPECT_TRUE(rows.Eof());
-  EXPECT_EQ(errorOf([&] { rows.value(0); }), "The recordset has no current row.");
-  EXPECT_EQ(errorOf([&] { rows.MoveNext(); }), "The recordset has no current row.");
-  for (int round = 0; round < 2; ++round) {
-    int sum = 0;
-    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
-      sum = sum * 10 + static_cast<int>(rows.value(0).integer());
-    }
-    EXPECT_EQ(sum, 123);
-  }
-  rows.MoveLast();
-  rows.MoveFirst();
-  EXPECT_EQ(rows.value(0).integer(), 1);
-
-  SqliteRecordset none(database(), "SELECT n FROM t WHERE n > 3");
-  none.MoveFirst();
-  EXPECT_TRUE(none.Eof());
-  EXPECT_EQ(none.RecordCount(), 0);
-  EXPECT_EQ(errorOf([&] { none.MoveLast(); }), "The recordset has no current row.");
-}
-
 TEST_F(SqliteRecordsetTest, TakesOneReadingStatement) {
   const std::string name = "Cannot read \"" + file_.string() + "\": ";
   const std::string notReading = name + "the statement is not one that only reads rows.";

@@ -8,20 +8,18 @@ using namespace paperway;
 
 /// A pattern, a line feed, a value.
 std::vector<std::string> fuzz::seeds() {
-  return {
-      "#,##0.00\n-1234.565",
-      "0000\n7",
-      "##,##,##0.00;(0.00);\"nil\";\\n\n0",
-      "$0.00E+00 \"x\"\n1e-300",
-      "0,,.0#%\n9999999",
-      "000-0000\n5551234",
-      "dd-mmm-yyyy hh:nn:ss AM/PM\n2026-03-05T14:07:09.5Z",
-      "c ddddd dddddd w ww q y yy m mm mmmm h:m a/p ttttt\n46086.75",
-      "!(@@@) &&&-@@@@;<none>\nZoë € 😀",
-      "Medium Time\n0.5",
-      "yes/no\n-0",
-      "\n12",
-  };
+  return {"#,##0.00\n-1234.565",
+          "0000\n7",
+          "##,##,##0.00;(0.00);\"nil\";\\n\n0",
+          "$0.00E+00 \"x\"\n1e-300",
+          "0,,.0#%\n9999999",
+          "000-0000\n5551234",
+          "dd-mmm-yyyy hh:nn:ss AM/PM\n2026-03-05T14:07:09.5Z",
+          "c ddddd dddddd w ww q y yy m mm mmmm h:m a/p ttttt\n46086.75",
+          "!(@@@) &&&-@@@@;<none>\nZoë € 😀",
+          "Medium Time\n0.5",
+          "yes/no\n-0",
+          "\n12"};
 }
 
 namespace {

@@ -29,15 +29,15 @@ std::string reportOf(Recordset& rows) {
 std::string salesOf(int vouchers) {
   std::string values;
   for (int i = 0; i < vouchers; ++i) {
+    const std::string number = std::to_string(i);
+    const std::string date = "'2026-0" + std::to_string(1 + i % 9) + "-15'";
     for (int line = 0; line <= i % 4; ++line) {
-      const std::string number = std::to_string(i);
-      values += values.empty() ? "(" : ", (";
-      values += "'Région " + std::to_string(i * 3 / vouchers) + "', 'Customer " +
-                std::to_string(10 + i * 24 / vouchers) + "', 'V" + number + "', ";
-      values += i % 11 == 0 ? "NULL, " : "'2026-0" + std::to_string(1 + i % 9) + "-15', ";
-      values += "'Café €" + number + "', " + std::to_string(i % 50) + ", ";
-      values += std::to_string(i) + ".25, ";
-      values += i % 13 == 0 ? "NULL)" : std::to_string(i * (line + 1)) + ".1)";
+      const std::string amount = std::to_string(i * (line + 1)) + ".1";
+      values +=
+          std::string(values.empty() ? "" : ", ") + "('Région " + std::to_string(i * 3 / vouchers) +
+          "', 'Customer " + std::to_string(10 + i * 24 / vouchers) + "', 'V" + number + "', " +
+          (i % 11 == 0 ? "NULL" : date) + ", 'Café €" + number + "', " + std::to_string(i % 50) +
+          ", " + number + ".25, " + (i % 13 == 0 ? "NULL" : amount) + ")";
     }
   }
   return values;

@@ -1,0 +1,171 @@
+#include <cstdlib>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "backends/desktop/system/system.h"
+#include "backends/headless/headless.h"
+#include "support/error_of.h"
+#include "support/test_folder.h"
+#include "util/output_file.h"
+
+namespace paperway {
+namespace {
+
+struct HeadlessMachine {
+  explicit HeadlessMachine(const std::filesystem::path& root) : headless(root) {}
+  FileSystem& files() { return headless.files; }
+  UserStore& userStore() { return headless.userStore; }
+
+  headless::Headless headless;
+};
+
+struct SystemMachine {
+  explicit SystemMachine(const std::filesystem::path& root) {
+    setenv("TMPDIR", (root / "temporary").c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+  }
+  FileSystem& files() { return system.files; }
+  UserStore& userStore() { return system.userStore; }
+
+  desktop::System system;
+};
+
+using Machines = testing::Types<HeadlessMachine, SystemMachine>;
+
+template <class Machine>
+class MachineTest : public testing::Test {
+ protected:
+  TestFolder folder_;
+  Machine machine_{folder_.path};
+};
+
+template <class Machine>
+class FileSystemTest : public MachineTest<Machine> {
+ protected:
+  FileSystem& files_ = this->machine_.files();
+  const std::string file_ = this->folder_.path / "file";
+  const std::string none_ = this->folder_.path / "none";
+};
+TYPED_TEST_SUITE(FileSystemTest, Machines);
+
+TYPED_TEST(FileSystemTest, TemporaryNamesAreNewAndHaveNoFolder) {
+  FileSystem& files = this->files_;
+  EXPECT_TRUE(files.FolderExists(files.GetSpecialFolder(FileSystem::SpecialFolder::temporary)));
+  const std::string name = files.GetTempName();
+  EXPECT_NE(name, files.GetTempName());
+  EXPECT_FALSE(std::filesystem::path(name).has_parent_path());
+}
+
+TYPED_TEST(FileSystemTest, FilesAreAppendedToAndFoldersMade) {
+  FileSystem& files = this->files_;
+  replaceFile(this->file_, "one", "test");
+  files.append(this->file_, "");
+  files.append(this->file_, "\r\ntwo");
+  EXPECT_EQ(readFile(this->file_, "test"), "one\r\ntwo");
+  const std::string link = this->folder_.path / "link";
+  std::filesystem::create_symlink("file", link);
+  EXPECT_EQ(files.GetFile(link).ShortPath, this->file_);
+  EXPECT_TRUE(files.FolderExists(this->folder_.path / "."));
+  for (const std::string& other : {this->file_, this->none_, std::string()}) {
+    EXPECT_FALSE(files.FolderExists(other)) << other;
+  }
+  for (int time = 0; time < 2; ++time) files.createFolder(this->none_);
+  EXPECT_TRUE(files.FolderExists(this->none_));
+}
+
+TYPED_TEST(FileSystemTest, AMissingFileIsNamed) {
+  for (const std::string& missing : {this->none_, (this->folder_.path / ".").string()}) {
+    const std::string error = errorOf([&] { this->files_.GetFile(missing); });
+    EXPECT_NE(error.find('"' + missing + '"'), error.npos) << error;
+    EXPECT_THROW(this->files_.append(missing, "x"), AutomationError);
+  }
+  EXPECT_FALSE(std::filesystem::exists(this->none_));
+}
+
+TEST(SystemFileSystem, KnowsLocalTimeAndAFullDisk) {
+  TestFolder folder;
+  SystemMachine machine(folder.path);
+  setenv("TZ", "IST-5:30", 1);
+  tzset();
+  const std::string path = folder.path / "file";
+  replaceFile(path, "", "test");
+  const timespec march[2] = {{1141547829, 0}, {1141547829, 0}};  // 2006-03-05 08:37:09 UTC
+  utimensat(AT_FDCWD, path.c_str(), march, 0);
+  EXPECT_EQ(machine.files().GetFile(path).DateLastModified, (Date{2006, 3, 5, 14, 7, 9}));
+  EXPECT_THROW(machine.files().append("/dev/full", "x"), AutomationError);
+}
+
+template <class Machine>
+class UserStoreTest : public MachineTest<Machine> {
+ protected:
+  UserStore& store_ = this->machine_.userStore();
+};
+TYPED_TEST_SUITE(UserStoreTest, Machines);
+
+TYPED_TEST(UserStoreTest, GivesBackWhatWasSaved) {
+  UserStore& store = this->store_;
+  EXPECT_EQ(store.get("app", "Sticker", "1 Space", " "), " ");
+  const std::string values[] = {
+      "3", "", " ", "two\r\nlines\n", "a\tb\\n\\", "₹ \xFF", std::string("\0x", 2)};
+  for (const std::string& value : values) {
+    store.save("app", "Sticker", value, value);
+    store.save("app", "Sticker", "1 maxf", value);
+    EXPECT_EQ(store.get("app", "Sticker", "1 maxf", "none"), value);
+  }
+  for (const std::string& value : values) {
+    EXPECT_EQ(store.get("app", "Sticker", value, "none"), value);
+  }
+}
+
+TYPED_TEST(UserStoreTest, AddressesMatchWithoutRegardToCaseAndStandApart) {
+  UserStore& store = this->store_;
+  store.save("app", "Sticker", "1 MaxF Ä", "5");
+  EXPECT_EQ(store.get("APP", "sticker", "1 maxf ä", ""), "5");
+  EXPECT_EQ(store.get("app", "Sticker", "1 MaxF", ""), "");
+  EXPECT_EQ(store.get("app", "Sticker1", " MaxF Ä", ""), "");
+  EXPECT_EQ(store.get("ap", "pSticker", "1 MaxF Ä", ""), "");
+}
+
+class SystemUserStore : public testing::Test {
+ protected:
+  TestFolder folder_;
+  SystemMachine machine_{folder_.path};
+  UserStore& store_ = machine_.userStore();
+  std::string file_ = folder_.path / "config/paperway/store.txt";
+};
+
+TEST_F(SystemUserStore, AGarbledFileIsAnErrorAndStays) {
+  store_.save("a", "b", "c", "d");
+  const std::string good = readFile(file_, "test");
+  EXPECT_EQ(good, "paperway store 1\na\tb\tc\td\n");
+  for (const char* tail :
+       {"x", "a\tb\tc\n", "a\tb\tc\td\te\n", "a\tb\tc\t\\x\n", "a\tb\tc\t\\\n"}) {
+    const std::string bytes = good + tail;
+    replaceFile(file_, bytes, "test");
+    EXPECT_THROW(store_.get("a", "b", "c", ""), AutomationError) << bytes;
+    EXPECT_THROW(store_.save("a", "b", "c", "e"), AutomationError) << bytes;
+    EXPECT_EQ(readFile(file_, "test"), bytes);
+  }
+}
+
+TEST_F(SystemUserStore, ProgramsThatSaveAtOnceLoseNothing) {
+  constexpr int kPrograms = 4;
+  constexpr int kKeys = 25;
+  for (int program = 0; program < kPrograms; ++program) {
+    if (fork() != 0) continue;
+    for (int key = 0; key < kKeys; ++key) {
+      store_.save("app", std::to_string(program), std::to_string(key), "x");
+    }
+    _exit(0);
+  }
+  for (int status = 0; wait(&status) > 0;) EXPECT_EQ(status, 0);
+  for (int i = 0; i < kPrograms * kKeys; ++i) {
+    EXPECT_EQ(store_.get("app", std::to_string(i / kKeys), std::to_string(i % kKeys), ""), "x");
+  }
+}
+
+}  // namespace
+}  // namespace paperway
