@@ -9,10 +9,15 @@
 namespace paperway {
 namespace {
 
-// Behind the value of an attribute: at the next ";", which means nothing within braces.
+// Behind the value of an attribute: at the next ";", which means nothing within braces. There "}}"
+// stands for a "}".
 std::size_t endOfValue(std::string_view text, std::size_t begin) {
-  const bool braced = begin < text.size() && text[begin] == '{';
-  const std::size_t end = text.find(';', braced ? text.find('}', begin) : begin);
+  std::size_t at = begin;
+  if (at < text.size() && text[at] == '{') {
+    at = text.find('}', at);
+    while (at < text.size() && text.substr(at, 2) == "}}") at = text.find('}', at + 2);
+  }
+  const std::size_t end = text.find(';', at);
   return end == std::string_view::npos ? text.size() : end;
 }
 
