@@ -131,7 +131,7 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
   const TwoDatabases databases;
   const std::string lite = databases.sqlite();
   const std::string server = postgres();
-  const std::string lost = "Driver={PostgreSQL Unicode};Servername=127.0.0.1;Port=1;Pwd={a;b}";
+  const std::string lost = "Driver={PostgreSQL Unicode};Servername=127.0.0.1;Port=1;Pwd={a}};b}";
   const std::string longQuery = "SELECT '" + std::string(300, 'y') + "' FROM x";
   using Row = std::array<std::string, 3>;
   const auto cases =
@@ -146,6 +146,7 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
             Row{server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
             Row{lite, "SELECT * FROM sale", "Cannot prepare *: [[]HY000] *no such table: sale*"},
             Row{lite, "SELECT 'é' FROM grün", "*no such table: grün*"},
+            Row{lite, "SELEC 1", "*\"SELEC 1\": [[]HY000] *near \"SELEC\": syntax error*"},
             Row{lite, "SELECT ?", "Cannot run \"SELECT [?]\": [[]HY000] *unbound*"},
             Row{lite, "", "Cannot prepare \"\": [[]HY090] *"},
             Row{lite, longQuery, "*yyy…\": [[]HY000] *"});

@@ -44,26 +44,28 @@ OdbcCursor::OdbcCursor(std::shared_ptr<OdbcSession> session, std::string_view st
       handle_(SQL_HANDLE_STMT, &session_->handle()),
       statement_(statement) {
   const Utf8Locale locale;
-  prepare();
-  checkForQuery();
+  prepare(statement_);
+  checkForQuery(driver);
   describeColumns(driver);
   planBlocks(driver);
   if (session_->asked() != nullptr) watch_.emplace(handle_, session_->asked());
   run();
 }
 
-void OdbcCursor::prepare() {
-  if (!SQL_SUCCEEDED(SQLPrepare(handle_.get(), odbcText(statement_),
-                                static_cast<SQLINTEGER>(statement_.size())))) {
+void OdbcCursor::prepare(std::string_view text) {
+  if (!SQL_SUCCEEDED(
+          SQLPrepare(handle_.get(), odbcText(text), static_cast<SQLINTEGER>(text.size())))) {
     fail("prepare");
   }
 }
 
-// Nothing runs before it is known to be a query.
-void OdbcCursor::checkForQuery() {
+// Nothing runs before it is known to be a query. SQLite's driver compiles what begins like a query
+// alone, a misspelled one does not: asked to explain it, the driver says what is wrong.
+void OdbcCursor::checkForQuery(const OdbcDriver& driver) {
   SQLSMALLINT count = 0;
   if (!SQL_SUCCEEDED(SQLNumResultCols(handle_.get(), &count))) fail("prepare");
   if (count == 0) {
+    if (driver.looseTypes) prepare("EXPLAIN " + statement_);
     throw AutomationError(
         AutomationError::kDataProvider, "OdbcRecordset",
         "The statement " + shown(statement_) + " gives no columns; a recordset needs a query.");
@@ -128,7 +130,7 @@ void OdbcCursor::run() {
 void OdbcCursor::rewind() {
   const Utf8Locale locale;
   SQLFreeStmt(handle_.get(), SQL_CLOSE);
-  prepare();
+  prepare(statement_);
   run();
 }
 

@@ -41,8 +41,8 @@ class OdbcCursor {
   }
 
  private:
-  void prepare();
-  void checkForQuery();
+  void prepare(std::string_view text);
+  void checkForQuery(const OdbcDriver& driver);
   void describeColumns(const OdbcDriver& driver);
   OdbcDescription describe(std::size_t ordinal) const;
   void planBlocks(const OdbcDriver& driver);
