@@ -141,20 +141,22 @@ TEST(OdbcValues, ArriveInUtf8FromADatabaseInAnotherEncoding) {
   expectValues(connection, Query{"SELECT U&'gr\\00FC\\00DFe'::text AS \"größe\"", "t grüße"});
 }
 
-TEST(OdbcValues, ThatHaveNoFormNameTheirField) {
+TEST(OdbcValues, ThatHaveNoFormNameTheirPlace) {
   const TwoDatabases databases;
   const std::string server = postgres();
-  const std::string outside = " holds a date or time outside the calendar's years 100 to 9999.";
+  const std::string outside =
+      " of row 1 holds a date or time outside the calendar's years 100 to 9999.";
   using Row = std::array<std::string, 3>;
-  const auto cases = table(
-      Row{server, "SELECT '\\x00ff'::bytea AS photo", "\"photo\" holds bytes that are no text."},
-      Row{server, "SELECT '0044-03-15 BC'::date AS ides", "\"ides\"" + outside},
-      Row{server, "SELECT '-infinity'::timestamp AS ever", "\"ever\"" + outside},
-      Row{databases.sqlite(), "SELECT CAST(x'67fc' AS TEXT) AS latin",
-          "\"latin\" holds a text that is not UTF-8."});
+  const auto cases =
+      table(Row{server, "SELECT '\\x00ff'::bytea AS photo",
+                "\"photo\" of row 1 holds bytes that are no text."},
+            Row{server, "SELECT '0044-03-15 BC'::date AS ides", "\"ides\"" + outside},
+            Row{server, "SELECT '-infinity'::timestamp AS ever", "\"ever\"" + outside},
+            Row{databases.sqlite(), "SELECT 'a' AS latin UNION ALL SELECT CAST(x'67fc' AS TEXT)",
+                "\"latin\" of row 2 holds a text that is not UTF-8."});
   for (const auto& [connection, query, error] : cases) {
-    const OdbcRecordset rows(OdbcConnection(connection), query);
-    EXPECT_EQ(errorOf([&] { rows.value(0); }), "The field " + error) << query;
+    OdbcRecordset rows(OdbcConnection(connection), query);
+    EXPECT_EQ(errorOf([&] { rows.MoveLast(); }), "The field " + error) << query;
   }
 }
 

@@ -283,8 +283,9 @@ void OdbcColumn::reserveRows(std::size_t rows) {
 }
 
 void OdbcColumn::fail(const std::string& what) const {
-  throw AutomationError(AutomationError::kTypeMismatch, "OdbcRecordset",
-                        "The field \"" + name_ + "\" " + what + ".");
+  throw AutomationError(
+      AutomationError::kTypeMismatch, "OdbcRecordset",
+      "The field \"" + name_ + "\" of row " + std::to_string(number_) + " " + what + ".");
 }
 
 }  // namespace paperway

@@ -54,9 +54,14 @@ class OdbcColumn {
     return {cells_.data() + row * cellBytes_,
             fixedSize_ ? cellBytes_ : static_cast<std::size_t>(lengths_[row])};
   }
-  ValueView value(std::string_view bytes) { return read_(*this, bytes); }
+  /// `number` is the row's, from 1 on, for errors.
+  ValueView value(std::string_view bytes, std::size_t number) {
+    number_ = number;
+    return read_(*this, bytes);
+  }
 
-  /// For the readers: a text in another encoding than the driver's, and "The field … `what`."
+  /// For the readers: a text in another encoding than the driver's, and "The field … of row …
+  /// `what`."
   std::string& converted() { return converted_; }
   [[noreturn]] void fail(const std::string& what) const;
 
@@ -70,6 +75,7 @@ class OdbcColumn {
   std::vector<char> cells_;
   std::vector<SQLLEN> lengths_;
   std::string converted_;
+  std::size_t number_ = 0;  // of the row in hand
 };
 
 }  // namespace paperway

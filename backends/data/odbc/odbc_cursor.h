@@ -37,7 +37,8 @@ class OdbcCursor {
   ValueView value(std::size_t row, std::size_t ordinal) {
     OdbcColumn& column = columns_[ordinal];
     if (column.isNull(row)) return {};
-    return column.value(column.isWhole(row) ? column.bytes(row) : longCell(row, ordinal));
+    return column.value(column.isWhole(row) ? column.bytes(row) : longCell(row, ordinal),
+                        rowsBefore_ + row + 1);
   }
 
  private:
