@@ -15,7 +15,7 @@
 namespace paperway {
 namespace {
 
-constexpr std::size_t kLongestFile = 32767;
+constexpr std::size_t kLongestFile = 32766;
 constexpr char kReportView[] = "ReportView";
 constexpr char kReader[] = "ReadIniValue";
 constexpr char kWriter[] = "WriteIniValue";
@@ -107,7 +107,7 @@ void WriteIniValue(const std::string& INIpath, std::string_view PutKey,
   if (file.size() > kLongestFile) {
     throw AutomationError(AutomationError::kOverflow, kWriter,
                           "\"" + INIpath + "\" would have " + std::to_string(file.size()) +
-                              " characters; 32767 are the most.");
+                              " characters; 32766 are the most.");
   }
   replaceFile(INIpath, file, kWriter);
 }

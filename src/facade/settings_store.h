@@ -18,7 +18,7 @@ std::string ReadIniValue(const std::string& INIpath, std::string_view KEY,
 /// Replaces the file in one step, read-only or not, so that it is whole at any moment; of two
 /// programs that write at once the later one wins. Raises an AutomationError, and leaves the file
 /// as it was, when a text holds a line end or a character that windows-1252 lacks, and when the
-/// file would be longer than 32767 characters.
+/// file would be longer than 32766 characters.
 void WriteIniValue(const std::string& INIpath, std::string_view PutKey,
                    std::string_view PutVariable, std::string_view PutValue);
 

@@ -43,14 +43,14 @@ TEST_F(Settings, WhatAFileCannotHoldIsRefusedAndTheFileStays) {
       {"S", "k\nx", "2", "PutVariable" + lineEnd},
       {"S", "k", "2\r\n", "PutValue" + lineEnd},
       {"S", "k", "₹ 2", "PutValue holds \"₹\", which a settings file cannot hold."},
-      {"S", "k", std::string(32759, 'x'),
-       "\"" + file_ + "\" would have 32768 characters; 32767 are the most."}};
+      {"S", "k", std::string(32758, 'x'),
+       "\"" + file_ + "\" would have 32767 characters; 32766 are the most."}};
   for (const auto& [section, key, value, description] : cases) {
     EXPECT_EQ(errorOf([&] { class1_.WriteIniValue(file_, section, key, value); }), description);
     EXPECT_EQ(bytes(), before);
   }
-  class1_.WriteIniValue(file_, "S", "k", std::string(32758, 'x'));
-  EXPECT_EQ(bytes().size(), 32767U);
+  class1_.WriteIniValue(file_, "S", "k", std::string(32757, 'x'));
+  EXPECT_EQ(bytes().size(), 32766U);
 }
 
 TEST_F(Settings, AFileThatCannotBeMadeIsNamed) {
