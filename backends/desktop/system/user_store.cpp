@@ -37,7 +37,7 @@ class Lock {
  public:
   explicit Lock(const std::filesystem::path& path)
       : descriptor_(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
-    if (descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX) == 0) return;
+    if (descriptor_ >= 0 && lock()) return;
     const int error = errno;
     if (descriptor_ >= 0) ::close(descriptor_);
     raiseFileError("lock", path, error, "UserStore");
@@ -47,6 +47,14 @@ class Lock {
   Lock& operator=(const Lock&) = delete;
 
  private:
+  bool lock() const {
+    int result = 0;
+    do {
+      result = ::flock(descriptor_, LOCK_EX);
+    } while (result != 0 && errno == EINTR);
+    return result == 0;
+  }
+
   int descriptor_;
 };
 
