@@ -205,7 +205,15 @@ double Class1::MaximumValue(std::initializer_list<ValueView> Val) {
   return paperway::MaximumValue(Val);
 }
 
+double Class1::MaximumValue(std::span<const ValueView> Val) {
+  return paperway::MaximumValue(Val);
+}
+
 double Class1::MinimamValue(std::initializer_list<ValueView> Val) {
+  return paperway::MinimamValue(Val);
+}
+
+double Class1::MinimamValue(std::span<const ValueView> Val) {
   return paperway::MinimamValue(Val);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -123,7 +124,9 @@ class Class1 {
   std::uint8_t RgbG(std::int32_t Colr);
   std::uint8_t RgbB(std::int32_t Colr);
   double MaximumValue(std::initializer_list<ValueView> Val);
+  double MaximumValue(std::span<const ValueView> Val);
   double MinimamValue(std::initializer_list<ValueView> Val);
+  double MinimamValue(std::span<const ValueView> Val);
   std::string Get_CoputerName();
   std::string Get_UserName();
   bool DirExists(const std::string& OrigFile);

@@ -32,13 +32,13 @@ double numberAt(std::size_t place, ValueView value, const char* member) {
 }
 
 template <class KeepsCurrent>
-double choose(std::initializer_list<ValueView> values, const char* member, KeepsCurrent keeps) {
-  if (values.size() == 0) {
+double choose(std::span<const ValueView> values, const char* member, KeepsCurrent keeps) {
+  if (values.empty()) {
     throw AutomationError(AutomationError::kSubscript, member, "Value 1 is missing.");
   }
-  double chosen = numberAt(0, *values.begin(), member);
+  double chosen = numberAt(0, values.front(), member);
   for (std::size_t place = 1; place < values.size(); ++place) {
-    const double number = numberAt(place, values.begin()[place], member);
+    const double number = numberAt(place, values[place], member);
     if (!keeps(chosen, number)) chosen = number;
   }
   return chosen;
@@ -46,11 +46,11 @@ double choose(std::initializer_list<ValueView> values, const char* member, Keeps
 
 }  // namespace
 
-double MaximumValue(std::initializer_list<ValueView> Val) {
+double MaximumValue(std::span<const ValueView> Val) {
   return choose(Val, "MaximumValue", std::greater<>());
 }
 
-double MinimamValue(std::initializer_list<ValueView> Val) {
+double MinimamValue(std::span<const ValueView> Val) {
   return choose(Val, "MinimamValue", std::less<>());
 }
 

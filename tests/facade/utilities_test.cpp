@@ -1,3 +1,5 @@
+#include <vector>
+
 #include "controls/form.h"
 #include "facade/class1_fixture.h"
 #include "util/output_file.h"
@@ -77,7 +79,7 @@ TEST_F(Utilities, ColourBytes) {
 TEST_F(Utilities, ExtremesOfNumbersAndTextsThatSayOne) {
   EXPECT_EQ(class1_.MaximumValue({3, "7"}), 7);
   EXPECT_EQ(class1_.MaximumValue({-2.5}), -2.5);
-  EXPECT_EQ(class1_.MinimamValue({3, " -7.5 ", 12.0}), -7.5);
+  EXPECT_EQ(class1_.MinimamValue(std::vector<ValueView>{3, " -7.5 ", 12.0}), -7.5);
   EXPECT_EQ(errorOf([&] { class1_.MaximumValue({}); }), "Value 1 is missing.");
   EXPECT_EQ(errorOf([&] {
               class1_.MinimamValue({1, "2 kg"});
