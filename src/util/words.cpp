@@ -117,7 +117,7 @@ Value round_curr(ValueView currValue) {
   if (currValue.kind() == ValueView::Kind::real) {
     requireFinite(currValue.real(), "round_curr", "currValue");
   }
-  const double number = leadingNumber(defaultText(currValue));
+  const double number = columnNumber(currValue);
   requireFinite(number * 100, "round_curr", "currValue");
   if (number == 0) return {};
   return std::floor(number * 100 + 0.5) / 100;

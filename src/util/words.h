@@ -16,8 +16,9 @@ std::string NumToText(double Num);
 /// The part behind the point, counted up from the next lower whole number: 0.75 for -2.25.
 float Desi(double Kk);
 
-/// The number that the value's text begins with, rounded to two decimals, halves towards plus
-/// infinity. Zero gives the empty value; null raises an AutomationError.
+/// A number at 15 significant digits, or the number that any other value's text begins with (which
+/// reads no exponent), rounded to two decimals, halves towards plus infinity. Zero gives the empty
+/// value; null raises an AutomationError.
 Value round_curr(ValueView currValue);
 
 /// Name of the month, 1 to 12; any other number raises an AutomationError.

@@ -57,7 +57,7 @@ TEST_F(Words, RoundCurrRoundsHalvesUpAndZeroToNothing) {
   const auto cases = table(Row{0, {}}, Row{"no number", {}}, Row{"", {}}, Row{"-0.00", {}},
                            Row{2.344, 2.34}, Row{2.346, 2.35}, Row{-2.346, -2.35}, Row{0.125, 0.13},
                            Row{-0.125, -0.12}, Row{" 12.5 kg", 12.5}, Row{0.001, 0.0},
-                           Row{-7, -7.0}, Row{0.1 + 0.2, 0.3}, Row{"1.005x", 1.0});
+                           Row{-7, -7.0}, Row{0.1 + 0.2, 0.3}, Row{"1.005x", 1.0}, Row{5e15, 5e15});
   for (const auto& [value, rounded] : cases) {
     EXPECT_EQ(class1_.round_curr(value), rounded) << defaultText(value);
   }
