@@ -4,13 +4,25 @@ include(CMakePackageConfigHelpers)
 
 set(installed paperway_core paperway_headless paperway_system paperway_memory)
 set(PAPERWAY_CONFIG_DEPENDENCIES "")
+set(PAPERWAY_PC_REQUIRES "")
+set(PAPERWAY_PC_SYSTEM_LIBS "")
 if(PAPERWAY_DATA)
   list(APPEND installed paperway_sqlite paperway_odbc)
+  set(PAPERWAY_PC_REQUIRES "sqlite3, odbc")
+  set(PAPERWAY_PC_SYSTEM_LIBS "-pthread")
   string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(SQLite3)\nfind_dependency(ODBC)\nfind_dependency(Threads)\n")
 endif()
+
+# All are archives: each stands before the ones that it uses. A program without windows is not to
+# load Qt, so that the desktop is for find_package alone.
+set(PAPERWAY_PC_LIBS ${installed})
+list(REVERSE PAPERWAY_PC_LIBS)
+list(TRANSFORM PAPERWAY_PC_LIBS PREPEND "-l")
+list(JOIN PAPERWAY_PC_LIBS " " PAPERWAY_PC_LIBS)
+
 if(PAPERWAY_DESKTOP)
-  list(APPEND installed paperway_qt)
-  string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(Qt6 COMPONENTS Widgets PrintSupport)\n")
+  list(APPEND installed paperway_qt paperway_cups)
+  string(APPEND PAPERWAY_CONFIG_DEPENDENCIES "find_dependency(Qt6 COMPONENTS Widgets PrintSupport)\nfind_dependency(Cups)\n")
 endif()
 
 install(TARGETS ${installed} EXPORT paperway ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})

@@ -19,7 +19,7 @@ by-cmake/host ledger.db one.txt
 export PKG_CONFIG_PATH
 PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name paperway.pc)")
 g++ -std=c++20 $flags "$source/examples/host.cpp" -o by-pkg-config \
-  $(pkg-config --define-variable=prefix="$work/prefix" --cflags --libs --static paperway)
+  $(pkg-config --define-variable=prefix="$work/prefix" --cflags --libs paperway)
 ./by-pkg-config ledger.db two.txt
 
 cmp one.txt two.txt
