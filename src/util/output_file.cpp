@@ -29,10 +29,18 @@ long errorNumber(int error) {
   }
 }
 
+// Its name is short, so that the target's may be as long as the file system allows.
 std::filesystem::path neighbour(const std::filesystem::path& target) {
   std::random_device random;
-  return target.parent_path() /
-         ("." + target.filename().string() + "." + std::to_string(random()) + ".part");
+  return target.parent_path() / (".paperway-" + std::to_string(random()) + ".part");
+}
+
+[[noreturn]] void raiseNoNeighbour(const std::filesystem::path& target, int error,
+                                   const std::string& source) {
+  const std::string folder = target.has_parent_path() ? target.parent_path().string() : ".";
+  throw AutomationError(errorNumber(error), source,
+                        "Cannot write \"" + target.string() + "\": no new file can be made in \"" +
+                            folder + "\": " + std::generic_category().message(error) + ".");
 }
 
 // What stands behind /dev/stdout may well be a regular file, opened by a shell that will go on
@@ -61,6 +69,7 @@ OutputFile::OutputFile(std::filesystem::path target, std::string source)
   }
   if (isWrittenDirectly(target_)) {
     file_.reset(std::fopen(target_.c_str(), "ab"));
+    if (!file_) fail(errno);
   } else {
     std::error_code error;
     if (std::filesystem::is_symlink(target_, error)) {
@@ -69,11 +78,7 @@ OutputFile::OutputFile(std::filesystem::path target, std::string source)
     }
     written_ = neighbour(target_);
     file_.reset(std::fopen(written_.c_str(), "wbx"));
-  }
-  if (!file_) {
-    const int error = errno;
-    written_.clear();
-    fail(error);
+    if (!file_) raiseNoNeighbour(target_, errno, source_);
   }
   std::setvbuf(file_.get(), nullptr, _IONBF, 0);
 }

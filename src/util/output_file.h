@@ -16,7 +16,10 @@ namespace paperway {
 /// A file that appears whole or not at all. The bytes go to a new file beside the target, which
 /// commit() puts in the target's place; an OutputFile that dies uncommitted leaves the target as it
 /// was. A target that is not a regular file (a device, a pipe), or lies in /dev, is written
-/// directly. Every failure is an AutomationError that names the file and the reason.
+/// directly. A symbolic link stays and its file is replaced; of a file with several hard links only
+/// the target's name gets the new bytes, the others keep the old ones. A process that is killed can
+/// leave its new file behind, ".paperway-NUMBER.part". Every failure is an AutomationError that
+/// names the file and the reason.
 class OutputFile {
  public:
   /// `source` names the caller in errors ("Text_Rpt").
