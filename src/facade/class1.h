@@ -61,21 +61,32 @@ class Class1 {
   void Set_Repot_Format(Recordset& Rst);
 
   /// Writes a paged report file of the rows, under the table that Set_Repot_Format read. Call that
-  /// before every report: running totals stay in the table.
+  /// before every report: running totals stay in the table. A group field that the rows lack is
+  /// shown as a message, and the call returns with nothing written; after any other failure, an
+  /// AutomationError, an earlier report of that name stands as it was. A preview that was asked for
+  /// fails as PreviewReport does, with the report written.
   void Text_Rpt(TextRptArguments& arguments);
   void Text_Rpt(TextRptArguments&& arguments) { Text_Rpt(arguments); }
 
-  // Layout primitives
+  // Layout primitives: texts in fixed positions, counted in characters. See textreport/layout.h
 
+  /// The text without blanks at its ends, padded or cut to a width at its right (TxtL) or its left
+  /// (TxtR). A width below 0 raises an AutomationError.
   std::string TxtL(std::string_view DispField, std::int16_t sp1);
   std::string TxtR(std::string_view DispField, std::int16_t sp1);
+  /// The text behind half of the blanks that it leaves free; no blanks follow. One longer than
+  /// `maxlen` raises an AutomationError.
   std::string StrCenter(std::string_view strTxt, std::uint8_t maxlen);
+  /// `Data_str` at column `Start_pos` (from 0) of the line that `Print_str` begins. A position
+  /// within `Print_str` raises an AutomationError.
   std::string Print_line(std::int16_t Start_pos, std::string_view Print_str,
                          std::string_view Data_str);
 
   // Preview and print
 
-  /// Opens a report file in a window of its own and returns while it stays open, or prints it.
+  /// Opens a report file in a window of its own and returns while it stays open, or prints it. No
+  /// window opens when the report or the settings file cannot be read: an AutomationError says so.
+  /// A print that fails is told in a message; only an unreadable settings file (`Tear` = 1) raises.
   void PreviewReport(PreviewReportArguments& arguments);
   void PreviewReport(PreviewReportArguments&& arguments) { PreviewReport(arguments); }
 

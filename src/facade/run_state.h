@@ -1,33 +1,33 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "util/control_strings.h"
 
 namespace paperway {
 
-class Form;
-
 /// The channel between Class1 and the windows, which read their arguments when they load. One copy
 /// a thread, shared by all Class1 objects of that thread. Paths are native, texts UTF-8.
 struct RunState {
   std::uint8_t ModPagelenth = 0;  // inches
   std::string ModPrinterName;
-  std::uint8_t ModCc17 = 0;
-  std::uint8_t ModCc12 = 0;
-  std::uint8_t ModRCont = 0;
-  std::uint8_t ModREdit = 0;
-  std::uint8_t ModRSearch = 0;
-  std::uint8_t ModRImport = 0;
-  std::uint8_t ModRExport = 0;
-  std::uint8_t ModRColor = 0;
-  std::uint8_t ModRPrint = 0;
-  std::string ModPath1;
-  bool ModWindowOpen = false;
-  std::string ModGuidComp;
-  DOSEFONTcHR ModDosFont;
+  std::uint8_t ModCc17 = 0;  // the print panel starts with condensed (17 characters to the inch)
+  std::uint8_t ModCc12 = 0;  // and with 12 characters to the inch
+
+  // What the report window offers; 0 hides it.
+  std::uint8_t ModRCont = 0;    // all pages as one text
+  std::uint8_t ModREdit = 0;    // editing
+  std::uint8_t ModRSearch = 0;  // search
+  std::uint8_t ModRImport = 0;  // opening another report file
+  std::uint8_t ModRExport = 0;  // exports
+  std::uint8_t ModRColor = 0;   // the choice of colours
+  std::uint8_t ModRPrint = 0;   // printing
+
+  std::string ModPath1;        // report file that the window loads
+  bool ModWindowOpen = false;  // a report window is open
+  std::string ModGuidComp;     // company or installation number; names the settings file
+  DOSEFONTcHR ModDosFont;      // control strings of the last print
 
   /// Counters of the Text_Rpt in progress, for a host that shows progress from its own recordset.
   std::int64_t rowsDone = 0;

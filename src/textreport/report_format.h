@@ -20,11 +20,11 @@ struct ColumnFormat {
   char32_t Lt = U' ';          // 'Y': has a grand total
   char32_t AllPageTot = U' ';  // 'Y': the running total shows at each page's end and top
   double GrandSum = 0;
-  std::string GTot1;     // first-level group field, on the columns that total in it
-  std::string GTot2;     // second-level group field
-  std::string Frmt;      // format pattern of numbers and dates
-  std::uint8_t Spc = 0;  // blanks behind the column
-  char32_t BoldGroup1 = U' ';
+  std::string GTot1;           // first-level group field, on the columns that total in it
+  std::string GTot2;           // second-level group field
+  std::string Frmt;            // format pattern of numbers and dates
+  std::uint8_t Spc = 0;        // blanks behind the column
+  char32_t BoldGroup1 = U' ';  // 'Y' on any column: first-level group headers are bold
   char32_t BoldGroup2 = U' ';
   double Group1Sum = 0;
   double Group2Sum = 0;
@@ -33,12 +33,15 @@ struct ColumnFormat {
   std::string DupPrintField;     // the field that tells duplicates; of the first column alone
   std::uint8_t Group1Count = 0;  // 1: counts rows instead of adding values
   std::uint8_t Group2Count = 0;
-  double FontSize = 0;  // points
-  std::string CellClass;
-  std::string GroupHeader;
-  std::string G_H_FontNm;
+
+  // Of the HTML export with styles alone.
+  double FontSize = 0;      // points; 0: the page's own size
+  std::string CellClass;    // "<Q>" for a font size of 0; the export puts its class attribute here
+  std::string GroupHeader;  // caption above columns; neighbours with the same one share it. A "<"
+                            // or ">" in front puts it to the left or right
+  std::string G_H_FontNm;   // HTML font tag of the caption
   double G_H_FontSize = 0;  // points
-  std::string GroupClass;
+  std::string GroupClass;   // the caption's class attribute, from the export
 };
 
 /// The columns of a report in order, and one empty record behind them. Empty: never filled.

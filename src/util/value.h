@@ -40,8 +40,7 @@ int dayOfYear(const Date& date);
 using Value = std::variant<std::monostate, std::string, double, std::int64_t, Date>;
 
 /// The same without owning its text, small enough to be passed by value. The text lives as long as
-/// whoever gave the view says: for a recordset until its cursor moves or the same field is read
-/// anew.
+/// whoever gave the view says: for a recordset until its cursor moves.
 class ValueView {
  public:
   enum class Kind : std::uint8_t { null, text, real, integer, date };

@@ -28,8 +28,8 @@ struct OdbcDescription {
 /// what value a cell is.
 class OdbcColumn {
  public:
-  /// `bytes` are those of a cell that is not null. A text lives as long as they do, and until the
-  /// next call.
+  /// `bytes` are those of a cell that is not null. A text lives as long as they do, and until a
+  /// call for other bytes.
   using Read = ValueView (*)(OdbcColumn& column, std::string_view bytes);
 
   OdbcColumn(const OdbcDescription& description, const OdbcDriver& driver);

@@ -32,8 +32,8 @@ class OdbcCursor {
   std::size_t columnCount() const { return columns_.size(); }
   const std::string& columnName(std::size_t ordinal) const { return columns_[ordinal].name(); }
 
-  /// The value in that row of the block. A text lives until the next block or the next call for
-  /// the column.
+  /// The value in that row of the block. A text lives until the next block or a call for another
+  /// row of the column.
   ValueView value(std::size_t row, std::size_t ordinal) {
     OdbcColumn& column = columns_[ordinal];
     if (column.isNull(row)) return {};
