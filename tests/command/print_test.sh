@@ -27,7 +27,7 @@ expect 1 'report.txt has 3 pages.' $print --pages 4
 expect 2 'takes a page or a range' $print --pages 3-2
 expect 2 'excludes' $print --styled --pitch 12
 expect 1 'File none.txt does not exists' "$paperway" print none.txt
-expect 1 'does not answer' $print --printer Elsewhere
+expect 1 'Elsewhere' $print --printer Elsewhere
 expect 0 '' $printers add Full file:///dev/full
 expect 1 'took nothing of the job: No space left on device' $print --printer Full
 printf '%090d\r\n\f' 1 >wide.txt
