@@ -94,7 +94,31 @@ TEST(CupsSpooler, SaysWhyAJobIsRefused) {
   EXPECT_THROW(spooler.open("P"), SpoolError);
   EXPECT_TRUE(CupsPrinters().list().empty());
   EXPECT_EQ(CupsPrinters().current(), "");
-  cupsSetServer(desk->cups.server().c_str());
+  desk->cups.use();
+}
+
+TEST(CupsSpooler, ServerThatStandsStillOrDiesFailsTheJob) {
+  CupsSpooler spooler(std::chrono::milliseconds(300));
+  const std::string piece(1 << 20, 'x');
+  for (const int signal : {SIGSTOP, SIGKILL}) {
+    PrivateCups another;
+    another.addRawQueue("P", desk->raw.address());
+    std::uint64_t accepted = 0;
+    try {
+      const auto job = started(spooler, "P");
+      job->write(piece);
+      another.signal(signal);
+      for (int i = 0; i < 100; ++i) job->write(piece);
+      job->end();
+      ADD_FAILURE() << "nothing failed by signal " << signal;
+    } catch (const SpoolError& error) {
+      accepted = error.accepted();
+    }
+    EXPECT_GE(accepted, piece.size());
+    EXPECT_LT(accepted, 50 * piece.size());
+    another.signal(SIGKILL);
+  }
+  desk->cups.use();
 }
 
 TEST(CupsPrinters, AreTheQueuesWithTheirKindAndTheDefaultFirst) {

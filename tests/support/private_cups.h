@@ -40,11 +40,10 @@ class PrivateCups {
                                  at("log/access") + "\nErrorLog " + at("log/error") + "\nPageLog " +
                                  at("log/page") + "\nUser lp\nGroup lp\nSystemGroup root\n");
     std::filesystem::permissions(folder_.path, std::filesystem::perms(0755));
-    setenv("CUPS_SERVER", server_.c_str(), 1);
+    use();
     setenv("CUPS_SERVERROOT", folder_.path.c_str(), 1);
     setenv("HOME", folder_.path.c_str(), 1);
     setenv("XDG_RUNTIME_DIR", at("tmp").c_str(), 1);
-    cupsSetServer(server_.c_str());
     start();
   }
 
@@ -68,6 +67,13 @@ class PrivateCups {
   void addPdfQueue(const std::string& name, const std::string& address) {
     administer("-p " + name + " -E -v socket://" + address + "/?snmp=false -P " +
                PAPERWAY_SOURCE_DIR + "/tests/support/pdf_printer.ppd 2>/dev/null");
+  }
+
+  void signal(int number) const { kill(pid_, number); }
+  /// Makes this one the server that clients find.
+  void use() const {
+    setenv("CUPS_SERVER", server_.c_str(), 1);
+    cupsSetServer(server_.c_str());
   }
 
   const std::string& server() const { return server_; }
