@@ -143,8 +143,8 @@ void FrmReport::placeSettingPanel() {
   constexpr int kPitch = 420;  // from row to row
   constexpr int kLeft = 240;
   place(Frame6, 240, 1500, 4500, 6000);
-  place(Command3, Frame6.Width - 560, 300, 380, kBoxHeight);
-  int top = 480;
+  place(Command3, Frame6.Width - 560, 120, 380, kBoxHeight);
+  int top = 570;
   for (int index = Lb.LBound(); index <= Lb.UBound(); ++index, top += kPitch) {
     place(Lb[index], kLeft, top, 1800, kBoxHeight);
     place(TXt[index], 2100, top, 900, kBoxHeight);
@@ -153,7 +153,7 @@ void FrmReport::placeSettingPanel() {
   place(ChHighlighte, 3150, TXt[6].Top, 1000, kBoxHeight);
 
   top += 150;
-  place(Label11, 1350, top, 2600, kLabelHeight);
+  place(Label11, 720, top, 2600, kLabelHeight);
   top += kLabelHeight;
   place(Chtear, kLeft, top, 1000, kBoxHeight);
   place(Comtear, 1350, top, 1000, kBoxHeight);
@@ -170,28 +170,28 @@ void FrmReport::placeSettingPanel() {
 void FrmReport::placePrintPanel() {
   constexpr int kLeft = 240;
   constexpr int kMiddle = 4440;
-  place(Frame1, 0, 0, 8640, 5900);
+  place(Frame1, 0, 0, 8640, 6110);
 
-  place(Frame2, kLeft, 360, 8160, 1150);
-  place(Label1, 180, 300, 1500, kBoxHeight);
-  place(CboPrinters, 1740, 300, 6240, kBoxHeight);
-  place(LaDefult, 1740, 720, 6240, kLabelHeight);
+  place(Frame2, kLeft, 570, 8160, 1150);
+  place(Label1, 180, 345, 1500, kBoxHeight);
+  place(CboPrinters, 1740, 345, 6240, kBoxHeight);
+  place(LaDefult, 1740, 750, 6240, kLabelHeight);
 
-  place(Label2, kLeft, 1620, 1500, kLabelHeight);
-  place(FrmMode, kLeft, 1920, 3960, 360);
+  place(Label2, kLeft, 1830, 1500, kLabelHeight);
+  place(FrmMode, kLeft, 2130, 3960, 360);
   place(OptCharMode, 60, 0, 900, 360);
   place(OptDosLocal, 1000, 0, 1450, 360);
   place(OptWinMode, 2500, 0, 1400, 360);
-  int top = 2370;
+  int top = 2580;
   for (CheckBox* box : {&ChDraft, &Ch10, &Ch12, &Ch17, &Check4}) {
     place(*box, kLeft + 60, top, 3600, kBoxHeight);
     top += 350;
   }
-  place(FrmWin, kLeft, 4200, 3960, 520);
+  place(FrmWin, kLeft, 4410, 3960, 520);
   place(OpPL[0], 120, 95, 1600, kBoxHeight);
   place(OpPL[1], 1900, 95, 1800, kBoxHeight);
 
-  place(FrmPages, kMiddle, 1620, 3960, 1450);
+  place(FrmPages, kMiddle, 1830, 3960, 1450);
   top = 180;
   for (OptionButton& option : Op) {
     place(option, 120, top, 1800, kBoxHeight);
@@ -202,16 +202,16 @@ void FrmReport::placePrintPanel() {
   Label9.TextAlignment = Alignment::center;
   place(Tend, 3120, 970, 720, kBoxHeight);
 
-  place(Label3, kMiddle + 120, 3240, 1600, kBoxHeight);
-  place(Text3, 6240, 3240, 840, kBoxHeight);
-  place(VScroll1, 7080, 3240, 270, kBoxHeight);
-  place(Label5, kMiddle + 120, 3720, 1600, kBoxHeight);
-  place(ComPaperHeight, 6240, 3720, 1110, kBoxHeight);
+  place(Label3, kMiddle + 120, 3450, 1600, kBoxHeight);
+  place(Text3, 6240, 3450, 840, kBoxHeight);
+  place(VScroll1, 7080, 3450, 270, kBoxHeight);
+  place(Label5, kMiddle + 120, 3930, 1600, kBoxHeight);
+  place(ComPaperHeight, 6240, 3930, 1110, kBoxHeight);
 
-  place(LbFit, kLeft, 4770, 8160, 520);
-  place(Label10, kMiddle + 120, 5310, 900, kButtonHeight);
-  place(CmdOk, 5640, 5310, 1320, kButtonHeight);
-  place(CmdCancel, 7080, 5310, 1320, kButtonHeight);
+  place(LbFit, kLeft, 4980, 8160, 520);
+  place(Label10, kMiddle + 120, 5520, 900, kButtonHeight);
+  place(CmdOk, 5640, 5520, 1320, kButtonHeight);
+  place(CmdCancel, 7080, 5520, 1320, kButtonHeight);
 }
 
 }  // namespace paperway

@@ -36,7 +36,7 @@ class PanelWidget : public QWidget {
     bold.setBold(true);
     painter.setFont(bold);
     painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(QRect(14, 8, width() - 28, 20), Qt::AlignLeft | Qt::AlignVCenter, title);
+    painter.drawText(QRect(16, 9, width() - 32, 20), Qt::AlignLeft | Qt::AlignVCenter, title);
   }
   // What the panel does not use must not reach the controls below it.
   void mousePressEvent(QMouseEvent*) override {}
