@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include "platform/platform.h"
 
@@ -30,8 +31,13 @@ class Desk {
   virtual Form& form() = 0;
   /// Lets the user work until the last window is closed.
   virtual void run() = 0;
+  /// In logical pixels.
+  virtual void resize(int width, int height) = 0;
   /// Writes a picture (PNG) of the form that was shown last.
   virtual void draw(const std::filesystem::path& picture) = 0;
 };
+
+/// Opens a report with everything on offer; returns when the last window is closed.
+void read(Desk& desk, const std::string& report);
 
 }  // namespace paperway::command

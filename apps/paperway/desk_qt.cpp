@@ -59,6 +59,11 @@ class QtDesk : public Desk {
 
   void run() override { windows_.run(); }
 
+  void resize(int width, int height) override {
+    windows_.windows().back()->resize(width, height);
+    QApplication::processEvents();
+  }
+
   void draw(const std::filesystem::path& picture) override {
     qt::FormWindow& window = *windows_.windows().back();
     window.sync();

@@ -21,6 +21,18 @@ struct PreviewOptions {
   Desk::Options desk;
 };
 
+/// Every feature of the window is on.
+PreviewReportArguments allOf(std::string file) {
+  return {.Path1 = std::move(file),
+          .RCont = 1,
+          .REdit = 1,
+          .RSearch = 1,
+          .RImport = 1,
+          .RExport = 1,
+          .RColor = 1,
+          .RPrint = 1};
+}
+
 void addSwitch(CLI::App& command, const std::string& name, std::uint8_t& feature,
                const std::string& help) {
   command.add_flag_callback(
@@ -66,7 +78,7 @@ void preview(const PreviewOptions& options) {
     return;
   }
   if (!options.size.empty()) {
-    form.resize(options.size[0] * kTwipsPerPixel, options.size[1] * kTwipsPerPixel);
+    desk->resize(options.size[0], options.size[1]);
   }
   for (const std::string& act : options.acts) perform(form, act);
   desk->draw(options.picture);
@@ -74,12 +86,16 @@ void preview(const PreviewOptions& options) {
 
 }  // namespace
 
+void read(Desk& desk, const std::string& report) {
+  Class1(desk.platform()).PreviewReport(allOf(report));
+  desk.run();
+}
+
 void addPreview(CLI::App& app) {
   CLI::App* command = app.add_subcommand("preview", "Open a report in a window to read it");
   const auto options = std::make_shared<PreviewOptions>();
   PreviewReportArguments& arguments = options->arguments;
-  arguments = {
-      .RCont = 1, .REdit = 1, .RSearch = 1, .RImport = 1, .RExport = 1, .RColor = 1, .RPrint = 1};
+  arguments = allOf("");
   command->add_option("FILE", options->file, "Report file, or any text file")->required();
   command->add_option("--page", options->page, "Begin with this page")
       ->type_name("N")

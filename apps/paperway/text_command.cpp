@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "apps/paperway/commands.h"
+#include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
 #include "apps/paperway/progress.h"
 #include "apps/paperway/source.h"
@@ -23,6 +24,7 @@ struct TextOptions {
   int lines = 60;
   std::int32_t serial = 0;
   int pitch = 0;
+  bool preview = false;
 };
 
 TextRptArguments arguments(const TextOptions& options, Recordset& rows) {
@@ -84,6 +86,7 @@ void addText(CLI::App& app) {
   text->add_option("--pitch", options->pitch,
                    "Columns of the paper: 80 (10 per inch), 96 (12), 136 (17, condensed)")
       ->check(CLI::IsMember({80, 96, 136}));
+  text->add_flag("--preview", options->preview, "Open the finished report in a window");
   text->footer(
       "Example:\n"
       "  paperway text --db ledger.db --data \"SELECT * FROM sales\" --columns columns.csv \\\n"
@@ -96,7 +99,14 @@ void addText(CLI::App& app) {
     if (options->titles.size() > kTitles) {
       throw CLI::ValidationError("--title", "at most five titles");
     }
+    if (options->preview && options->out == "-") {
+      throw CLI::ValidationError("--preview",
+                                 "standard output cannot be read again; give --out a file");
+    }
+    // Opened before the work, which would be in vain without a display.
+    const std::unique_ptr<Desk> desk = options->preview ? Desk::open({}) : nullptr;
     writeText(*options);
+    if (desk != nullptr) read(*desk, options->out);
   });
 }
 
