@@ -7,7 +7,7 @@
 #include "controls/boxes.h"
 #include "controls/buttons.h"
 #include "controls/common_dialog.h"
-#include "util/automation_error.h"
+#include "support/error_of.h"
 
 namespace paperway {
 namespace {
@@ -29,22 +29,18 @@ struct SampleForm : Form {
       option.onClick = [this, &option] { log += option.name + " "; };
     }
     Text1.onChange = [this] { log += "change " + Text1.Text.get() + " "; };
-    Text1.onKeyPress = [](int& key) {
-      if (key >= 'a') key = 1;
-    };
+    Text1.onKeyPress = [](int& key) { key = key >= 'a' ? 1 : key; };
     Text1.onLostFocus = [this] { log += "left "; };
     Text1.onValidate = [this](bool& cancel) { cancel = Text1.Text == "bad"; };
     VScroll1.Min = 1;
     VScroll1.Max = 100;
-    VScroll1.onChange = [this] { log += "scroll "; };
+    VScroll1.onChange = [this] { log += "scroll " + std::to_string(VScroll1.Value) + " "; };
     CmdOk.onClick = [this] { PopupMenu(AQ, 10, 20); };
     pppp.onClick = [this] { log += "paste "; };
   }
   void Form_Load() override { log += "load "; }
   void Form_Activate() override { log += "activate "; }
   void Form_Unload() override { log += "unload "; }
-
-  std::string takeLog() { return std::exchange(log, ""); }
 
   std::string log;
   JeweledButton CmdOk{*this, "CmdOk", "&Print"};
@@ -62,62 +58,51 @@ struct SampleForm : Form {
   MenuItem pppp{AQ, "pppp", "Paste"};
 };
 
-using headless::User;
-
-TEST(CheckBox, BoxesThatClearOneAnotherKeepTheOneThatWasClicked) {
+class FormTest : public testing::Test {
+ protected:
   SampleForm form;
-  User user(form);
-  form.Ch12.Value = 1;
-  form.Ch17.Value = 1;
-  user.click("Ch10");
-  EXPECT_EQ(form.Ch10.Value, 1);
-  EXPECT_EQ(form.Ch12.Value, 0);
-  EXPECT_EQ(form.Ch17.Value, 0);
-  EXPECT_EQ(form.takeLog(), "Ch12 Ch17 Ch10 ");
-  form.Ch10.Value = 1;
-  EXPECT_EQ(form.takeLog(), "") << "an unchanged value runs nothing";
-}
+  headless::User user{form};
+};
 
-TEST(OptionButton, OneOfItsContainerIsSelected) {
-  SampleForm form;
-  User user(form);
-  form.OptElse.Value = true;
-  user.click("Op(1)");
-  form.Op[2].Value = true;
-  form.Op[2].Value = true;
-  user.click("Op(2)");
-  EXPECT_EQ(form.takeLog(), "Op(1) Op(2) ");
+TEST_F(FormTest, ActsRunTheirHandlersOnce) {
+  const std::pair<std::function<void()>, const char*> acts[] = {
+      {[this] { form.Ch12.Value = 1; }, "Ch12 "},
+      {[this] { form.Ch17.Value = 1; }, "Ch17 "},
+      {[this] { user.click("Ch10"); }, "Ch10 "},
+      {[this] { form.Ch10.Value = 1; }, ""},
+      {[this] { form.OptElse.Value = true; }, ""},
+      {[this] { user.click("Op(1)"); }, "Op(1) "},
+      {[this] { form.Op[2].Value = true; }, "Op(2) "},
+      {[this] { user.click("Op(2)"); }, ""},
+      {[this] { user.type("Text1", "1x2\r3\b"); }, "change 1 change 12 change 123 change 12 "},
+      {[this] { form.Text1.Text = "12"; }, ""},
+      {[this] { user.scroll("VScroll1", 50); }, "scroll 50 "},
+      {[this] { user.scroll("VScroll1", -3); }, "scroll 1 "},
+      {[this] { user.scroll("VScroll1", 1000); }, "scroll 100 "},
+      {[this] { user.scroll("VScroll1", 100); }, ""},
+      {[this] { form.Text1.Text = "bad"; }, "change bad "},
+      {[this] { EXPECT_FALSE(user.focusMoves("Combo1")); }, ""},
+      {[this] { form.Text1.Text = "good"; }, "change good "},
+      {[this] { EXPECT_TRUE(user.focusMoves("Combo1")); }, "left "},
+      {[this] { user.alt('t'); }, ""},
+      {[this] { user.alt('P'); }, "left "},
+      {[this] { user.chooseFromMenu("pppp"); }, "paste "},
+  };
+  int row = 0;
+  for (const auto& [act, log] : acts) {
+    act();
+    EXPECT_EQ(std::exchange(form.log, ""), log) << "row " << row;
+    ++row;
+  }
+  EXPECT_TRUE(form.Ch10.Value == 1 && form.Ch12.Value == 0 && form.Ch17.Value == 0);
   EXPECT_FALSE(form.Op[1].Value);
   EXPECT_TRUE(form.OptElse.Value) << "another container";
-}
-
-TEST(TextBox, KeysPassTheFilterAndChangesAreTold) {
-  SampleForm form;
-  User user(form);
-  user.type("Text1", "1x2\r3\b");
-  EXPECT_EQ(form.takeLog(), "change 1 change 12 change 123 change 12 ");
-  form.Text1.Text = "12";
-  EXPECT_EQ(form.takeLog(), "");
-}
-
-TEST(Form, FocusStaysWhileTheBoxDoesNotValidate) {
-  SampleForm form;
-  User user(form);
-  user.focus("Text1");
-  form.Text1.Text = "bad";
-  EXPECT_FALSE(user.focusMoves("Combo1"));
-  EXPECT_EQ(form.activeControl(), &form.Text1);
-  form.Text1.Text = "good";
-  EXPECT_TRUE(user.focusMoves("Combo1"));
-  EXPECT_EQ(form.takeLog(), "change bad change good left ");
+  EXPECT_EQ(form.activeControl(), &form.CmdOk);
+  EXPECT_FALSE(form.pressAccessKey('z'));
 }
 
 TEST(Form, ControlsOutOfReachDoNothing) {
-  struct Case {
-    const char* what;
-    std::function<void(SampleForm&)> change;
-  };
-  const Case cases[] = {
+  const std::pair<const char*, std::function<void(SampleForm&)>> cases[] = {
       {"disabled", [](SampleForm& f) { f.Op[1].Enabled = false; }},
       {"hidden", [](SampleForm& f) { f.Op[1].Visible = false; }},
       {"in a hidden frame", [](SampleForm& f) { f.Frame1.Visible = false; }},
@@ -125,26 +110,14 @@ TEST(Form, ControlsOutOfReachDoNothing) {
       {"on a disabled form", [](SampleForm& f) { f.Enabled = false; }},
       {"in a frame off the window", [](SampleForm& f) { f.Frame1.Top = 20000; }},
   };
-  for (const Case& c : cases) {
+  for (const auto& [what, change] : cases) {
     SampleForm form;
-    c.change(form);
-    EXPECT_FALSE(form.click("Op(1)")) << c.what;
-    EXPECT_FALSE(form.Op[1].SetFocus()) << c.what;
-    EXPECT_THROW(User(form).click("Op(1)"), std::logic_error) << c.what;
-    EXPECT_EQ(form.log, "") << c.what;
+    change(form);
+    EXPECT_FALSE(form.click("Op(1)")) << what;
+    EXPECT_FALSE(form.Op[1].SetFocus()) << what;
+    EXPECT_THROW(headless::User(form).click("Op(1)"), std::logic_error) << what;
+    EXPECT_EQ(form.log, "") << what;
   }
-}
-
-TEST(Form, AccessKeysPressOrMoveTheFocusBehindTheLabel) {
-  SampleForm form;
-  User user(form);
-  user.alt('t');
-  EXPECT_EQ(form.activeControl(), &form.Text1);
-  user.alt('P');
-  EXPECT_EQ(form.activeControl(), &form.CmdOk);
-  user.chooseFromMenu("pppp");
-  EXPECT_EQ(form.takeLog(), "left paste ");
-  EXPECT_FALSE(form.pressAccessKey('z'));
 }
 
 TEST(Form, LoadsAndUnloadsOnce) {
@@ -160,50 +133,30 @@ TEST(Form, LoadsAndUnloadsOnce) {
   EXPECT_EQ(form->log, "load activate unload ");
 }
 
-TEST(Form, NamesAControlThatItLacks) {
-  SampleForm form;
-  try {
-    form.click("Op(3)");
-    FAIL();
-  } catch (const AutomationError& error) {
-    EXPECT_NE(std::string(error.description()).find("Op(3)"), std::string::npos);
-  }
+TEST_F(FormTest, NamesAControlThatItLacks) {
+  EXPECT_NE(errorOf([this] { form.click("Op(3)"); }).find("Op(3)"), std::string::npos);
 }
 
-TEST(ComboBox, TextAndListFollowEachOther) {
-  SampleForm form;
+TEST_F(FormTest, TextAndListOfAComboBoxFollowEachOther) {
   form.Combo1.Text = "4";
   EXPECT_EQ(form.Combo1.ListIndex, 1);
   form.Combo1.Text = "99";
   EXPECT_EQ(form.Combo1.ListIndex, -1);
-  User(form).choose("Combo1", "6");
+  user.choose("Combo1", "6");
   EXPECT_EQ(form.Combo1.Text, "6");
   form.Combo1.Clear();
   EXPECT_EQ(form.Combo1.List(0), "");
 }
 
-TEST(ScrollBar, StaysBetweenItsEnds) {
-  SampleForm form;
-  for (const auto& [to, value] : {std::pair{50, 50}, {-3, 1}, {1000, 100}, {100, 100}}) {
-    User(form).scroll("VScroll1", to);
-    EXPECT_EQ(form.VScroll1.Value, value);
-  }
-  EXPECT_EQ(form.takeLog(), "scroll scroll scroll ");
-}
-
 TEST(Caption, AccessKeysAndPlainTexts) {
-  struct Case {
-    const char* caption;
-    char32_t key;
-    const char* text;
-  };
-  for (const Case& c : {Case{"&First", 'F', "First"},
-                        {" C&lose", 'L', " Close"},
-                        {"a && b", 0, "a & b"},
-                        {"R&&&D", 'D', "R&D"},
-                        {"end&", 0, "end"}}) {
-    EXPECT_EQ(accessKeyOf(c.caption), c.key) << c.caption;
-    EXPECT_EQ(captionText(c.caption), c.text) << c.caption;
+  const std::tuple<const char*, char32_t, const char*> cases[] = {{"&First", 'F', "First"},
+                                                                  {" C&lose", 'L', " Close"},
+                                                                  {"a && b", 0, "a & b"},
+                                                                  {"R&&&D", 'D', "R&D"},
+                                                                  {"end&", 0, "end"}};
+  for (const auto& [caption, key, text] : cases) {
+    EXPECT_EQ(accessKeyOf(caption), key) << caption;
+    EXPECT_EQ(captionText(caption), text) << caption;
   }
 }
 
@@ -219,10 +172,10 @@ TEST(CommonDialog, KeepsItsAnswersWhenCancelled) {
     EXPECT_EQ(dialog.FileName, "/tmp/a.txt");
     EXPECT_EQ(dialog.Color, 255u);
   }
-  ASSERT_EQ(machine.dialogs.questions.front().filters.size(), 2u);
-  EXPECT_EQ(machine.dialogs.questions.front().filters[0].description, "Txt File(*.txt)");
-  EXPECT_EQ(machine.dialogs.questions.front().filters[0].patterns,
-            (std::vector<std::string>{"*.txt", "*.prn"}));
+  const auto& filters = machine.dialogs.questions.front().filters;
+  ASSERT_EQ(filters.size(), 2u);
+  EXPECT_EQ(filters[0].description, "Txt File(*.txt)");
+  EXPECT_EQ(filters[0].patterns, (std::vector<std::string>{"*.txt", "*.prn"}));
 }
 
 }  // namespace

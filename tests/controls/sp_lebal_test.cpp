@@ -1,6 +1,7 @@
 #include "controls/sp_lebal.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "controls/form.h"
 
@@ -11,66 +12,52 @@ struct FixedMeasure : TextMeasure {
   int wrappedHeight(std::string_view, const FontSpec&, int) const override { return 26; }
 };
 
-struct LabelForm : Form {
-  LabelForm() : Form("LabelForm") {
-    Width = Height = 3000;
-    SpLebal3.HotKeyCaption = "F3";
-  }
-  SpLebal SpLebal3{*this, "SpLebal3"};
+class SpLebalTest : public testing::Test {
+ protected:
+  SpLebalTest() { label.HotKeyCaption = "F3"; }
+  auto paint(int height = 600) { return label.paint(1500, height, FixedMeasure()); }
+
+  Form form{"LabelForm"};
+  SpLebal label{form, "SpLebal3"};
 };
 
-TEST(SpLebal, PaintsCaptionAndHotKeyByItsStyle) {
-  struct Case {
-    int style;
-    const char* plan;  // left,top,right,bottom horizontal vertical wrapped, of each text
-  };
-  const Case cases[] = {
+TEST_F(SpLebalTest, PaintsCaptionAndHotKeyByItsStyle) {
+  // left,top,right,bottom horizontal vertical wrapped, of each text
+  const std::pair<int, const char*> cases[] = {
       {0, "8,8,92,32 0 1 0|8,8,92,32 2 1 0|"},
       {1, "8,8,92,32 1 1 0|8,8,92,32 2 1 0|"},
       {2, "8,7,92,33 1 0 1|8,7,92,33 2 2 0|"},
       {3, ""},
   };
-  for (const Case& c : cases) {
-    LabelForm form;
-    form.SpLebal3.CaptionStyle = c.style;
-    std::string plan;
-    for (const auto& text : form.SpLebal3.paint(1500, 600, FixedMeasure()).texts) {
-      for (const int edge : {text.left, text.top, text.right, text.bottom}) {
-        plan += std::to_string(edge) + ",";
-      }
-      plan.back() = ' ';
-      plan += std::to_string(static_cast<int>(text.horizontal)) + " " +
-              std::to_string(static_cast<int>(text.vertical)) + (text.wrapped ? " 1|" : " 0|");
+  for (const auto& [style, expected] : cases) {
+    label.CaptionStyle = style;
+    std::ostringstream plan;
+    for (const auto& t : paint().texts) {
+      plan << t.left << "," << t.top << "," << t.right << "," << t.bottom << " "
+           << static_cast<int>(t.horizontal) << " " << static_cast<int>(t.vertical) << " "
+           << t.wrapped << "|";
     }
-    EXPECT_EQ(plan, c.plan) << c.style;
+    EXPECT_EQ(plan.str(), expected) << style;
   }
+  label.CaptionStyle = 2;
+  EXPECT_EQ(paint(300).texts[0].top, -3) << "a caption taller than the surface";
 }
 
-TEST(SpLebal, CutsACaptionTallerThanTheSurface) {
-  LabelForm form;
-  form.SpLebal3.CaptionStyle = 2;
-  EXPECT_EQ(form.SpLebal3.paint(1500, 300, FixedMeasure()).texts[0].top, -3);
+TEST_F(SpLebalTest, DrawsItsLinesAsTheViewSays) {
+  const std::tuple<int, Color, Color> views[] = {{1, kButtonHighlight, kButtonShadow},
+                                                 {7, kButtonHighlight, kButtonShadow},
+                                                 {0, kButtonShadow, kButtonHighlight},
+                                                 {2, kButtonFace, kButtonFace}};
+  for (const auto& [view, top, right] : views) {
+    label.View3D = view;
+    EXPECT_EQ(paint().lines[3].color, top) << view;
+    EXPECT_EQ(paint().lines[0].color, right) << view;
+  }
+  EXPECT_EQ(paint().lines[2].x1, 30);
+  EXPECT_EQ(paint().lines[2].y2, 599);
 }
 
-TEST(SpLebal, DrawsItsLinesAsTheViewSays) {
-  LabelForm form;
-  const auto colors = [&](int view) {
-    form.SpLebal3.View3D = view;
-    const auto lines = form.SpLebal3.paint(1500, 600, FixedMeasure()).lines;
-    return std::pair{lines[3].color, lines[0].color};  // top, right
-  };
-  EXPECT_EQ(colors(1), (std::pair{kButtonHighlight, kButtonShadow}));
-  EXPECT_EQ(colors(7), (std::pair{kButtonHighlight, kButtonShadow})) << "stays as it was";
-  EXPECT_EQ(colors(0), (std::pair{kButtonShadow, kButtonHighlight}));
-  EXPECT_EQ(colors(2), (std::pair{kButtonFace, kButtonFace}));
-  const auto bottom = form.SpLebal3.paint(1500, 600, FixedMeasure()).lines[2];
-  EXPECT_EQ(bottom.x1, 30);
-  EXPECT_EQ(bottom.y2, 599);
-}
-
-TEST(SpLebal, KeepsItselfInARecord) {
-  LabelForm form;
-  SpLebal& label = form.SpLebal3;
+TEST_F(SpLebalTest, KeepsItselfInARecord) {
   EXPECT_EQ(label.CaptionStyle, 1);
   EXPECT_EQ(label.Caption, "SpLebal3");
   label.read({});

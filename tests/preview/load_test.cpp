@@ -2,7 +2,7 @@
 
 #include "facade/class1.h"
 #include "report_window.h"
-#include "util/automation_error.h"
+#include "support/error_of.h"
 
 namespace paperway {
 namespace {
@@ -10,40 +10,27 @@ namespace {
 using Load = ReportWindow;
 
 TEST(PageTable, IsCutAtFormFeedsAlone) {
-  struct Case {
-    const char* file;
-    std::int64_t count;
-    std::vector<const char*> elements;
+  const std::pair<const char*, std::vector<const char*>> cases[] = {
+      {"", {"", ""}},
+      {"one", {"one", ""}},
+      {"one\f", {"one", ""}},
+      {"one\ftwo", {"one", "two"}},
+      {"one\ftwo\f", {"one", "two", ""}},
+      {"one\ftwo\f\r\n", {"one", "two", "\r\n"}},
+      {"\f\f", {"", "", ""}},
   };
-  const Case cases[] = {
-      {"", 1, {"", ""}},
-      {"one", 1, {"one", ""}},
-      {"one\f", 1, {"one", ""}},
-      {"one\ftwo", 1, {"one", "two"}},
-      {"one\ftwo\f", 2, {"one", "two", ""}},
-      {"one\ftwo\f\r\n", 2, {"one", "two", "\r\n"}},
-      {"\f\f", 2, {"", "", ""}},
-  };
-  for (const Case& c : cases) {
-    const PageTable table(SharedText::of(c.file));
-    EXPECT_EQ(table.PageCount(), c.count) << c.file;
-    for (std::size_t i = 0; i < c.elements.size(); ++i) {
-      EXPECT_EQ(table[static_cast<std::int64_t>(i)], c.elements[i]) << c.file << " " << i;
+  for (const auto& [file, elements] : cases) {
+    const PageTable table(SharedText::of(file));
+    const auto size = static_cast<std::int64_t>(elements.size());
+    EXPECT_EQ(table.PageCount(), size - 1) << file;
+    for (std::int64_t i = 0; i < size; ++i) {
+      EXPECT_EQ(table[i], elements[static_cast<std::size_t>(i)]) << file << " " << i;
     }
-    EXPECT_EQ(table.shown(0).view(), std::string(c.elements[0]) + "\f") << c.file;
-    EXPECT_THROW(table[-1], AutomationError);
-    EXPECT_THROW(table[c.count + 1], AutomationError);
+    EXPECT_EQ(table.shown(0).view(), std::string(elements[0]) + "\f") << file;
+    for (const std::int64_t outside : {std::int64_t{-1}, size}) {
+      EXPECT_THROW(table[outside], AutomationError) << file;
+    }
   }
-}
-
-TEST_F(Load, ShowsTheFirstPageAndItsNumber) {
-  load(pages(3));
-  EXPECT_TRUE(runState().ModWindowOpen);
-  EXPECT_EQ(form->Rt1.Text, "page 1\r\n\f");
-  EXPECT_EQ(form->LbPageNo.Caption, "Page 1/3");
-  EXPECT_EQ(form->Rt1.SelLength, 1);
-  form->unload();
-  EXPECT_FALSE(runState().ModWindowOpen);
 }
 
 TEST_F(Load, ComingToTheFrontOrResizingGoesBackToAllPages) {
@@ -56,15 +43,16 @@ TEST_F(Load, ComingToTheFrontOrResizingGoesBackToAllPages) {
   user().resize(16000, 9000);
   EXPECT_TRUE(form->Op[0].Value);
   EXPECT_EQ(form->CurrentPage, 2);
-  EXPECT_EQ(form->Rt1.Width, 15900);
-  EXPECT_EQ(form->Rt1.Height, 7750);
-  EXPECT_EQ(form->Frame8.Top, 8250);
-  EXPECT_EQ(form->JeExit.right(), 15800);
-  EXPECT_EQ(form->CmdPrint.right(), form->JeExit.Left - 60);
-  EXPECT_EQ(form->Check3.right(), form->CmdPrint.Left - 300);
-  EXPECT_EQ(form->Image1.Left, form->Check3.Left - 400);
-  EXPECT_EQ(form->lb1.Left, (16000 - form->lb1.Width) / 2);
-  EXPECT_EQ(form->Frame1.Left, (15360 - form->Frame1.Width) / 2);
+  const std::pair<int, int> places[] = {{form->Rt1.Width, 15900},
+                                        {form->Rt1.Height, 7750},
+                                        {form->Frame8.Top, 8250},
+                                        {form->JeExit.right(), 15800},
+                                        {form->CmdPrint.right(), form->JeExit.Left - 60},
+                                        {form->Check3.right(), form->CmdPrint.Left - 300},
+                                        {form->Image1.Left, form->Check3.Left - 400},
+                                        {form->lb1.Left, (16000 - form->lb1.Width) / 2},
+                                        {form->Frame1.Left, (15360 - form->Frame1.Width) / 2}};
+  for (const auto& [place, expected] : places) EXPECT_EQ(place, expected);
 }
 
 TEST_F(Load, ThePanelStaysOnAWindowSmallerThanTheScreen) {
@@ -86,45 +74,36 @@ TEST_F(Load, TakesItsArgumentsFromTheRunState) {
   EXPECT_EQ(form->Ch17.Value, 0);
 }
 
-TEST_F(Load, SwitchesHideWhatTheyTurnOff) {
-  struct Case {
-    std::uint8_t RunState::*flag;
-    std::vector<const char*> hidden;
+TEST_F(Load, HidesWhatIsSwitchedOffOrNotBound) {
+  const auto hidden = [this] {
+    std::string names;
+    for (const char* name : {"Check3", "Check2", "Text4", "Label7", "CmdImport", "JeweledButton1",
+                             "Label4", "CmdPrint", "Label8"}) {
+      if (!form->at(name).Visible) names += std::string(name) + " ";
+    }
+    return names;
   };
-  const Case cases[] = {
-      {&RunState::ModRCont, {"Check3"}},
-      {&RunState::ModREdit, {"Check2"}},
-      {&RunState::ModRSearch, {"Text4", "Label7"}},
-      {&RunState::ModRImport, {"CmdImport"}},
-      {&RunState::ModRExport, {"JeweledButton1"}},
-      {&RunState::ModRColor, {"Label4"}},
-      {&RunState::ModRPrint, {"CmdPrint", "Label8"}},
-  };
-  for (const Case& off : cases) {
-    runState().*off.flag = 0;
-    runState().ModPath1 = write("report.prn", pages(1));
-    form = std::make_shared<FrmReport>(machine.platform());
+  const std::pair<std::uint8_t RunState::*, const char*> cases[] = {
+      {&RunState::ModRCont, "Check3 "},         {&RunState::ModREdit, "Check2 "},
+      {&RunState::ModRSearch, "Text4 Label7 "}, {&RunState::ModRImport, "CmdImport "},
+      {&RunState::ModRColor, "Label4 "},        {&RunState::ModRExport, "JeweledButton1 "},
+      {&RunState::ModRPrint, "CmdPrint Label8 "}};
+  for (const auto& [flag, names] : cases) {
+    runState().*flag = 0;
+    make(pages(1));
     form->JeweledButton1.onClick = form->Label8.onClick = [] {};
     form->load();
-    for (const Case& c : cases) {
-      for (const char* name : c.hidden)
-        EXPECT_EQ(form->at(name).Visible, c.flag != off.flag) << name;
-    }
-    EXPECT_EQ(form->Frame6.Top, off.flag == &RunState::ModRColor ? 20000 : 1500);
-    runState().*off.flag = 1;
+    EXPECT_EQ(hidden(), names);
+    EXPECT_EQ(form->Frame6.Top, flag == &RunState::ModRColor ? 20000 : 1500);
+    runState().*flag = 1;
   }
-}
-
-TEST_F(Load, WhatIsNotBoundIsNotOffered) {
   load(pages(1));
-  for (const char* name : {"JeweledButton1", "Label8", "Label10"}) {
-    EXPECT_FALSE(form->at(name).Visible) << name;
-  }
+  EXPECT_EQ(hidden(), "JeweledButton1 Label8 ");
+  EXPECT_FALSE(form->Label10.Visible);
 }
 
 TEST_F(Load, RunsThePrintStepsInTheirPlaces) {
-  runState().ModPath1 = write("report.prn", pages(1));
-  form = std::make_shared<FrmReport>(machine.platform());
+  make(pages(1));
   std::string log;
   form->printSteps.readTearSettings = [&] { log += form->ReportPath.empty() ? "tear " : ""; };
   form->printSteps.readPrintMode = [&] {
@@ -155,56 +134,42 @@ TEST_F(Load, ColorsComeFromTheSettingsFile) {
 TEST_F(Load, OffersTheGoToBoxFromSixPagesOn) {
   for (const int count : {1, 5, 6, 7}) {
     load(pages(count));
+    EXPECT_EQ(form->LbPageNo.Caption, "Page 1/" + std::to_string(count));
     EXPECT_EQ(form->Text2.Visible, count >= 6) << count;
     EXPECT_EQ(form->SpLebal3.Visible, count >= 6) << count;
   }
 }
 
 TEST_F(Load, ReloadShowsPageOneOfTheFileAsItIsNow) {
+  runState().ModRExport = runState().ModRPrint = 0;
   open(pages(3));
   user().click("CmdLast");
-  write("report.prn", pages(2));
+  const std::string file = write("report.prn", pages(2));
   user().click("Check3");
   user().click("Check3");
   EXPECT_EQ(form->CurrentPage, 0);
   EXPECT_EQ(form->LbPageNo.Caption, "Page 1/2");
   EXPECT_TRUE(form->CmdBck.Enabled);
-}
-
-TEST_F(Load, NeitherPrintingNorExportingRemovesNoFile) {
-  runState().ModRExport = runState().ModRPrint = 0;
-  open(pages(1));
-  user().click("Check3");
-  user().click("Check3");
-  EXPECT_TRUE(std::filesystem::exists(folder.path / "report.prn"));
+  EXPECT_TRUE(std::filesystem::exists(file)) << "even when it can neither be printed nor exported";
 }
 
 TEST_F(Load, EachPreviewOpensAWindowOfItsOwn) {
   Class1 host(machine.platform());
+  const std::string missing = errorOf(
+      [&] { host.PreviewReport({.Path1 = (folder.path / "missing.prn").string()}); });
+  EXPECT_NE(missing.find("missing.prn"), std::string::npos);
+  EXPECT_FALSE(host.RtWindows1());
   host.PreviewReport({.Path1 = write("a.prn", "a"), .RPrint = 1});
   host.PreviewReport({.Path1 = write("b.prn", "b")});
-  ASSERT_EQ(machine.windows.forms.size(), 2u);
-  const auto text = [&](int i) {
-    return machine.windows.forms[static_cast<std::size_t>(i)]->get<RichTextBox>("Rt1").Text.get();
-  };
-  EXPECT_EQ(text(0), "a\f");
-  EXPECT_EQ(text(1), "b\f");
+  const auto& forms = machine.windows.forms;
+  ASSERT_EQ(forms.size(), 2u);
+  EXPECT_EQ(forms[0]->get<RichTextBox>("Rt1").Text, "a\f");
+  EXPECT_EQ(forms[1]->get<RichTextBox>("Rt1").Text, "b\f");
   EXPECT_TRUE(host.RtWindows1());
-  machine.windows.forms[0]->click("JeExit");
+  const auto first = forms[0];
+  first->click("JeExit");
   EXPECT_FALSE(host.RtWindows1());
-  EXPECT_FALSE(machine.windows.forms[0]->loaded());
-}
-
-TEST_F(Load, AReportThatCannotBeReadOpensNoWindow) {
-  Class1 host(machine.platform());
-  try {
-    host.PreviewReport({.Path1 = (folder.path / "missing.prn").string()});
-    FAIL();
-  } catch (const AutomationError& error) {
-    EXPECT_NE(std::string(error.description()).find("missing.prn"), std::string::npos);
-  }
-  EXPECT_TRUE(machine.windows.forms.empty());
-  EXPECT_FALSE(host.RtWindows1());
+  EXPECT_FALSE(first->loaded());
 }
 
 }  // namespace

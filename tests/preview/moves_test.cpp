@@ -6,27 +6,21 @@ namespace {
 using Moves = ReportWindow;
 
 TEST_F(Moves, EachButtonDoesItsRow) {
-  struct Case {
-    const char* click;
-    int page;  // counted from 1
-    bool back;
-    bool next;
-  };
-  const Case walk[] = {
+  const std::tuple<const char*, int, bool, bool> walk[] = {
       {"CmdFst", 1, false, true}, {"CmdNxt", 2, true, true},   {"CmdBck", 1, true, true},
       {"CmdBck", 1, false, true}, {"CmdNxt", 2, true, true},   {"CmdNxt", 3, true, true},
       {"CmdNxt", 3, true, false}, {"CmdBck", 2, true, true},   {"CmdLast", 3, true, false},
       {"CmdFst", 1, false, true}, {"CmdLast", 3, true, false}, {"CmdBck", 2, true, true},
   };
   open(pages(3));
-  for (const Case& c : walk) {
-    user().click(c.click);
-    const std::string number = std::to_string(c.page);
-    EXPECT_EQ(form->Rt1.Text, "page " + number + "\r\n\f") << c.click;
-    EXPECT_EQ(form->LbPageNo.Caption, "Page " + number + "/3") << c.click;
-    EXPECT_EQ(form->LBPage.Caption, number) << c.click;
-    EXPECT_EQ(form->CmdBck.Enabled, c.back) << c.click;
-    EXPECT_EQ(form->CmdNxt.Enabled, c.next) << c.click;
+  for (const auto& [click, page, back, next] : walk) {
+    user().click(click);
+    const std::string number = std::to_string(page);
+    EXPECT_EQ(form->Rt1.Text, "page " + number + "\r\n\f") << click;
+    EXPECT_EQ(form->LbPageNo.Caption, "Page " + number + "/3") << click;
+    EXPECT_EQ(form->LBPage.Caption, number) << click;
+    EXPECT_EQ(form->CmdBck.Enabled, back) << click;
+    EXPECT_EQ(form->CmdNxt.Enabled, next) << click;
   }
 }
 
@@ -40,89 +34,75 @@ TEST_F(Moves, OnePageShowsAgainAndDisables) {
 }
 
 TEST_F(Moves, GoToAPage) {
-  struct Case {
-    const char* keys;
-    int page;
-    bool message;
-  };
   open(pages(6));
-  const Case cases[] = {{"4\r", 4, false}, {"0\r", 4, true},   {"7\r", 4, true},
-                        {"\r", 4, true},   {"x6\r", 6, false}, {"12\b\r", 1, false}};
-  for (const Case& c : cases) {
-    machine.messageBox.shown.clear();
+  const std::tuple<const char*, int, bool> cases[] = {{"4\r", 4, false}, {"0\r", 4, true},
+                                                      {"7\r", 4, true},  {"\r", 4, true},
+                                                      {"x6\r", 6, false}, {"12\b\r", 1, false}};
+  auto& shown = machine.messageBox.shown;
+  for (const auto& [keys, page, message] : cases) {
+    shown.clear();
     user().focus("Text4");
     EXPECT_EQ(form->Text2.Text, "") << "leaving the box clears it";
-    user().type("Text2", c.keys);
-    EXPECT_EQ(form->LbPageNo.Caption, "Page " + std::to_string(c.page) + "/6") << c.keys;
-    EXPECT_EQ(form->Rt1.Text, "page " + std::to_string(c.page) + "\r\n\f") << c.keys;
-    ASSERT_EQ(machine.messageBox.shown.size(), c.message ? 1u : 0u) << c.keys;
-    if (!c.message) continue;
-    EXPECT_EQ(machine.messageBox.shown[0].text, " Select Valid PageNo...!");
-    EXPECT_EQ(machine.messageBox.shown[0].icon, MessageBox::Icon::critical);
+    user().type("Text2", keys);
+    EXPECT_EQ(form->LbPageNo.Caption, "Page " + std::to_string(page) + "/6") << keys;
+    EXPECT_EQ(form->Rt1.Text, "page " + std::to_string(page) + "\r\n\f") << keys;
+    ASSERT_EQ(shown.size(), message ? 1u : 0u) << keys;
+    EXPECT_TRUE(!message || (shown[0].text == " Select Valid PageNo...!" &&
+                             shown[0].icon == MessageBox::Icon::critical));
   }
   EXPECT_EQ(form->LBPage.Caption, "1") << "from before the first go-to";
   EXPECT_FALSE(form->CmdBck.Enabled) << "untouched since the window opened";
 }
 
-std::string hits(const FrmReport& form) {
-  std::string map;
-  for (std::size_t i = 0; i < form.Rt1.buffer().size(); ++i) {
-    const CharFormat f = form.Rt1.formats().at(i);
-    map += f.color == form.TXt[5].BackColor ? (f.bold ? 'B' : 'c') : '.';
-  }
-  return map;
-}
-
-TEST_F(Moves, SearchMarksEveryHitButOneAtTheBeginning) {
-  struct Case {
-    const char* page;
-    const char* sought;
-    const char* marked;
-  };
-  const Case cases[] = {
-      {"ab AB ab", "ab", "...BB.BB."},
-      {"aaaa", "aa", ".BBB."},
-      {"x\351y", "\303\211", ".B.."},
-      {"abc", "d", "...."},
-      {"abc", "", "...."},
-  };
-  for (const Case& c : cases) {
-    open(c.page);
-    form->Text4.Text = c.sought;
+class Search : public ReportWindow {
+ protected:
+  /// What a search for the text marks: 'B' bold, 'c' coloured only, '.' nothing.
+  std::string search(const std::string& text) {
+    form->Text4.Text = text;
     user().type("Text4", "\r");
-    EXPECT_EQ(hits(*form), c.marked) << c.page;
+    return hits();
+  }
+  std::string hits() {
+    std::string map;
+    for (std::size_t i = 0; i < form->Rt1.buffer().size(); ++i) {
+      const CharFormat f = form->Rt1.formats().at(i);
+      map += f.color == form->TXt[5].BackColor ? (f.bold ? 'B' : 'c') : '.';
+    }
+    return map;
+  }
+};
+
+TEST_F(Search, MarksEveryHitButOneAtTheBeginning) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"ab AB ab", "ab", "...BB.BB."}, {"aaaa", "aa", ".BBB."}, {"x\351y", "\303\211", ".B.."},
+      {"abc", "d", "...."},            {"abc", "", "...."},
+  };
+  for (const auto& [page, sought, marked] : cases) {
+    open(page);
+    EXPECT_EQ(search(sought), marked) << page;
   }
   form->ChSearch.Value = 0;
-  form->Text4.Text = "b";
-  user().type("Text4", "\r");
-  EXPECT_EQ(hits(*form), ".c..");
+  EXPECT_EQ(search("b"), ".c..");
   user().click("CmdFst");
-  EXPECT_EQ(hits(*form), "....") << "marks last until the page is shown anew";
-}
+  EXPECT_EQ(hits(), "....") << "marks last until the page is shown anew";
 
-TEST_F(Moves, SearchCoversTheWholeFileInTheContinuousView) {
   open("one\fxone\f");
   user().click("Check3");
-  form->Text4.Text = "one";
-  user().type("Text4", "\r");
-  EXPECT_EQ(hits(*form), ".....BBB.");
+  EXPECT_EQ(search("one"), ".....BBB.") << "the whole file in the continuous view";
 }
 
-TEST_F(Moves, EscapeStopsASearchAtTheNextRound) {
+TEST_F(Search, EscapeStopsItAtTheNextRound) {
   open(" a a a a");
-  form->Text4.Text = "a";
   int yields = 0;
   machine.windows.waitingEvents = [&] {
     if (++yields == 2) user().press("Text4", keyEscape);
   };
-  user().type("Text4", "\r");
-  EXPECT_EQ(hits(*form), ".B.B.....");
+  EXPECT_EQ(search("a"), ".B.B.....");
   machine.windows.waitingEvents = nullptr;
-  user().type("Text4", "\r");
-  EXPECT_EQ(hits(*form), ".B.B.B.B.");
+  EXPECT_EQ(search("a"), ".B.B.B.B.");
 }
 
-TEST_F(Moves, AWindowClosedDuringASearchEndsIt) {
+TEST_F(Search, AWindowClosedMeanwhileEndsIt) {
   open(" a a a a");
   form->Text4.Text = "a";
   machine.windows.waitingEvents = [&] {

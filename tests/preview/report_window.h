@@ -37,11 +37,14 @@ class ReportWindow : public testing::Test {
     return *form;
   }
 
-  FrmReport& load(const std::string& bytes) {
+  void load(const std::string& bytes) {
+    make(bytes);
+    form->load();
+  }
+
+  void make(const std::string& bytes) {
     runState().ModPath1 = write("report.prn", bytes);
     form = std::make_shared<FrmReport>(machine.platform());
-    form->load();
-    return *form;
   }
 
   /// Pages "page 1" to "page n", each ended by a form feed, with the bare line end behind the last.

@@ -8,31 +8,27 @@ using Styles = ReportWindow;
 /// One letter a character: '.' plain, 'h' hidden, 'B' bold, 'C' condensed, 'D' double, 'u'
 /// underlined (upper case when bold too), '?' anything else.
 std::string looks(const RichTextBox& box) {
+  const std::pair<CharFormat, char> known[] = {
+      {{}, '.'},
+      {{.color = 128, .bold = true}, 'B'},
+      {{.size = 7, .color = 8388736}, 'C'},
+      {{.size = 20, .color = 8388608, .bold = true}, 'D'},
+      {{.underline = true}, 'u'},
+      {{.color = 128, .bold = true, .underline = true}, 'U'},
+      {{.size = 7, .color = 128, .bold = true}, 'b'},
+  };
   std::string map;
   for (std::size_t i = 0; i < box.buffer().size(); ++i) {
     const CharFormat f = box.formats().at(i);
-    char look = '?';
-    if (f == CharFormat{}) look = '.';
-    if (f == CharFormat{.size = 1, .color = kWhite}) look = 'h';
-    if (f.hidden()) look = 'h';
-    if (f == CharFormat{.color = 128, .bold = true}) look = 'B';
-    if (f == CharFormat{.size = 7, .color = 8388736}) look = 'C';
-    if (f == CharFormat{.size = 20, .color = 8388608, .bold = true}) look = 'D';
-    if (f == CharFormat{.underline = true}) look = 'u';
-    if (f == CharFormat{.color = 128, .bold = true, .underline = true}) look = 'U';
-    if (f == CharFormat{.size = 7, .color = 128, .bold = true}) look = 'b';
+    char look = f.hidden() ? 'h' : '?';
+    for (const auto& [format, letter] : known) look = f == format ? letter : look;
     map += look;
   }
   return map;
 }
 
 TEST_F(Styles, MarksAreHiddenAndTheTextBetweenThemStyled) {
-  struct Case {
-    const char* what;
-    const char* page;
-    const char* looks;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
       {"condensed", "A\017bc\022D", ".hCCh.."},
       {"bold", "a\033Ebc\033Fd", ".hhBBhh.."},
       {"underline", "\033-1ab\033-0", "hhhuuhhh."},
@@ -48,9 +44,9 @@ TEST_F(Styles, MarksAreHiddenAndTheTextBetweenThemStyled) {
       {"start after start", "\033Ea\033Eb\033Fc", "hhBBBBhh.."},
       {"nothing", "", "."},
   };
-  for (const Case& c : cases) {
-    open(std::string(c.page) + "\f");
-    EXPECT_EQ(looks(form->Rt1), c.looks) << c.what;
+  for (const auto& [what, page, expected] : cases) {
+    open(std::string(page) + "\f");
+    EXPECT_EQ(looks(form->Rt1), expected) << what;
     EXPECT_EQ(form->Rt1.SelStart, 0);
     EXPECT_EQ(form->Rt1.SelLength, 1);
   }
@@ -87,29 +83,20 @@ TEST_F(Styles, ZoomSizes) {
 }
 
 TEST_F(Styles, ExportCopyOfTheChosenPages) {
-  struct Case {
-    int option;
-    const char* from;
-    const char* to;
-    const char* text;
-  };
+  const std::tuple<int, const char*, const char*, const char*> cases[] = {
+      {0, "", "", "a\fb\fc\fd\f"}, {1, "", "", "b\f"}, {2, "2", "3", "b\fc\f"}, {2, "3", "2", ""}};
   open("a\fb\fc\fd\f");
   user().click("CmdNxt");
-  const Case cases[] = {
-      {0, "", "", "a\fb\fc\fd\f"}, {1, "", "", "b\f"}, {2, "2", "3", "b\fc\f"}, {2, "3", "2", ""}};
-  for (const Case& c : cases) {
-    form->Op[c.option].Value = true;
-    form->Tst.Text = c.from;
-    form->Tend.Text = c.to;
+  for (const auto& [option, from, to, text] : cases) {
+    form->Op[option].Value = true;
+    form->Tst.Text = from;
+    form->Tend.Text = to;
     form->PrintExport();
-    EXPECT_EQ(form->RT3.Text, c.text) << c.option;
+    EXPECT_EQ(form->RT3.Text, text) << option;
   }
-}
-
-TEST_F(Styles, ExportCopyHasNoLookForDoubleWidth) {
   open("\016\033E\033Ga\024\033F\033H\017b\022\033Gc\f");
   form->PrintExport();
-  EXPECT_EQ(looks(form->RT3), "hhhhhBhhhhhhCh....");
+  EXPECT_EQ(looks(form->RT3), "hhhhhBhhhhhhCh....") << "no look for double width";
 }
 
 TEST_F(Styles, PrintsCopiesPageByPage) {
