@@ -84,9 +84,9 @@ TEST_F(Load, HidesWhatIsSwitchedOffOrNotBound) {
     return names;
   };
   const std::pair<std::uint8_t RunState::*, const char*> cases[] = {
-      {&RunState::ModRCont, "Check3 "},         {&RunState::ModREdit, "Check2 "},
-      {&RunState::ModRSearch, "Text4 Label7 "}, {&RunState::ModRImport, "CmdImport "},
-      {&RunState::ModRColor, "Label4 "},        {&RunState::ModRExport, "JeweledButton1 "},
+      {&RunState::ModRCont, "Check3 "},          {&RunState::ModREdit, "Check2 "},
+      {&RunState::ModRSearch, "Text4 Label7 "},  {&RunState::ModRImport, "CmdImport "},
+      {&RunState::ModRColor, "Label4 "},         {&RunState::ModRExport, "JeweledButton1 "},
       {&RunState::ModRPrint, "CmdPrint Label8 "}};
   for (const auto& [flag, names] : cases) {
     runState().*flag = 0;
@@ -155,8 +155,8 @@ TEST_F(Load, ReloadShowsPageOneOfTheFileAsItIsNow) {
 
 TEST_F(Load, EachPreviewOpensAWindowOfItsOwn) {
   Class1 host(machine.platform());
-  const std::string missing = errorOf(
-      [&] { host.PreviewReport({.Path1 = (folder.path / "missing.prn").string()}); });
+  const std::string missing =
+      errorOf([&] { host.PreviewReport({.Path1 = (folder.path / "missing.prn").string()}); });
   EXPECT_NE(missing.find("missing.prn"), std::string::npos);
   EXPECT_FALSE(host.RtWindows1());
   host.PreviewReport({.Path1 = write("a.prn", "a"), .RPrint = 1});

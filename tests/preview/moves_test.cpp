@@ -35,8 +35,8 @@ TEST_F(Moves, OnePageShowsAgainAndDisables) {
 
 TEST_F(Moves, GoToAPage) {
   open(pages(6));
-  const std::tuple<const char*, int, bool> cases[] = {{"4\r", 4, false}, {"0\r", 4, true},
-                                                      {"7\r", 4, true},  {"\r", 4, true},
+  const std::tuple<const char*, int, bool> cases[] = {{"4\r", 4, false},  {"0\r", 4, true},
+                                                      {"7\r", 4, true},   {"\r", 4, true},
                                                       {"x6\r", 6, false}, {"12\b\r", 1, false}};
   auto& shown = machine.messageBox.shown;
   for (const auto& [keys, page, message] : cases) {
@@ -74,8 +74,11 @@ class Search : public ReportWindow {
 
 TEST_F(Search, MarksEveryHitButOneAtTheBeginning) {
   const std::tuple<const char*, const char*, const char*> cases[] = {
-      {"ab AB ab", "ab", "...BB.BB."}, {"aaaa", "aa", ".BBB."}, {"x\351y", "\303\211", ".B.."},
-      {"abc", "d", "...."},            {"abc", "", "...."},
+      {"ab AB ab", "ab", "...BB.BB."},
+      {"aaaa", "aa", ".BBB."},
+      {"x\351y", "\303\211", ".B.."},
+      {"abc", "d", "...."},
+      {"abc", "", "...."},
   };
   for (const auto& [page, sought, marked] : cases) {
     open(page);
