@@ -15,7 +15,7 @@ QColor ReportView::paper() const {
 /// is the first character, which the program leaves selected on every page, as long as nothing can
 /// be typed in its place.
 bool ReportView::selectionShown() const {
-  const auto [begin, end] = std::minmax(box_.caret(), box_.anchor());
+  const auto [begin, end] = std::minmax({box_.caret(), box_.anchor()});
   if (begin == end || (begin == 0 && end == 1 && box_.Locked && !selectedByUser_)) return false;
   return hasFocus() || window()->focusWidget() == this;
 }
@@ -55,7 +55,7 @@ void ReportView::paintLine(QPainter& painter, std::uint64_t number, int y) {
 
 void ReportView::paintSelection(QPainter& painter, const LineLayout& layout, double left, int y,
                                 int height) {
-  const auto [begin, end] = std::minmax(box_.caret(), box_.anchor());
+  const auto [begin, end] = std::minmax({box_.caret(), box_.anchor()});
   if (end <= layout.begin || begin >= layout.next) return;
   const double from = layout.xOf(std::max(begin, layout.begin));
   double to = layout.xOf(std::min(end, layout.end));
@@ -73,7 +73,7 @@ void ReportView::paintPiece(QPainter& painter, const LinePiece& piece, double x,
   std::size_t begin = piece.end();
   std::size_t end = piece.end();
   if (selectionShown()) {
-    const auto [from, to] = std::minmax(box_.caret(), box_.anchor());
+    const auto [from, to] = std::minmax({box_.caret(), box_.anchor()});
     begin = std::clamp(from, piece.begin, piece.end());
     end = std::clamp(to, begin, piece.end());
   }

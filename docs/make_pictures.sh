@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Makes the pictures of docs/preview.md from the sample ledger. Needs no display.
+#
+#   docs/make_pictures.sh [BUILD_DIR]        by default build/release
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+build=$(cd "${1:-build/release}" && pwd)
+pictures=$PWD/docs/pictures
+columns=$PWD/examples/ledger/columns.csv
+paperway=$build/apps/paperway/paperway
+
+# Nothing of the user's own settings and printers gets into the pictures.
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work"
+export HOME=$work XDG_DATA_HOME=$work/data XDG_CONFIG_HOME=$work/config CUPS_SERVER=127.0.0.1:1
+unset QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME
+
+"$build/examples/make_ledger" ledger.db 4000 >/dev/null
+for pitch in 80 96 136; do
+  "$paperway" text --db ledger.db --data "SELECT * FROM sales" --columns "$columns" \
+    --out ledger$pitch.txt --title "Sales ledger" --title "Year 2025-26" --title "" --title "" \
+    --title "By region and customer" --serial 1 --pitch $pitch
+done
+"$paperway" printers add "Dot matrix" "file:///dev/usb/lp0" >/dev/null
+
+picture() { # NAME PITCH ARGUMENT...
+  "$paperway" preview "ledger$2.txt" --picture "$pictures/$1.png" --size 1000,600 "${@:3}"
+}
+
+mkdir -p "$pictures"
+picture pitch80 80
+picture pitch96 96
+picture pitch136 136
+picture search 136 --page 2 --do Text4=rice
+picture setting 136 --do Label4
+picture print 136 --do CmdPrint
+picture zoom 136 --do Command2
+picture continuous 80 --do Check3
+picture dark 136 --page 7 --dark
+picture scale200 136 --scale 2
