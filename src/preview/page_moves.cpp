@@ -121,7 +121,8 @@ void FrmReport::search() {
   for (std::int64_t i = 0; i <= end; ++i, ++round) {
     if (stopsSearch()) return;
     if (round < kEventRounds || round % kEventRounds == 0) platform_.windows.doEvents();
-    i = findNext(CodePage::windows1252().encode(Text4.Text.get()), i, end);
+    i = findNext(CodePage::windows1252().encode(Text4.Text.get()), i,
+                 static_cast<std::int64_t>(Rt1.buffer().size()));
     if (i == -1) return;
     if (i == 0) continue;
     Rt1.SelStart = i;

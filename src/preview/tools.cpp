@@ -2,6 +2,7 @@
 // panels and the calculator.
 
 #include <algorithm>
+#include <utility>
 
 #include "facade/run_state.h"
 #include "platform/clipboard.h"
@@ -79,8 +80,14 @@ void FrmReport::CmdImport_Click() {
   CommonDialog1.DialogTitle = "[ TXT File Only ]Select A File From Which To Retrive Data";
   CommonDialog1.ShowOpen();
   if (CommonDialog1.FileName.empty()) return;
-  runState().ModPath1 = platform_.files.GetFile(CommonDialog1.FileName).ShortPath;
-  loadSteps();
+  const std::string before =
+      std::exchange(runState().ModPath1, platform_.files.GetFile(CommonDialog1.FileName).ShortPath);
+  try {
+    loadSteps();
+  } catch (...) {
+    runState().ModPath1 = before;  // the report on show is still the one before
+    throw;
+  }
 }
 
 void FrmReport::Rt1_MouseDown(const MouseEvent& event) {
