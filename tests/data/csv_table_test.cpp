@@ -57,7 +57,8 @@ TEST(CsvTable, NamesFileLineAndReason) {
             Row{"a,,c\n", "line 1: column 2 has no name."},
             Row{"Amount,b,AMOUNT\n", "line 1: two columns have the name \"AMOUNT\"."});
   for (const auto& [text, message] : cases) {
-    EXPECT_EQ(errorOf([&] { parseCsv(text, "f.csv"); }), std::string("\"f.csv\", ") + message)
+    EXPECT_EQ(errorOf([csv = text] { parseCsv(csv, "f.csv"); }),
+              std::string("\"f.csv\", ") + message)
         << text;
   }
   EXPECT_EQ(errorOf([] { readCsvFile("/nowhere/f.csv"); }),

@@ -45,8 +45,11 @@ TEST_F(Settings, WhatAFileCannotHoldIsRefusedAndTheFileStays) {
       {"S", "k", "₹ 2", "PutValue holds \"₹\", which a settings file cannot hold."},
       {"S", "k", std::string(32758, 'x'),
        "\"" + file_ + "\" would have 32767 characters; 32766 are the most."}};
-  for (const auto& [section, key, value, description] : cases) {
-    EXPECT_EQ(errorOf([&] { class1_.WriteIniValue(file_, section, key, value); }), description);
+  for (const auto& row : cases) {
+    const auto write = [&] {
+      class1_.WriteIniValue(file_, std::get<0>(row), std::get<1>(row), std::get<2>(row));
+    };
+    EXPECT_EQ(errorOf(write), std::get<3>(row));
     EXPECT_EQ(bytes(), before);
   }
   class1_.WriteIniValue(file_, "S", "k", std::string(32757, 'x'));

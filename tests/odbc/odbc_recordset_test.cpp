@@ -109,7 +109,8 @@ TEST(OdbcLongQuery, GivesRowsAsTheyComeAndEndsWhenAsked) {
     moveOn(rows, 5000);
     EXPECT_EQ(columnNumber(rows.value(0)), 5001) << query;
     connection.stopWhen([] { return true; });
-    const std::string error = errorOf([&] { OdbcRecordset(connection, query + " ORDER BY 1"); });
+    const std::string error =
+        errorOf([&, sorted = query + " ORDER BY 1"] { OdbcRecordset(connection, sorted); });
     EXPECT_NE(error.find(stopped), std::string::npos) << error;
   }
 }
@@ -151,7 +152,8 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
             Row{lite, "", "Cannot prepare \"\": [[]HY090] *"},
             Row{lite, longQuery, "*yyy…\": [[]HY000] *"});
   for (const auto& [connection, query, pattern] : cases) {
-    const std::string error = errorOf([&] { OdbcRecordset(OdbcConnection(connection), query); });
+    const std::string error = errorOf(
+        [&server = connection, &query = query] { OdbcRecordset(OdbcConnection(server), query); });
     EXPECT_EQ(fnmatch(pattern.c_str(), error.c_str(), 0), 0) << pattern << " gives: " << error;
     EXPECT_EQ(error.find('\n'), std::string::npos);
   }

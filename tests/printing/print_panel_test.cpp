@@ -234,7 +234,7 @@ TEST_F(Panel, JobHasTheSettingsOfThePanel) {
 TEST_F(Panel, WindowsModeDrawsStyledPages) {
   FrmReport& form = open(
       "   \022\033W \033M\r\n\016\033E\033GBig\024\033F\033H \033-1u\033-0\r\n\f"
-      "\017cond\022 caf\xE9\r\n\f\r\n");
+      "\f\017cond\022 caf\xE9\r\n\f\r\n");
   form.OptWinMode.Value = true;
   print();
   EXPECT_EQ(lastMessage(),
@@ -254,10 +254,11 @@ TEST_F(Panel, WindowsModeDrawsStyledPages) {
                               {"u", 4 / 12., 12, 0, false, true}}};
   const PrintedPage page2 = {
       {{"cond", 0, 20, 8388736, false, false}, {" café", 4 / 20., 12, 0, false, false}}};
-  EXPECT_EQ(drawn.pages, (std::vector<PrintedPage>{page1, page1, page2, page2}));
+  EXPECT_EQ(drawn.pages, (std::vector<PrintedPage>{page1, page1, page2, page2}))
+      << "an empty page prints nothing";
 
   click("Op(2)");
-  form.Tst.Text = form.Tend.Text = "2";
+  form.Tst.Text = form.Tend.Text = "3";
   print();
   EXPECT_EQ(machine_.printDevice.documents.at(1)->pages.at(0), page2) << "at the report's pitch";
 }

@@ -53,6 +53,7 @@ void expectTidy(const qt::FormWindow& window) {
   }
   for (const Control* control : shown) {
     SCOPED_TRACE(control->name);
+    EXPECT_FALSE(control->accessibleName().empty());
     const QWidget& widget = window.view(*control)->widget;
     const QSize needed = neededFor(*control, widget);
     EXPECT_GE(widget.width(), needed.width()) << "caption cut off";

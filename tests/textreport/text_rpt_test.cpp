@@ -192,10 +192,9 @@ TEST_F(TextReport, FailuresNameTheThingAndLeaveTheEarlierReport) {
     MemoryTable table = columnTable(columns);
     class1_.Set_Repot_Format(table);
     replaceFile(file("report.txt"), "earlier", "test");
-    const bool isWhole = *path == '/' || *path == '\0';
-    const std::string error = errorOf([&] {
-      class1_.Text_Rpt({.Rs = rows, .TextFileName = isWhole ? path : file(path), .MPLine = 60});
-    });
+    const std::string target = *path == '/' || *path == '\0' ? path : file(path);
+    const std::string error =
+        errorOf([&] { class1_.Text_Rpt({.Rs = rows, .TextFileName = target, .MPLine = 60}); });
     EXPECT_NE(error.find(reason), std::string::npos) << reason << " told as " << error;
     EXPECT_EQ(bytesOf(file("report.txt")), "earlier");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path), {}), 2) << reason;
