@@ -40,10 +40,14 @@ std::string number(std::int64_t value) {
 SpLebal::SpLebal(Form& owner, std::string itsName, Control* itsContainer)
     : Control(owner, ControlKind::spLebal, std::move(itsName), itsContainer) {
   Caption = name;
+  Font = containerFont();
+}
+
+const FontSpec& SpLebal::containerFont() const {
+  return container != nullptr ? container->Font : form.Font;
 }
 
 SpLebal::Record SpLebal::write() const {
-  const FontSpec& inherited = container != nullptr ? container->Font : form.Font;
   Record record;
   const auto put = [&record](const char* key, const std::string& value, const std::string& usual) {
     if (value != usual) record.emplace_back(key, value);
@@ -53,7 +57,7 @@ SpLebal::Record SpLebal::write() const {
   put("CaptionStyle", number(CaptionStyle), number(kStoredStyle));
   put("Down3D", Down3D ? "-1" : "0", "-1");
   put("BackColor", number(BackColor), number(kButtonFace));
-  put("Font", fontText(Font), fontText(inherited));
+  put("Font", fontText(Font), fontText(containerFont()));
   put("ForeColor", number(ForeColor), number(kButtonText));
   put("View3D", number(View3D), "0");
   return record;
@@ -73,18 +77,22 @@ void SpLebal::read(const Record& record) {
   CaptionStyle = static_cast<std::int32_t>(whole(take("CaptionStyle", number(kStoredStyle))));
   Down3D = whole(take("Down3D", "-1")) != 0;
   BackColor = static_cast<Color>(whole(take("BackColor", number(kButtonFace))));
-  Font = fontOf(take("Font", fontText(container != nullptr ? container->Font : form.Font)));
+  Font = fontOf(take("Font", fontText(containerFont())));
   ForeColor = static_cast<Color>(whole(take("ForeColor", number(kButtonText))));
   View3D = static_cast<std::int32_t>(whole(take("View3D", "0")));
 }
 
-SpLebalPaint SpLebal::paint(int width, int height, const TextMeasure& measure) {
-  if (View3D == 0 || View3D == 1) {
-    topLeft_ = View3D == 1 ? kButtonHighlight : kButtonShadow;
-    bottomRight_ = View3D == 1 ? kButtonShadow : kButtonHighlight;
-  } else if (View3D == 2) {
+void SpLebal::setView3d(std::int32_t view) {
+  view3d_ = view;
+  if (view == 0 || view == 1) {
+    topLeft_ = view == 1 ? kButtonHighlight : kButtonShadow;
+    bottomRight_ = view == 1 ? kButtonShadow : kButtonHighlight;
+  } else if (view == 2) {
     topLeft_ = bottomRight_ = kButtonFace;
   }
+}
+
+SpLebalPaint SpLebal::paint(int width, int height, const TextMeasure& measure) const {
   SpLebalPaint plan{BackColor, ForeColor, {}, {}};
   plan.lines = {{width - 1, 0, width - 1, height, bottomRight_},
                 {0, 0, 0, height - 1, topLeft_},

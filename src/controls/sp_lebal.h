@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "controls/accessor.h"
 #include "controls/control.h"
 
 namespace paperway {
@@ -29,8 +30,6 @@ class SpLebal : public Control {
   std::int32_t CaptionStyle = 1;
   std::string HotKeyCaption;
   bool Down3D = true;
-  /// 1 raised, 0 sunken, 2 flat; others leave the lines as they are.
-  std::int32_t View3D = 0;
 
   /// What the control keeps of itself: keys and values in their order.
   using Record = std::vector<std::pair<std::string, std::string>>;
@@ -38,10 +37,19 @@ class SpLebal : public Control {
   void read(const Record& record);
 
   /// What to paint on a surface of this inner size, in twips.
-  SpLebalPaint paint(int width, int height, const TextMeasure& measure);
+  SpLebalPaint paint(int width, int height, const TextMeasure& measure) const;
 
  private:
-  // The lines keep their colours when View3D has no row of its own.
+  const FontSpec& containerFont() const;
+  std::int32_t view3d() const { return view3d_; }
+  void setView3d(std::int32_t view);
+
+ public:
+  /// 1 raised, 0 sunken, 2 flat; others leave the lines as they are.
+  Accessor<SpLebal, std::int32_t, &SpLebal::view3d, &SpLebal::setView3d> View3D{*this};
+
+ private:
+  std::int32_t view3d_ = 0;
   Color topLeft_ = kButtonShadow;
   Color bottomRight_ = kButtonHighlight;
 };

@@ -123,7 +123,9 @@ class SpLebalWidget : public QWidget, private TextMeasure {
              : piece.vertical == Text::Vertical::bottom ? Qt::AlignBottom
                                                         : Qt::AlignVCenter;
     const QRect place(QPoint(piece.left, piece.top), QPoint(piece.right - 1, piece.bottom - 1));
+    painter.setClipRect(piece.left, 0, piece.right - piece.left, height());
     painter.drawText(place, flags | Qt::TextDontClip, text(piece.text));
+    painter.setClipping(false);
   }
 
   void drawFocus(QPainter& painter) {
@@ -135,7 +137,9 @@ class SpLebalWidget : public QWidget, private TextMeasure {
 
   int wrappedHeight(std::string_view caption, const FontSpec& spec, int width) const override {
     const QFontMetrics metrics(qt::font(spec, font()));
-    return metrics.boundingRect(0, 0, width, 0, Qt::TextWordWrap, text(caption)).height();
+    return metrics
+        .boundingRect(0, 0, width, 0, Qt::TextShowMnemonic | Qt::TextWordWrap, text(caption))
+        .height();
   }
 
   SpLebal& label_;
