@@ -210,12 +210,18 @@ bool RichTextBox::erase(std::size_t begin, std::size_t end) {
   return caret_ == anchor_ || replaceSelection("");
 }
 
+/// Both pass over hidden marks beside the caret: what the user does not see goes with a selection
+/// only.
 bool RichTextBox::eraseBackward(bool word) {
-  return erase(word ? wordStop(caret_, false) : previousStop(caret_), caret_);
+  std::size_t end = caret_;
+  while (end > 0 && formats_.at(end - 1).hidden()) --end;
+  return erase(word ? wordStop(end, false) : previousStop(end), end);
 }
 
 bool RichTextBox::eraseForward(bool word) {
-  return erase(caret_, word ? wordStop(caret_, true) : nextStop(caret_));
+  std::size_t begin = caret_;
+  while (begin < text_.size() && formats_.at(begin).hidden()) ++begin;
+  return erase(begin, word ? wordStop(begin, true) : nextStop(begin));
 }
 
 bool RichTextBox::undo() {
