@@ -93,6 +93,7 @@ enum KeyCode {
   keyF1 = 112,  // keyF1 + 11 is F12
   keyAdd = 107,
   keySubtract = 109,
+  keyOther = 255,  // any key without a code of its own
 };
 
 }  // namespace paperway

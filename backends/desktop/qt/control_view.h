@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 #include "controls/control.h"
 
@@ -37,8 +38,8 @@ class ControlView {
   virtual bool takeKey(QKeyEvent& /*event*/, char32_t /*before*/, char32_t /*after*/) {
     return false;
   }
-  /// Where a menu asked for by key appears.
-  virtual QPoint menuPoint() { return widget.rect().center(); }
+  /// Where the form's menu appears that is asked for by key; none where the widget has its own.
+  virtual std::optional<QPoint> menuPoint() { return {}; }
 
  protected:
   virtual void syncContent() {}

@@ -125,7 +125,7 @@ int keyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
   }
   const auto* found = std::find_if(std::begin(kKeys), std::end(kKeys),
                                    [qtKey](const auto& pair) { return pair.first == qtKey; });
-  return found == std::end(kKeys) ? 0 : found->second;
+  return found == std::end(kKeys) ? keyOther : found->second;
 }
 
 int shiftMask(Qt::KeyboardModifiers modifiers) {

@@ -291,16 +291,15 @@ bool FormWindow::filterKeyPress(ControlView& view, QKeyEvent& event) {
   const QPointer<FormWindow> alive(this);
   Control& control = view.control;
   int code = keyCode(event.key(), event.modifiers());
-  const bool known = code != 0;
   const char32_t before = characterOf(event);
   int key = static_cast<int>(before);
   act([&] {
-    if (known) control.keyDown(code, shiftMask(event.modifiers()));
-    if (key != 0 && (code != 0 || !known)) control.keyPress(key);
+    control.keyDown(code, shiftMask(event.modifiers()));
+    if (key != 0 && code != 0) control.keyPress(key);
   });
   if (!alive || !form_->loaded()) return true;
-  if ((known && code == 0) || (before != 0 && key == 0)) return true;
-  if (!control.reachable()) return true;
+  if (code == 0 || (before != 0 && key == 0)) return true;
+  if (!control.reachable() || opensMenu(view, event)) return true;
   if (view.clickIsEnter() && key == keyReturn) {
     act([&control] { control.click(); });
     return true;
@@ -308,6 +307,19 @@ bool FormWindow::filterKeyPress(ControlView& view, QKeyEvent& event) {
   if (control.kind == ControlKind::optionButton && selectsByArrow(control, code)) return true;
   if (view.takeKey(event, before, static_cast<char32_t>(key))) return true;
   return turnsPage(view, event);
+}
+
+/// The menu key is a press of the right mouse button where the typing goes on.
+bool FormWindow::opensMenu(ControlView& view, const QKeyEvent& event) {
+  const bool shiftF10 = event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
+  const std::optional<QPoint> place = view.menuPoint();
+  if (!place || (event.key() != Qt::Key_Menu && !shiftF10)) return false;
+  const MouseEvent pressed{mbRight, 0, twips(place->x()), twips(place->y())};
+  act([&] {
+    view.control.mouseDown(pressed);
+    view.control.mouseUp(pressed);
+  });
+  return true;
 }
 
 /// Page keys of controls that have no use for them go to the text.
@@ -416,7 +428,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyRelease: {
       const auto& key = *static_cast<QKeyEvent*>(event);
       int code = keyCode(key.key(), key.modifiers());
-      if (code != 0 && view->control.onKeyUp) {
+      if (view->control.onKeyUp) {
         act([&] { view->control.keyUp(code, shiftMask(key.modifiers())); });
       }
       return false;

@@ -64,6 +64,7 @@ class FormWindow : public QWidget {
   Control* neighbour(bool forward) const;
   bool pressAccessKey(const QKeyEvent& event);
   bool filterKeyPress(ControlView& view, QKeyEvent& event);
+  bool opensMenu(ControlView& view, const QKeyEvent& event);
   bool turnsPage(ControlView& view, QKeyEvent& event);
   bool selectsByArrow(Control& option, int code);
   bool filterMouse(ControlView& view, QWidget& widget, QMouseEvent& event);

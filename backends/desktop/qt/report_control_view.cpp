@@ -21,7 +21,7 @@ class ReportControlView : public ControlView {
   bool takeKey(QKeyEvent& event, char32_t before, char32_t after) override {
     return after == before && report_.takeKey(event);
   }
-  QPoint menuPoint() override { return report_.caretPoint(); }
+  std::optional<QPoint> menuPoint() override { return report_.caretPoint(); }
 
  protected:
   void syncContent() override { report_.sync(); }

@@ -159,10 +159,12 @@ void ReportView::showCaret(bool sideways) {
   const std::int64_t y = heights_.top(number) + kMarginTop;
   const int height = heights_.height(number);
   const int view = viewport()->height();
-  if (y - kMarginTop < top_) {
-    setTop(y - kMarginTop);
-  } else if (y + height > top_ + view) {
-    setTop(y + height - view);
+  // A caret that comes from afar gets some lines of its surroundings into sight too.
+  const auto room = [height](std::int64_t outside) { return outside > height ? 3 * height : 0; };
+  if (const std::int64_t above = top_ - (y - kMarginTop); above > 0) {
+    setTop(y - kMarginTop - room(above));
+  } else if (const std::int64_t below = y + height - (top_ + view); below > 0) {
+    setTop(y + height - view + room(below));
   }
   if (!sideways) return;
   const LineLayout& layout = line(number);
@@ -194,8 +196,11 @@ std::size_t ReportView::offsetAt(const QPoint& point) {
 }
 
 QPoint ReportView::caretPoint() {
-  const int below = heights_.height(box_.lineFromChar(box_.caret()));
-  return viewport()->mapTo(this, pointOf(box_.caret()) + QPoint(0, below));
+  const QPoint below(0, heights_.height(box_.lineFromChar(box_.caret())));
+  const QPoint place = pointOf(box_.caret()) + below;
+  const QRect inSight = viewport()->rect();
+  return viewport()->mapTo(this, QPoint(std::clamp(place.x(), 0, inSight.right()),
+                                        std::clamp(place.y(), 0, inSight.bottom())));
 }
 
 // Keyboard

@@ -32,7 +32,7 @@ class ReportView : public QAbstractScrollArea {
 
   /// A key that the form's handlers let through; false when it means nothing here.
   bool takeKey(QKeyEvent& event);
-  /// The caret's place, for a menu asked for by key.
+  /// The place below the caret, or the nearest one in sight, for a menu asked for by key.
   QPoint caretPoint();
 
   // For those who drive the view.
