@@ -111,11 +111,13 @@ void ReportView::paintBytes(QPainter& painter, const LinePiece& piece, std::size
 /// A control character: its letter in a box.
 void ReportView::paintSymbol(QPainter& painter, char byte, const TextFace& face, double x,
                              double baseline, const QColor& ink) {
-  const QRectF box(x + 0.5, baseline - face.ascent() * 0.86, face.cell() - 1, face.ascent() * 1.06);
+  const QRectF box(x + 1, baseline - face.ascent() * 0.86, face.cell() - 2, face.ascent() * 1.06);
   QColor faint = ink;
-  faint.setAlphaF(0.18F);
+  faint.setAlphaF(0.14F);
+  QColor outline = ink;
+  outline.setAlphaF(0.6F);
   painter.setRenderHint(QPainter::Antialiasing, true);
-  painter.setPen(Qt::NoPen);
+  painter.setPen(QPen(outline, 1));
   painter.setBrush(faint);
   painter.drawRoundedRect(box, 2, 2);
   painter.setRenderHint(QPainter::Antialiasing, false);
