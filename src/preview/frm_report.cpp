@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kDefaultPageLength = 6;  // inches
 constexpr int kSettingPanelTop = 1500;
-constexpr int kOffTheWindow = 20000;
 constexpr std::int64_t kGoToFromPages = 6;
 
 /// Colour boxes that are kept between runs; 2 is not.

@@ -131,7 +131,10 @@ class FrmReport : public Form {
   void placePrintPanel();
   void nameControls();
 
+  static constexpr int kOffTheWindow = 20000;  // twips
+
   Platform platform_;
+  bool showsWholeReport_ = false;  // in Rt1; a page move ends it, whatever Check3 says
 
  public:
   // Page view and working copies.

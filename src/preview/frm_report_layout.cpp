@@ -96,6 +96,7 @@ void FrmReport::arrange() {
   place(Rt1, 15, kPageTop, Width - 100, Height - 1250);
   placeTopRow();
   placeBottomRow();
+  if (Frame6.Top >= kOffTheWindow) Frame6.Top = std::max(kOffTheWindow, Height);
   centreOnScreen(Frame1, platform_.windows.screen());
   // On a window smaller than the screen the middle of the screen may lie outside of it.
   Frame1.Left = std::clamp(Frame1.Left, 0, std::max(0, Width - Frame1.Width));

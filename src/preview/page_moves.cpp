@@ -14,7 +14,13 @@ namespace paperway {
 namespace {
 
 constexpr std::int64_t kSearchStretch = 8 << 20;  // bytes between two looks at waiting events
-constexpr std::int64_t kEventRounds = 256;        // and hits, once there are many
+
+/// Empty, which finds nothing, for a text with a character that no report can hold.
+std::string soughtBytes(const std::string& text) {
+  const CodePage& codePage = CodePage::windows1252();
+  std::string bytes = codePage.encode(text);
+  return codePage.decode(bytes) == text ? bytes : "";
+}
 
 }  // namespace
 
@@ -114,15 +120,13 @@ bool FrmReport::stopsSearch() const {
 /// with them the Esc key, a page move or the closing of the window.
 void FrmReport::search() {
   const std::shared_ptr<Form> alive = weak_from_this().lock();
-  const std::string sought = CodePage::windows1252().encode(Text4.Text.get());
+  const std::string sought = soughtBytes(Text4.Text);
   Text4.Tag = "0";
   const auto end = static_cast<std::int64_t>(Rt1.buffer().size());
-  std::int64_t round = 0;
-  for (std::int64_t i = 0; i <= end; ++i, ++round) {
+  for (std::int64_t i = 0; i <= end; ++i) {
     if (stopsSearch()) return;
-    if (round < kEventRounds || round % kEventRounds == 0) platform_.windows.doEvents();
-    i = findNext(CodePage::windows1252().encode(Text4.Text.get()), i,
-                 static_cast<std::int64_t>(Rt1.buffer().size()));
+    platform_.windows.doEvents();
+    i = findNext(soughtBytes(Text4.Text), i, static_cast<std::int64_t>(Rt1.buffer().size()));
     if (i == -1) return;
     if (i == 0) continue;
     Rt1.SelStart = i;

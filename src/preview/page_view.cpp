@@ -24,13 +24,15 @@ std::array<Pass, 4> exportPasses(const DOSEFONTcHR& font) {
 }
 
 std::int16_t pageIndex(const std::string& text) {
-  return static_cast<std::int16_t>(static_cast<std::int64_t>(leadingNumber(text)) - 1);
+  const double number = std::clamp(leadingNumber(text), -1e15, 1e15);
+  return static_cast<std::int16_t>(static_cast<std::int64_t>(number) - 1);
 }
 
 }  // namespace
 
 void FrmReport::showPage() {
   Rt1.show(PageText.shown(CurrentPage));
+  showsWholeReport_ = false;
 }
 
 void FrmReport::ReportSetting(RichTextBox& Richtex, std::string_view Search,

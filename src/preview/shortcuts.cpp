@@ -17,7 +17,7 @@ void FrmReport::escape() {
 }
 
 void FrmReport::turnPage(bool forward) {
-  if (Check3.Value != 0) return;  // all pages are in sight
+  if (showsWholeReport_) return;
   if (forward && CurrentPage < PageCount() - 1) {
     CmdNxt_Click();
   } else if (!forward && CurrentPage > 0) {
@@ -60,7 +60,7 @@ void FrmReport::Form_KeyDown(int& keyCode, int shift) {
 
 /// For a reader the ends of the text are those of the report.
 bool FrmReport::goesToReportEnd(int keyCode, int shift) {
-  if (!Rt1.Locked || Check3.Value != 0 || shift != smCtrl) return false;
+  if (!Rt1.Locked || showsWholeReport_ || shift != smCtrl) return false;
   if (keyCode == keyHome) {
     CmdFst_Click();
     Rt1.moveCaret(0);

@@ -30,6 +30,7 @@ void FrmReport::bindTools() {
   CmdImport.onClick = [this] { CmdImport_Click(); };
   Rt1.onMouseDown = [this](const MouseEvent& event) { Rt1_MouseDown(event); };
   Rt1.onClick = [this] { Rt1_Click(); };
+  Rt1.onMouseUp = [this](const MouseEvent&) { Rt1_Click(); };  // also where a drag ends outside
   Rt1.onKeyDown = [this](int& keyCode, int shift) { Rt1_KeyDown(keyCode, shift); };
   Rt1.onKeyUp = [this](int&, int) { Rt1_KeyUp(); };
   Rt1.onTurnPage = [this](bool forward) { turnPage(forward); };
@@ -62,6 +63,7 @@ void FrmReport::Check2_MouseDown(const MouseEvent& event) {
 void FrmReport::Check3_Click() {
   if (Check3.Value != 0) {
     Rt1.LoadFile(ReportPath);
+    showsWholeReport_ = true;
   } else {
     loadSteps();
   }
@@ -119,6 +121,7 @@ void FrmReport::cccc_Click() {
 
 void FrmReport::pppp_Click() {
   Rt1.paste(platform_.clipboard.text());
+  Timer1.Tag = "0";
 }
 
 void FrmReport::ht_Click() {
