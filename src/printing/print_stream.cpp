@@ -24,16 +24,21 @@ std::string pageLength(std::int16_t inches) {
 
 }  // namespace
 
-std::string printerSetup(const PrintStreamSettings& settings) {
+void sendSetup(const PrintStreamSettings& settings, const ByteSink& sink) {
   const DOSEFONTcHR font;
-  std::string out(kTenPerInch);
-  if (settings.draft) out += kDraft;
-  if (settings.semiCondensed) out += font.C96;
-  if (settings.condensed) out += font.Con;
-  out += pageLength(settings.paperHeight);
-  out += kFeeder;
-  for (int line = 0; line < settings.linesIn; ++line) out += kReverseFeed;
-  out += pageLength(settings.paperHeight);
+  sink(kTenPerInch);
+  if (settings.draft) sink(kDraft);
+  if (settings.semiCondensed) sink(font.C96);
+  if (settings.condensed) sink(font.Con);
+  sink(pageLength(settings.paperHeight));
+  sink(kFeeder);
+  for (int line = 0; line < settings.linesIn; ++line) sink(kReverseFeed);
+  sink(pageLength(settings.paperHeight));
+}
+
+std::string printerSetup(const PrintStreamSettings& settings) {
+  std::string out;
+  sendSetup(settings, [&out](std::string_view command) { out += command; });
   return out;
 }
 
@@ -74,7 +79,7 @@ void PrinterLines::end() {
 
 void writePrintStream(const std::filesystem::path& file, const PrintStreamSettings& settings,
                       const ByteSink& sink) {
-  sink(printerSetup(settings));
+  sendSetup(settings, sink);
   PrinterLines lines(sink);
   for (int copy = 0; copy < settings.copies; ++copy) {
     readBlocks(file, "PrintFile", [&](std::string_view block) { lines.block(block); });

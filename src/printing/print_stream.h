@@ -21,7 +21,8 @@ struct PrintStreamSettings {
 /// Takes the stream piece by piece, in order.
 using ByteSink = std::function<void(std::string_view)>;
 
-/// The commands before the text.
+/// The commands before the text, each a piece of its own, and all of them in one.
+void sendSetup(const PrintStreamSettings& settings, const ByteSink& sink);
 std::string printerSetup(const PrintStreamSettings& settings);
 
 /// Lines of a text as they go to the printer: each ends in CR LF, whether it had CR LF, LF or,
