@@ -6,6 +6,8 @@
 
 namespace paperway::command {
 
+constexpr int kUsualPaper = 12;  // inches of height
+
 /// A failure that a message box has already told; the command ends with exit code 1.
 struct Told : std::runtime_error {
   Told() : std::runtime_error("told") {}

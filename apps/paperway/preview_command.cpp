@@ -16,6 +16,8 @@ struct PreviewOptions {
   PreviewReportArguments arguments;
   std::string picture;
   int page = 1;
+  int paper = kUsualPaper;
+  std::string company;
   std::vector<std::string> acts;
   std::vector<int> size;
   Desk::Options desk;
@@ -68,6 +70,8 @@ void perform(Form& form, const std::string& act) {
 void preview(const PreviewOptions& options) {
   const std::unique_ptr<Desk> desk = Desk::open(options.desk);
   Class1 report(desk->platform());
+  report.Guid_comp1(options.company);
+  report.Pagelenth = static_cast<std::uint8_t>(options.paper);
   PreviewReportArguments arguments = options.arguments;
   arguments.Path1 = options.file;
   report.PreviewReport(arguments);
@@ -87,7 +91,9 @@ void preview(const PreviewOptions& options) {
 }  // namespace
 
 void read(Desk& desk, const std::string& report) {
-  Class1(desk.platform()).PreviewReport(allOf(report));
+  Class1 window(desk.platform());
+  window.Pagelenth = kUsualPaper;
+  window.PreviewReport(allOf(report));
   desk.run();
 }
 
@@ -100,6 +106,14 @@ void addPreview(CLI::App& app) {
   command->add_option("--page", options->page, "Begin with this page")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
+  command->add_option("--paper", options->paper, "Height of the paper that the print panel offers")
+      ->type_name("INCHES")
+      ->check(CLI::Range(1, 22))
+      ->capture_default_str();
+  command
+      ->add_option("--company", options->company,
+                   "Company or installation number whose settings hold")
+      ->type_name("N");
   addSwitch(*command, "--no-edit", arguments.REdit, "Leave out the editing of pages");
   addSwitch(*command, "--no-search", arguments.RSearch, "Leave out the search");
   addSwitch(*command, "--no-import", arguments.RImport, "Leave out the opening of other files");

@@ -29,7 +29,7 @@ struct PrintOptions {
   std::string pages;
   int copies = 1;
   int pitch = 10;
-  int paper = 12;
+  int paper = kUsualPaper;
   std::vector<int> tear{0, 0};
   bool styled = false;
   std::string pdf;
