@@ -15,6 +15,7 @@
 #include "backends/desktop/qt/shell.h"
 #include "backends/desktop/qt/windows.h"
 #include "backends/desktop/system/system.h"
+#include "util/output_file.h"
 
 namespace paperway::command {
 namespace {
@@ -26,6 +27,17 @@ void requireDisplay() {
     if (value != nullptr && *value != '\0') return;
   }
   throw std::runtime_error("There is no display to open a window on.");
+}
+
+/// Windows without a display stand on a screen of a common size. Qt reads the file when it starts.
+std::string offscreen(const std::filesystem::path& folder) {
+  const std::filesystem::path screen = folder / "screen.json";
+  OutputFile file(screen, "preview");
+  file.write(
+      R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1080,
+                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+  file.commit();
+  return "offscreen:configfile=" + screen.string();
 }
 
 class QtDesk : public Desk {
@@ -95,9 +107,10 @@ class QtDesk : public Desk {
 
 std::unique_ptr<Desk> Desk::open(const Options& options) {
   if (options.screenless) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    desktop::Folders folders;
+    setenv("QT_QPA_PLATFORM", offscreen(folders.temporary()).c_str(), 1);
     setenv("QT_SCALE_FACTOR", std::to_string(options.scale).c_str(), 1);
-    setenv("XDG_RUNTIME_DIR", desktop::Folders().temporary().c_str(), 0);
+    setenv("XDG_RUNTIME_DIR", folders.temporary().c_str(), 0);
   } else {
     requireDisplay();
   }

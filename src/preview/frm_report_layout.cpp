@@ -97,8 +97,10 @@ void FrmReport::arrange() {
   placeTopRow();
   placeBottomRow();
   if (Frame6.Top >= kOffTheWindow) Frame6.Top = std::max(kOffTheWindow, Height);
-  centreOnScreen(Frame1, platform_.windows.screen());
-  // On a window smaller than the screen the middle of the screen may lie outside of it.
+  // The middle of the screen is that of the window when it fills the screen, and may lie outside of
+  // a smaller one.
+  const ScreenSize screen = platform_.windows.screen();
+  centreOnScreen(Frame1, {std::min(screen.Width, Width), std::min(screen.Height, Height)});
   Frame1.Left = std::clamp(Frame1.Left, 0, std::max(0, Width - Frame1.Width));
   Frame1.Top = std::clamp(Frame1.Top, 0, std::max(0, Height - Frame1.Height));
 }

@@ -1,14 +1,58 @@
 #include "backends/desktop/qt/application.h"
 
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <clocale>
 
+#include "backends/desktop/qt/convert.h"
+
 namespace paperway::qt {
+namespace {
+
+/// The desktop's style, with edges around boxes that a dark palette would let sink into the
+/// surface.
+class EdgedStyle : public QProxyStyle {
+ public:
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_FrameLineEdit || element == PE_IndicatorCheckBox) {
+      edge(*option, *painter, 2);
+    } else if (element == PE_IndicatorRadioButton) {
+      edge(*option, *painter, option->rect.width() / 2.0);
+    }
+  }
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                          QPainter* painter, const QWidget* widget) const override {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if (control == CC_ComboBox) edge(*option, *painter, 2);
+  }
+
+ private:
+  static void edge(const QStyleOption& option, QPainter& painter, double radius) {
+    const QPalette& palette = option.palette;
+    const QColor surface = palette.color(QPalette::Window);
+    const bool marked = (option.state & State_HasFocus) != 0;
+    if (surface.lightness() > 127 || marked) return;
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(blend(palette.color(QPalette::WindowText), surface, 0.4));
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.restore();
+  }
+};
+
+}  // namespace
 
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   auto application = std::make_unique<QApplication>(argc, argv);
   keepNumberFormat();
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setStyle(new EdgedStyle);
   return application;
 }
 

@@ -108,21 +108,17 @@ void ReportView::paintBytes(QPainter& painter, const LinePiece& piece, std::size
   }
 }
 
-/// A control character: its letter in a box.
+/// A control character: its letter in a filled box, which no text looks like.
 void ReportView::paintSymbol(QPainter& painter, char byte, const TextFace& face, double x,
                              double baseline, const QColor& ink) {
-  const QRectF box(x + 1, baseline - face.ascent() * 0.86, face.cell() - 2, face.ascent() * 1.06);
-  QColor faint = ink;
-  faint.setAlphaF(0.14F);
-  QColor outline = ink;
-  outline.setAlphaF(0.6F);
+  const QRectF box(x + 0.5, baseline - face.ascent() * 0.86, face.cell() - 1, face.ascent() * 1.06);
   painter.setRenderHint(QPainter::Antialiasing, true);
-  painter.setPen(QPen(outline, 1));
-  painter.setBrush(faint);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(blend(ink, paper(), 0.7));
   painter.drawRoundedRect(box, 2, 2);
   painter.setRenderHint(QPainter::Antialiasing, false);
   const char letter = controlLetter(byte);
-  face.draw(painter, x, baseline, {&letter, 1}, ink);
+  face.draw(painter, x, baseline, {&letter, 1}, readable(paper(), ink));
 }
 
 void ReportView::paintCaret(QPainter& painter) {
