@@ -33,7 +33,7 @@ mkdir -p "$pictures"
 picture pitch80 80
 picture pitch96 96
 picture pitch136 136
-picture search 136 --page 2 --do Text4=rice
+picture search 136 --page 2 --do Text4=Assam
 picture setting 136 --do Label4
 picture print 136 --do CmdPrint
 picture zoom 136 --do Command2

@@ -131,7 +131,9 @@ void addPreview(CLI::App& app) {
       ->type_name("FACTOR")
       ->check(CLI::Range(1.0, 4.0))
       ->needs(picture);
-  command->add_option("--size", options->size, "Width and height of the picture, unscaled")
+  command
+      ->add_option("--size", options->size,
+                   "Width and height of the picture, unscaled; at least 960,560")
       ->type_name("W,H")
       ->delimiter(',')
       ->expected(2)
@@ -152,6 +154,9 @@ void addPreview(CLI::App& app) {
       "  paperway preview ledger.txt --no-print --page 3\n"
       "  paperway preview ledger.txt --picture page3.png --page 3 --scale 2");
   command->callback([options] {
+    if (!options->size.empty() && (options->size[0] < 960 || options->size[1] < 560)) {
+      throw CLI::ValidationError("--size", "the window is at least 960,560");
+    }
     options->desk.screenless = !options->picture.empty();
     preview(*options);
   });
