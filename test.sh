@@ -28,11 +28,11 @@ grep -oE '"file": "[^"]+"' build/dev/compile_commands.json | cut -d '"' -f 4 |
   xargs -P "$(nproc)" -n 8 clang-tidy --quiet -p build/dev 2>/dev/null
 
 step "Sanitizers"
-cmake --preset asan -DPAPERWAY_DESKTOP=OFF
+cmake --preset asan
 cmake --build --preset asan
 
 step "Tests under the sanitizers"
-ctest --preset asan -R '^(util|textreport|data|controls|preview|printing|fuzz)\.'
+ctest --preset asan -j "$(nproc)"
 
 step "Tests"
-ctest --preset dev
+ctest --preset dev -j "$(nproc)"
