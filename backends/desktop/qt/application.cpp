@@ -52,7 +52,9 @@ std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
   auto application = std::make_unique<QApplication>(argc, argv);
   keepNumberFormat();
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setStyle(new EdgedStyle);
+  auto* const style = new EdgedStyle;
+  style->setParent(application.get());
+  QApplication::setStyle(style);
   return application;
 }
 
