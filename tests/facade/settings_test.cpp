@@ -2,9 +2,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "facade/class1_fixture.h"
 #include "facade/settings_store.h"
-#include "util/output_file.h"
+#include "support/class1_test.h"
+#include "support/expect_each.h"
 
 namespace paperway {
 namespace {
@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 class Settings : public Class1Test {
  protected:
   std::string file_ = path("own.ini");
-  std::string bytes() const { return readFile(file_, "test"); }
+  std::string bytes() const { return bytesOf(file_); }
 };
 
 TEST_F(Settings, AreReadAndWrittenInTheHostsFile) {
@@ -38,20 +38,17 @@ TEST_F(Settings, WhatAFileCannotHoldIsRefusedAndTheFileStays) {
   class1_.WriteIniValue(file_, "S", "k", "1");
   const std::string before = bytes();
   const std::string lineEnd = " holds a line end, which a settings file cannot hold.";
-  const std::tuple<std::string, std::string, std::string, std::string> cases[] = {
-      {"S\r", "k", "2", "PutKey" + lineEnd},
-      {"S", "k\nx", "2", "PutVariable" + lineEnd},
-      {"S", "k", "2\r\n", "PutValue" + lineEnd},
-      {"S", "k", "₹ 2", "PutValue holds \"₹\", which a settings file cannot hold."},
-      {"S", "k", std::string(32758, 'x'),
-       "\"" + file_ + "\" would have 32767 characters; 32766 are the most."}};
-  for (const auto& row : cases) {
-    const auto write = [&] {
-      class1_.WriteIniValue(file_, std::get<0>(row), std::get<1>(row), std::get<2>(row));
-    };
-    EXPECT_EQ(errorOf(write), std::get<3>(row));
-    EXPECT_EQ(bytes(), before);
-  }
+  const auto refusal = [&](const auto&... texts) {
+    const std::string error = errorOf([&] { class1_.WriteIniValue(file_, texts...); });
+    EXPECT_EQ(bytes(), before) << error;
+    return error;
+  };
+  expectEach(refusal, Row{"S\r", "k", "2", "PutKey" + lineEnd},
+             Row{"S", "k\nx", "2", "PutVariable" + lineEnd},
+             Row{"S", "k", "2\r\n", "PutValue" + lineEnd},
+             Row{"S", "k", "₹ 2", "PutValue holds \"₹\", which a settings file cannot hold."},
+             Row{"S", "k", std::string(32758, 'x'),
+                 "\"" + file_ + "\" would have 32767 characters; 32766 are the most."});
   class1_.WriteIniValue(file_, "S", "k", std::string(32757, 'x'));
   EXPECT_EQ(bytes().size(), 32766U);
 }
@@ -74,15 +71,14 @@ TEST_F(Settings, HaveAFileForEachInstallation) {
 }
 
 TEST_F(Settings, TearLinesAreTwoDigitsEach) {
-  const std::tuple<const char*, int, int> cases[] = {{"0305", 3, 5}, {"0", 0, 0},      {"", 0, 0},
-                                                     {"7", 70, 7},   {"1234", 12, 34}, {"x5", 0, 0},
-                                                     {"305", 30, 5}};
-  for (const auto& [text, in, out] : cases) {
-    EXPECT_EQ(TearLines::fromText(text).in, in) << text;
-    EXPECT_EQ(TearLines::fromText(text).out, out) << text;
-  }
-  EXPECT_EQ(TearLines::toText("3", "25"), "0325");
-  EXPECT_EQ(TearLines::toText("", "117"), "0017");
+  const auto inAndOut = [](const char* text) {
+    const TearLines lines = TearLines::fromText(text);
+    return std::pair<int, int>(lines.in, lines.out);
+  };
+  expectEach(inAndOut, Row{"0305", std::pair(3, 5)}, Row{"0", std::pair(0, 0)},
+             Row{"", std::pair(0, 0)}, Row{"7", std::pair(70, 7)}, Row{"x5", std::pair(0, 0)},
+             Row{"305", std::pair(30, 5)});
+  expectEach(TearLines::toText, Row{"3", "25", "0325"}, Row{"", "117", "0017"});
 }
 
 TEST_F(Settings, OfTheReportViewHaveDefaultsAndKeepTheirSpelling) {

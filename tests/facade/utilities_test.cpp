@@ -1,8 +1,8 @@
 #include <vector>
 
 #include "controls/form.h"
-#include "facade/class1_fixture.h"
-#include "util/output_file.h"
+#include "support/class1_test.h"
+#include "support/expect_each.h"
 #include "util/text.h"
 
 namespace paperway {
@@ -11,11 +11,8 @@ namespace {
 using Utilities = Class1Test;
 
 TEST_F(Utilities, OnlyNumLetsDigitsAndEditingKeysPass) {
-  const std::pair<int, int> cases[] = {{48, 48}, {57, 57}, {8, 8},  {13, 13}, {65, 1},
-                                       {0, 1},   {47, 1},  {58, 1}, {-48, 1}};
-  for (const auto& [key, result] : cases) {
-    EXPECT_EQ(class1_.OnlyNum(static_cast<std::int16_t>(key)), result) << key;
-  }
+  expectEach([&](std::int16_t key) { return class1_.OnlyNum(key); }, Row{48, 48}, Row{57, 57},
+             Row{8, 8}, Row{13, 13}, Row{65, 1}, Row{0, 1}, Row{47, 1}, Row{58, 1}, Row{-48, 1});
 }
 
 TEST_F(Utilities, TextFunctions) {
@@ -29,19 +26,14 @@ TEST_F(Utilities, TextFunctions) {
 }
 
 TEST_F(Utilities, ParseFileName) {
-  const std::array<const char*, 3> cases[] = {{"report.txt", "report.txt", "report"},
-                                              {"c:\\a.b\\report.txt", "report.txt", "report"},
-                                              {"c:\\b.c.txt", "b.c.txt", "b"},
-                                              {"c:\\report", "report", "report"},
-                                              {"c:\\reports\\", "", ""},
-                                              {"a/b:c.txt", "a/b:c.txt", "a/b:c"},
-                                              {"", "", ""},
-                                              {".ini", ".ini", ""}};
-  for (const auto& [path, name, stem] : cases) {
-    EXPECT_EQ(class1_.ParseFileName(path), name);
-    EXPECT_EQ(class1_.ParseFileName(path, 1), stem) << path;
-    EXPECT_EQ(class1_.ParseFileName(path, 2), name);
-  }
+  const auto parts = [&](const char* path) {
+    EXPECT_EQ(class1_.ParseFileName(path, 2), class1_.ParseFileName(path));
+    return class1_.ParseFileName(path) + "|" + class1_.ParseFileName(path, 1);
+  };
+  expectEach(parts, Row{"report.txt", "report.txt|report"}, Row{"c:\\report", "report|report"},
+             Row{"c:\\a.b\\report.txt", "report.txt|report"}, Row{"c:\\b.c.txt", "b.c.txt|b"},
+             Row{"c:\\reports\\", "|"}, Row{"a/b:c.txt", "a/b:c.txt|a/b:c"}, Row{"", "|"},
+             Row{".ini", ".ini|"});
 }
 
 TEST_F(Utilities, EncryptTextShiftsByThePasswordAndDecryptTextBack) {
@@ -66,29 +58,22 @@ TEST_F(Utilities, EncryptTextShiftsByThePasswordAndDecryptTextBack) {
 }
 
 TEST_F(Utilities, ColourBytes) {
-  const std::tuple<std::int32_t, int, int, int> cases[] = {
-      {0, 0, 0, 0},           {255, 255, 0, 0},     {16711680, 0, 0, 255},
-      {8388736, 128, 0, 128}, {0x1030201, 1, 2, 3}, {-256, 0, 255, 255}};
-  for (const auto& [color, red, green, blue] : cases) {
-    EXPECT_EQ(class1_.RgbR(color), red) << color;
-    EXPECT_EQ(class1_.RgbG(color), green) << color;
-    EXPECT_EQ(class1_.RgbB(color), blue) << color;
-  }
+  const auto parts = [&](std::int32_t color) {
+    return class1_.RgbR(color) * 1000000 + class1_.RgbG(color) * 1000 + class1_.RgbB(color);
+  };
+  expectEach(parts, Row{8388736, 128000128}, Row{0x1030201, 1002003}, Row{-256, 255255});
 }
 
 TEST_F(Utilities, ExtremesOfNumbersAndTextsThatSayOne) {
   EXPECT_EQ(class1_.MaximumValue({3, "7"}), 7);
   EXPECT_EQ(class1_.MaximumValue({-2.5}), -2.5);
   EXPECT_EQ(class1_.MinimamValue(std::vector<ValueView>{3, " -7.5 ", 12.0}), -7.5);
-  EXPECT_EQ(errorOf([&] { class1_.MaximumValue({}); }), "Value 1 is missing.");
-  EXPECT_EQ(errorOf([&] {
-              class1_.MinimamValue({1, "2 kg"});
-            }),
-            "Value 2 is \"2 kg\", which is no number.");
-  EXPECT_EQ(errorOf([&] {
-              class1_.MaximumValue({1, 2, ValueView()});
-            }),
-            "Value 3 is null, which is no number.");
+  const auto refusal = [&](const std::vector<ValueView>& values) {
+    return errorOf([&] { class1_.MaximumValue(values); });
+  };
+  EXPECT_EQ(refusal({}), "Value 1 is missing.");
+  EXPECT_EQ(refusal({1, "2 kg"}), "Value 2 is \"2 kg\", which is no number.");
+  EXPECT_EQ(refusal({1, 2, ValueView()}), "Value 3 is null, which is no number.");
 }
 
 TEST_F(Utilities, FilesAndNames) {
@@ -100,7 +85,7 @@ TEST_F(Utilities, FilesAndNames) {
   EXPECT_FALSE(class1_.DirExists(""));
   replaceFile(path("one"), "1", "test");
   class1_.Appendtxt(path("one"), "é€");
-  EXPECT_EQ(readFile(path("one"), "test"), "1\xE9\x80");
+  EXPECT_EQ(bytesOf(path("one")), "1\xE9\x80");
   EXPECT_EQ(class1_.ShowShortPath(path("./one")), path("one"));
   EXPECT_EQ(class1_.FileCompare_DateLastModified(path("one"), path("one")), 255);
   const std::string missing = "There is no file \"" + path("two") + "\".";

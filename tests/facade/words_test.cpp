@@ -1,8 +1,8 @@
 #include <cmath>
 #include <limits>
 
-#include "facade/class1_fixture.h"
-#include "support/table.h"
+#include "support/class1_test.h"
+#include "support/expect_each.h"
 
 namespace paperway {
 namespace {
@@ -12,11 +12,10 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 using Words = Class1Test;
 
 TEST_F(Words, OfAmounts) {
-  using Row = std::pair<double, const char*>;
-  const auto cases = table(
-      Row{0, "zero "}, Row{0.75, "zero "}, Row{-5, "zero "}, Row{1, "One Only"},
-      Row{19, "Nineteen Only"}, Row{20, "Twenty- Only"}, Row{21, "Twenty-One Only"},
-      Row{100, "One Hundred  Only"}, Row{105, "One Hundred Five Only"},
+  expectEach(
+      [&](double amount) { return class1_.NumToText(amount); }, Row{0, "zero "}, Row{0.75, "zero "},
+      Row{-5, "zero "}, Row{1, "One Only"}, Row{19, "Nineteen Only"}, Row{20, "Twenty- Only"},
+      Row{21, "Twenty-One Only"}, Row{100, "One Hundred  Only"}, Row{105, "One Hundred Five Only"},
       Row{1000, "One Thousand  Only"}, Row{1000.05, "One Thousand  and Five Paisa Only"},
       Row{12.50, "Twelve and Fifty- Paisa Only"}, Row{12.125, "Twelve and Twelve Paisa Only"},
       Row{12.375, "Twelve and Thirty-Eight Paisa Only"}, Row{12.004, "Twelve Only"},
@@ -34,14 +33,12 @@ TEST_F(Words, OfAmounts) {
       Row{999999999.999, "# Error # Only"}, Row{1e9, "# Error # Only"},
       Row{1000000000.25, "# Error # and Twenty-Five Paisa Only"}, Row{1e17 + 16, "# Error # Only"},
       Row{1e308, "# Error # Only"});
-  for (const auto& [amount, words] : cases) EXPECT_EQ(class1_.NumToText(amount), words) << amount;
   EXPECT_EQ(errorOf([&] { class1_.NumToText(NAN); }), "Num is not a finite number.");
   EXPECT_EQ(errorOf([&] { class1_.NumToText(-kInfinity); }), "Num is not a finite number.");
 }
 
 TEST_F(Words, OfMonths) {
-  EXPECT_EQ(class1_.MonName(2), "Febuary");
-  EXPECT_EQ(class1_.MonName(12), "December");
+  EXPECT_EQ(class1_.MonName(2) + class1_.MonName(12), "FebuaryDecember");
   EXPECT_EQ(errorOf([&] { class1_.MonName(0); }), "Mon is 0; months are 1 to 12.");
   EXPECT_EQ(errorOf([&] { class1_.MonName(13); }), "Mon is 13; months are 1 to 12.");
 }
@@ -53,14 +50,11 @@ TEST_F(Words, DesiIsThePartBehindThePoint) {
 }
 
 TEST_F(Words, RoundCurrRoundsHalvesUpAndZeroToNothing) {
-  using Row = std::pair<ValueView, Value>;
-  const auto cases = table(Row{0, {}}, Row{"no number", {}}, Row{"", {}}, Row{"-0.00", {}},
-                           Row{2.344, 2.34}, Row{2.346, 2.35}, Row{-2.346, -2.35}, Row{0.125, 0.13},
-                           Row{-0.125, -0.12}, Row{" 12.5 kg", 12.5}, Row{0.001, 0.0},
-                           Row{-7, -7.0}, Row{0.1 + 0.2, 0.3}, Row{"1.005x", 1.0}, Row{5e15, 5e15});
-  for (const auto& [value, rounded] : cases) {
-    EXPECT_EQ(class1_.round_curr(value), rounded) << defaultText(value);
-  }
+  expectEach([&](const ValueView& value) { return class1_.round_curr(value); }, Row{0, Value()},
+             Row{"no number", Value()}, Row{"", Value()}, Row{"-0.00", Value()}, Row{2.344, 2.34},
+             Row{2.346, 2.35}, Row{-2.346, -2.35}, Row{0.125, 0.13}, Row{-0.125, -0.12},
+             Row{" 12.5 kg", 12.5}, Row{0.001, 0.0}, Row{-7, -7.0}, Row{0.1 + 0.2, 0.3},
+             Row{"1.005x", 1.0}, Row{5e15, 5e15});
   EXPECT_EQ(errorOf([&] { class1_.round_curr({}); }), "currValue is null.");
   EXPECT_EQ(errorOf([&] { class1_.round_curr(std::string(400, '9')); }),
             "currValue is not a finite number.");

@@ -34,7 +34,7 @@ void formatBoth(const FormatPattern& pattern, ValueView value) {
   static const std::string kBefore = "before";
   std::string out = kBefore;
   pattern.append(out, value);
-  fuzz::require(out == kBefore + pattern(value), "appending adds what formatting gives");
+  fuzz::require(out == kBefore + FormatPattern(pattern)(value), "a copy appended gives the same");
 }
 
 }  // namespace

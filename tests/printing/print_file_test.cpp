@@ -1,28 +1,24 @@
 #include "printing/print_file.h"
 
 #include <gtest/gtest.h>
-#include <tuple>
+#include <numeric>
 
-#include "backends/headless/headless.h"
-#include "facade/class1.h"
-#include "facade/run_state.h"
 #include "facade/settings_store.h"
 #include "printing/local_dos.h"
 #include "printing/print_stream.h"
-#include "support/error_of.h"
-#include "support/test_folder.h"
-#include "util/output_file.h"
+#include "support/class1_test.h"
+#include "support/expect_each.h"
 
 namespace paperway {
 namespace {
 
 using Job = headless::Spooler::Job;
 
-class PrintFileTest : public testing::Test {
+class PrintFileTest : public Class1Test {
  protected:
   PrintFileTest() {
-    runState() = RunState();
     replaceFile(report_, "one\r\n\f\r\ntwo\r\n\f\r\n", "test");
+    ReportViewSettings(settingsPath(machine_.folders, "")).setText(ReportViewKey::Ttt, "0302");
   }
 
   /// The one message since the last call.
@@ -35,19 +31,11 @@ class PrintFileTest : public testing::Test {
     return shown.text;
   }
 
-  ReportViewSettings settings() {
-    return ReportViewSettings(settingsPath(machine_.folders, runState().ModGuidComp));
-  }
-
-  TestFolder folder_;
-  headless::Headless machine_{folder_.path};
-  Class1 class1_{machine_.platform()};
-  const std::string report_ = folder_.path / "a report.txt";
+  const std::string report_ = path("a report.txt");
   const std::string text_ = "one\r\n\ftwo\r\n\f";
 };
 
 TEST_F(PrintFileTest, DirectPrintSendsTheReportAndKeepsThePrinter) {
-  settings().setText(ReportViewKey::Ttt, "0302");
   class1_.Pagelenth = 12;
   PreviewReportArguments arguments{
       .Path1 = report_, .DirectPrint = 1, .cc17 = 1, .cc12 = 2, .Tear = 1};
@@ -63,12 +51,10 @@ TEST_F(PrintFileTest, DirectPrintSendsTheReportAndKeepsThePrinter) {
                 text_ + std::string(40, ' ') + "\r\n" + std::string(40, ' ') + "\r\n");
   EXPECT_EQ(arguments.Tear, 1);
   EXPECT_EQ(runState().ModPrinterName, "Dot Matrix");
-  EXPECT_TRUE(machine_.windows.forms.empty());
-  EXPECT_TRUE(machine_.messageBox.shown.empty());
+  EXPECT_TRUE(machine_.windows.forms.empty() && machine_.messageBox.shown.empty());
 }
 
 TEST_F(PrintFileTest, TearOtherThanOneFeedsNothing) {
-  settings().setText(ReportViewKey::Ttt, "0302");
   class1_.PrinterName = "Laser";
   PreviewReportArguments arguments{.Path1 = report_, .DirectPrint = 1, .Tear = 5};
   class1_.PreviewReport(arguments);
@@ -85,10 +71,8 @@ TEST_F(PrintFileTest, SaysWhatStopsAJob) {
   };
   EXPECT_EQ(print("/no/such/file", "Nobody"), "File /no/such/file does not exists");
   EXPECT_EQ(print(report_, "Nobody"), "The Printer Name (Nobody) wasn't recognized.");
-  EXPECT_EQ(print(folder_.path, ""),
-            "Cannot read \"" + folder_.path.string() + "\": Is a directory.");
-  const std::string setup = printerSetup({.draft = true});
-  machine_.spooler.breaksAfter = setup.size() + text_.size() + 7;
+  EXPECT_EQ(print(path(""), ""), "Cannot read \"" + path("") + "\": Is a directory.");
+  machine_.spooler.breaksAfter = printerSetup({.draft = true}).size() + text_.size() + 7;
   EXPECT_EQ(print(report_, "Laser"), "The printer \"Laser\" took " +
                                          std::to_string(*machine_.spooler.breaksAfter) +
                                          " bytes of the job and no more: The printer went away."
@@ -105,24 +89,24 @@ TEST_F(PrintFileTest, SaysWhatStopsAJob) {
 TEST_F(PrintFileTest, LocalDosCopiesTheReportAndStartsTheUsersScript) {
   const std::string copy = machine_.folders.work() / "localdos.prn";
   const std::string script = machine_.folders.work() / "Dosprn.sh";
-  const std::string device = folder_.path / "lp0";
+  const std::string device = path("lp0");
   const auto run = [&] { printLocalDos(report_, machine_.platform(), device); };
   const std::string head =
       "#!/bin/sh\n# Sends a report to the printer. Made once; change it as you like.\n";
   run();
-  EXPECT_EQ(readFile(script, "test"), head + "send \"Dot Matrix\" \"" + copy + "\"\n");
+  EXPECT_EQ(bytesOf(script), head + "send \"Dot Matrix\" \"" + copy + "\"\n");
   EXPECT_EQ(machine_.shell.started.at(0), (std::vector<std::string>{"/bin/sh", script}));
 
   replaceFile(script, "changed", "test");
   replaceFile(report_, "another", "test");
   run();
-  EXPECT_EQ(readFile(script, "test"), "changed");
-  EXPECT_EQ(readFile(copy, "test"), "another");
+  EXPECT_EQ(bytesOf(script), "changed");
+  EXPECT_EQ(bytesOf(copy), "another");
 
   std::filesystem::remove(script);
   replaceFile(device, "", "test");
   run();
-  EXPECT_EQ(readFile(script, "test"), head + "cat '" + copy + "' > '" + device + "'\n");
+  EXPECT_EQ(bytesOf(script), head + "cat '" + copy + "' > '" + device + "'\n");
 
   std::filesystem::remove(script);
   std::filesystem::remove(device);
@@ -132,22 +116,20 @@ TEST_F(PrintFileTest, LocalDosCopiesTheReportAndStartsTheUsersScript) {
 }
 
 TEST_F(PrintFileTest, OrientationAndPaperAreSetWhereTheyDiffer) {
-  const std::tuple<const char*, std::int16_t, PageSettings, std::vector<std::string>> cases[] = {
-      {"P", 0, {1, 9}, {}},
-      {"L", 0, {2, 9}, {}},
-      {"L", 9, {2, 9}, {}},
-      {"l", 1, {1, 1}, {}},
-      {"L", 0, {1, 5}, {"keep Laser 2 5", "setCurrent Laser"}},
-      {"P", 1, {1, 9}, {"keep Laser 1 1", "setCurrent Laser"}},
-      {"", 39, {2, 9}, {"keep Laser 1 39", "setCurrent Laser"}},
-  };
   machine_.printers.currentPrinter = "Laser";
-  for (const auto& [PL, Page_Sz, before, calls] : cases) {
+  const auto calls = [&](const char* PL, std::int16_t Page_Sz, const PageSettings& before) {
     machine_.printers.kept["Laser"] = before;
     machine_.printers.calls.clear();
     class1_.Set_Orientation(PL, Page_Sz);
-    EXPECT_EQ(machine_.printers.calls, calls) << PL << Page_Sz;
-  }
+    return std::accumulate(machine_.printers.calls.begin(), machine_.printers.calls.end(),
+                           std::string());
+  };
+  using Before = PageSettings;
+  expectEach(calls, Row{"P", 0, Before{1, 9}, ""}, Row{"L", 0, Before{2, 9}, ""},
+             Row{"L", 9, Before{2, 9}, ""}, Row{"l", 1, Before{1, 1}, ""},
+             Row{"L", 0, Before{1, 5}, "keep Laser 2 5setCurrent Laser"},
+             Row{"P", 1, Before{1, 9}, "keep Laser 1 1setCurrent Laser"},
+             Row{"", 39, Before{2, 9}, "keep Laser 1 39setCurrent Laser"});
 }
 
 TEST_F(PrintFileTest, PrintersWithoutSettingsAreToldAndRefusalsAreNot) {

@@ -1,14 +1,9 @@
 #include "printing/print_panel.h"
 
-#include <gtest/gtest.h>
-
-#include "backends/headless/headless.h"
 #include "backends/headless/user.h"
-#include "facade/class1.h"
-#include "facade/run_state.h"
 #include "printing/print_stream.h"
-#include "support/test_folder.h"
-#include "util/output_file.h"
+#include "support/class1_test.h"
+#include "support/expect_each.h"
 
 namespace paperway {
 namespace {
@@ -16,10 +11,8 @@ namespace {
 using Answer = MessageBox::Answer;
 using Key = ReportViewKey;
 
-class Panel : public testing::Test {
+class Panel : public Class1Test {
  protected:
-  Panel() { runState() = RunState(); }
-
   FrmReport& open(const std::string& text = "one\r\n\f\r\ntwo\r\n\f\r\nthree\r\n\f\r\n") {
     replaceFile(report_, text, "test");
     class1_.PreviewReport({.Path1 = report_, .RCont = 1, .REdit = 1, .RColor = 1, .RPrint = 1});
@@ -32,6 +25,12 @@ class Panel : public testing::Test {
     headless::User(*form_).click(control);
   }
 
+  void range(const char* first, const char* last) {
+    click("Op(2)");
+    form_->Tst.Text = first;
+    form_->Tend.Text = last;
+  }
+
   /// A click on "&Print" of the panel, with Yes to the question; the job.
   std::string print() {
     machine_.messageBox.answers = {Answer::yes};
@@ -42,34 +41,25 @@ class Panel : public testing::Test {
   std::string lastMessage() const { return machine_.messageBox.shown.back().text; }
   ReportViewSettings settings() { return ReportViewSettings(settingsPath(machine_.folders, "")); }
 
-  TestFolder folder_;
-  headless::Headless machine_{folder_.path};
-  Class1 class1_{machine_.platform()};
   std::shared_ptr<FrmReport> form_;
-  const std::string report_ = folder_.path / "report.txt";
+  const std::string report_ = path("report.txt");
   const std::string setup_ = printerSetup({.paperHeight = 6, .draft = true});
 };
 
 TEST_F(Panel, StartsInTheStoredModeAndWritesNothing) {
-  const struct {
-    std::string mode, localDos, chosen;
-    bool offered;
-  } cases[] = {{"D", "F", "OptCharMode", false},
-               {"W", "F", "OptWinMode", false},
-               {"L", "F", "OptCharMode", false},
-               {"L", "T", "OptDosLocal", true},
-               {"D", "T", "OptCharMode", true}};
   open();
-  EXPECT_EQ(readFile(settingsPath(machine_.folders, ""), "test"), "");
-  for (const auto& row : cases) {
-    settings().setText(Key::PrnDefult, row.mode);
-    settings().setText(Key::Localdos, row.localDos);
+  EXPECT_EQ(bytesOf(settingsPath(machine_.folders, "")), "");
+  const auto chosen = [&](const std::string& mode, const std::string& localDos) {
+    settings().setText(Key::PrnDefult, mode);
+    settings().setText(Key::Localdos, localDos);
     FrmReport& form = open();
-    EXPECT_TRUE(form.get<OptionButton>(row.chosen).Value) << row.mode << row.localDos;
-    EXPECT_EQ(form.OptDosLocal.Visible, row.offered);
-    EXPECT_EQ(form.Check5.Value, row.offered ? 1 : 0);
-    EXPECT_EQ(form.FrmWin.Enabled, row.mode == "W");
-  }
+    EXPECT_EQ(form.OptDosLocal.Visible, localDos == "T");
+    EXPECT_EQ(form.Check5.Value, localDos == "T" ? 1 : 0);
+    EXPECT_EQ(form.FrmWin.Enabled, mode == "W");
+    return form.OptCharMode.Value * 100 + form.OptWinMode.Value * 10 + form.OptDosLocal.Value;
+  };
+  expectEach(chosen, Row{"D", "F", 100}, Row{"W", "F", 10}, Row{"L", "F", 100}, Row{"L", "T", 1},
+             Row{"D", "T", 100});
 }
 
 TEST_F(Panel, WritesWhatTheUserChooses) {
@@ -83,15 +73,12 @@ TEST_F(Panel, WritesWhatTheUserChooses) {
   EXPECT_EQ(stored(), "0300F0D");
   form.ComtearOut.Text = "12";
   EXPECT_EQ(stored(), "0312F0D");
-  const std::pair<const char*, const char*> clicks[] = {{"Check5", "0312T0D"},
-                                                        {"ChL", "0312T1D"},
-                                                        {"OptDosLocal", "0312T1L"},
-                                                        {"OptWinMode", "0312T1W"},
-                                                        {"Check5", "0312F1W"}};
-  for (const auto& [control, expected] : clicks) {
+  const auto storedBy = [&](const char* control) {
     click(control);
-    EXPECT_EQ(stored(), expected) << control;
-  }
+    return stored();
+  };
+  expectEach(storedBy, Row{"Check5", "0312T0D"}, Row{"ChL", "0312T1D"},
+             Row{"OptDosLocal", "0312T1L"}, Row{"OptWinMode", "0312T1W"}, Row{"Check5", "0312F1W"});
   EXPECT_EQ(open().Comtear.Text, "3");
   EXPECT_EQ(form_->ComtearOut.Text, "12");
   EXPECT_EQ(form_->Chtear.Value, 1);
@@ -124,28 +111,26 @@ TEST_F(Panel, ListsThePrintersAndSaysWhenThereIsNone) {
 
 TEST_F(Panel, MarksWhatIsChosen) {
   FrmReport& form = open();
-  const std::pair<const char*, const char*> cases[] = {
-      {"Ch10", "OptCharMode ChDraft* Ch10* Op(0) "},
-      {"Ch12", "OptCharMode ChDraft* Ch12* Op(0) "},
-      {"Ch17", "OptCharMode ChDraft* Ch12* Ch17* Op(0) "},
-      {"Ch10", "OptCharMode ChDraft* Ch10* Op(0) "},
-      {"ChDraft", "OptCharMode Ch10* Op(0) "},
-      {"OptWinMode", "OptWinMode Ch10* Op(0) "},
-      {"Op(2)", "OptWinMode Ch10* Op(2) "},
-      {"Op(1)", "OptWinMode Ch10* Op(1) "}};
-  for (const auto& [control, expected] : cases) {
+  const auto boldAfter = [&](const char* control) {
     click(control);
+    for (const TextBox* box : {&form.Tst, &form.Tend}) {
+      EXPECT_EQ(box->Enabled, form.Op[2].Value);
+      EXPECT_EQ(box->BackColor, box->Enabled ? 16777215U : 14139134U);
+    }
     std::string bold;
     for (const Control* each : form.controls()) {
       const auto* const box = dynamic_cast<const CheckBox*>(each);
       if (each->Font.Bold) bold += each->name + (box && box->Value == 1 ? "* " : " ");
     }
-    EXPECT_EQ(bold, expected) << control;
-    for (const TextBox* box : {&form.Tst, &form.Tend}) {
-      EXPECT_EQ(box->Enabled, form.Op[2].Value);
-      EXPECT_EQ(box->BackColor, box->Enabled ? 16777215U : 14139134U);
-    }
-  }
+    return bold;
+  };
+  expectEach(boldAfter, Row{"Ch10", "OptCharMode ChDraft* Ch10* Op(0) "},
+             Row{"Ch12", "OptCharMode ChDraft* Ch12* Op(0) "},
+             Row{"Ch17", "OptCharMode ChDraft* Ch12* Ch17* Op(0) "},
+             Row{"Ch10", "OptCharMode ChDraft* Ch10* Op(0) "},
+             Row{"ChDraft", "OptCharMode Ch10* Op(0) "},
+             Row{"OptWinMode", "OptWinMode Ch10* Op(0) "}, Row{"Op(2)", "OptWinMode Ch10* Op(2) "},
+             Row{"Op(1)", "OptWinMode Ch10* Op(1) "});
   headless::User(form).scroll("VScroll1", 1);
   EXPECT_EQ(form.Text3.Text, "99");
   click("Op(2)");
@@ -155,26 +140,21 @@ TEST_F(Panel, MarksWhatIsChosen) {
 
 TEST_F(Panel, RangeIsMadeToFitTheReport) {
   FrmReport& form = open();
-  const struct {
-    std::string first, last, firstAfter, lastAfter;
-  } cases[] = {{"2", "3", "2", "3"}, {"3", "2", "3", "3"}, {"2", "9", "2", "3"},
-               {"", "3", "1", "3"},  {"0", "2", "1", "2"}, {"3", "", "3", "3"},
-               {"", "", "1", ""},    {"0", "0", "1", "0"}, {"9", "9", "9", "3"}};
-  for (const auto& row : cases) {
-    const bool refused = row.lastAfter.empty() || row.lastAfter == "0";
+  const auto fitted = [&](const char* first, const char* last) {
     machine_.messageBox.shown.clear();
-    click("Op(2)");
-    form.Tst.Text = row.first;
-    form.Tend.Text = row.last;
+    range(first, last);
     form.Tend.SetFocus();
-    EXPECT_EQ(form.moveFocus(&form.Text3), !refused) << row.first << " to " << row.last;
-    EXPECT_EQ(form.Tst.Text, row.firstAfter);
-    EXPECT_EQ(form.Tend.Text, row.lastAfter);
-    ASSERT_EQ(machine_.messageBox.shown.size(), refused ? 1U : 0U);
-    EXPECT_EQ(refused ? lastMessage() : "", refused ? "plese Check Velue..." : "");
+    const bool refused = !form.moveFocus(&form.Text3);
+    EXPECT_EQ(machine_.messageBox.shown.size(), refused ? 1U : 0U);
+    const std::string after = form.Tst.Text.get() + " to " + form.Tend.Text.get();
     form.Tend.Text = "1";
     form.moveFocus(nullptr);
-  }
+    return refused ? after + ": " + lastMessage() : after;
+  };
+  expectEach(fitted, Row{"2", "3", "2 to 3"}, Row{"3", "2", "3 to 3"}, Row{"2", "9", "2 to 3"},
+             Row{"", "3", "1 to 3"}, Row{"0", "2", "1 to 2"}, Row{"3", "", "3 to 3"},
+             Row{"9", "9", "9 to 3"}, Row{"", "", "1 to : plese Check Velue..."},
+             Row{"0", "0", "1 to 0: plese Check Velue..."});
 }
 
 TEST_F(Panel, PrintsThePagesThatWereChosen) {
@@ -189,15 +169,13 @@ TEST_F(Panel, PrintsThePagesThatWereChosen) {
   EXPECT_EQ(print(), setup_ + "My \r\ntwo\r\n\f");
   EXPECT_EQ(machine_.spooler.jobs.back()->documentName, "Currnt.prn");
 
-  click("Op(2)");
-  form.Tst.Text = "2";
-  form.Tend.Text = "3";
+  range("2", "3");
   EXPECT_EQ(print(), setup_ + "\r\ntwo\r\n\fthree\r\n\f");
   EXPECT_EQ(machine_.spooler.jobs.back()->documentName, "RANGE.prn");
 
   machine_.messageBox.answers = {Answer::no};
   click("CmdOk");
-  form.Tst.Text = form.Tend.Text = "0";
+  range("0", "0");
   form.CmdOk.onClick();
   EXPECT_EQ(machine_.spooler.jobs.size(), 3U) << "refused at a question";
   EXPECT_TRUE(form.Frame1.Visible);
@@ -205,7 +183,7 @@ TEST_F(Panel, PrintsThePagesThatWereChosen) {
   form.OptDosLocal.Value = true;
   click("Op(1)");
   print();
-  EXPECT_EQ(readFile(machine_.folders.work() / "localdos.prn", "test"), readFile(report_, "test"));
+  EXPECT_EQ(bytesOf(machine_.folders.work() / "localdos.prn"), bytesOf(report_));
   EXPECT_EQ(machine_.shell.started.size(), 1U);
 }
 
@@ -257,8 +235,7 @@ TEST_F(Panel, WindowsModeDrawsStyledPages) {
   EXPECT_EQ(drawn.pages, (std::vector<PrintedPage>{page1, page1, page2, page2}))
       << "an empty page prints nothing";
 
-  click("Op(2)");
-  form.Tst.Text = form.Tend.Text = "3";
+  range("3", "3");
   print();
   EXPECT_EQ(machine_.printDevice.documents.at(1)->pages.at(0), page2) << "at the report's pitch";
 }
@@ -270,12 +247,12 @@ TEST_F(Panel, SaysQuietlyWhatWillNotFit) {
   EXPECT_EQ(form.LbFit.Caption, line + "; 37 lines on page 3, the paper has 36");
   form.ComPaperHeight.Text = "12";
   EXPECT_EQ(form.LbFit.Caption, line);
-  const std::pair<const char*, std::string> clicks[] = {
-      {"Ch12", ""}, {"Ch10", line}, {"Op(1)", ""}, {"Op(0)", line}, {"OptWinMode", line + ".27"}};
-  for (const auto& [control, expected] : clicks) {
+  const auto said = [&](const char* control) {
     click(control);
-    EXPECT_EQ(form.LbFit.Caption, expected) << control;
-  }
+    return form.LbFit.Caption;
+  };
+  expectEach(said, Row{"Ch12", ""}, Row{"Ch10", line}, Row{"Op(1)", ""}, Row{"Op(0)", line},
+             Row{"OptWinMode", line + ".27"});
 }
 
 }  // namespace

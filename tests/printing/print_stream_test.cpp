@@ -1,8 +1,11 @@
 #include "printing/print_stream.h"
 
 #include <gtest/gtest.h>
+#include <iomanip>
 #include <random>
+#include <sstream>
 
+#include "support/expect_each.h"
 #include "support/test_folder.h"
 #include "util/automation_error.h"
 #include "util/output_file.h"
@@ -17,44 +20,36 @@ std::string streamOf(const std::filesystem::path& file, const PrintStreamSetting
 }
 
 TEST(PrinterSetup, SendsTheCommandsOfTheJobInOrder) {
-  const std::pair<PrintStreamSettings, const char*> cases[] = {
-      {{.paperHeight = 12}, "1B50 1B43000C 1B1943 1B43000C"},
-      {{.paperHeight = 0, .draft = true}, "1B50 1B7800 1B430000 1B1943 1B430000"},
-      {{.paperHeight = 6, .draft = true, .condensed = true, .semiCondensed = true},
-       "1B50 1B7800 121B57201B4D 0F 1B430006 1B1943 1B430006"},
-      {{.paperHeight = 0x0104, .linesIn = 3, .linesOut = 2},
-       "1B50 1B430004 1B1943 1B6A48 1B6A48 1B6A48 1B430004"}};
-  for (const auto& [settings, digits] : cases) {
-    std::string bytes;
-    std::string hex = digits;
-    std::erase(hex, ' ');
-    for (std::size_t at = 0; at < hex.size(); at += 2) {
-      bytes += static_cast<char>(std::stoi(hex.substr(at, 2), nullptr, 16));
+  const auto hex = [](const PrintStreamSettings& settings) {
+    std::ostringstream digits;
+    digits << std::hex << std::uppercase << std::setfill('0');
+    for (const unsigned char c : printerSetup(settings)) {
+      digits << (c == 27 ? " " : "") << std::setw(2) << int{c};
     }
-    EXPECT_EQ(printerSetup(settings), bytes);
-  }
+    return digits.str();
+  };
+  using Settings = PrintStreamSettings;
+  expectEach(
+      hex, Row{Settings{.paperHeight = 12}, " 1B50 1B43000C 1B1943 1B43000C"},
+      Row{Settings{.paperHeight = 0, .draft = true}, " 1B50 1B7800 1B430000 1B1943 1B430000"},
+      Row{Settings{.paperHeight = 6, .draft = true, .condensed = true, .semiCondensed = true},
+          " 1B50 1B780012 1B5720 1B4D0F 1B430006 1B1943 1B430006"},
+      Row{Settings{.paperHeight = 0x0104, .linesIn = 3, .linesOut = 2},
+          " 1B50 1B430004 1B1943 1B6A48 1B6A48 1B6A48 1B430004"});
 }
 
 TEST(PrinterLines, EndInCrLfButForThoseWithAFormFeed) {
-  const std::pair<std::string, const char*> cases[] = {
-      {"", ""},
-      {"\r\n", "\r\n"},
-      {"A\r\n\f\r\nB\r\n", "A\r\n\fB\r\n"},
-      {"\x12\f\x0F\r\nhead\r\n", "\x12\f\x0Fhead\r\n"},
-      {"no end", "no end\r\n"},
-      {"last\f", "last\f"},
-      {"one\ntwo\n", "one\r\ntwo\r\n"},
-      {"over\rprint\r\n", "over\rprint\r\n"},
-      {"\r\r\n\f\f\n", "\r\r\n\f\f"}};
-  for (const auto& [text, sent] : cases) {
-    for (const std::size_t block : {1, 2, 3, 100}) {
-      std::string out;
-      PrinterLines lines([&](std::string_view piece) { out += piece; });
-      for (std::size_t at = 0; at < text.size(); at += block) lines.block(text.substr(at, block));
-      lines.end();
-      EXPECT_EQ(out, sent) << text << " in blocks of " << block;
-    }
-  }
+  const auto sent = [](std::string_view text) {
+    std::string out;
+    PrinterLines lines([&](std::string_view piece) { out += piece; });
+    lines.block(text);
+    lines.end();
+    return out;
+  };
+  expectEach(sent, Row{"", ""}, Row{"\r\n", "\r\n"}, Row{"A\r\n\f\r\nB\r\n", "A\r\n\fB\r\n"},
+             Row{"\022\f\017\r\nhead\r\n", "\022\f\017head\r\n"}, Row{"no end", "no end\r\n"},
+             Row{"last\f", "last\f"}, Row{"one\ntwo\n", "one\r\ntwo\r\n"},
+             Row{"over\rprint\r\n", "over\rprint\r\n"}, Row{"\r\r\n\f\f\n", "\r\r\n\f\f"});
 }
 
 // The rule once more, line by line on a whole text.
