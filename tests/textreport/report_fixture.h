@@ -1,17 +1,11 @@
 #pragma once
 
-#include <filesystem>
-#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "backends/data/memory/memory_table.h"
-#include "backends/headless/headless.h"
-#include "facade/class1.h"
-#include "support/error_of.h"
-#include "support/test_folder.h"
-#include "util/output_file.h"
+#include "support/class1_test.h"
 
 namespace paperway {
 
@@ -35,6 +29,12 @@ inline MemoryTable columnTable(const Columns& columns) {
   return table;
 }
 
+inline void replaceAll(std::string& text, const std::string& from, const std::string& to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+    text.replace(at, from.size(), to);
+  }
+}
+
 /// Control strings by their names in angle brackets, line ends as LF: a report to read.
 inline std::string readable(std::string bytes) {
   const DOSEFONTcHR font;
@@ -43,36 +43,31 @@ inline std::string readable(std::string bytes) {
       {font.Bon, "<Bon>"},   {font.Boff, "<Boff>"},   {font.Con, "<Con>"}, {font.Coff, "<Coff>"},
       {"\x0C", "<FF>"},      {"\r\n", "\n"},          {"\r", "<lone CR>"},
   };
-  for (const auto& [from, to] : names) {
-    for (std::size_t at = 0; (at = bytes.find(from, at)) != std::string::npos; at += to.size()) {
-      bytes.replace(at, from.size(), to);
-    }
-  }
+  for (const auto& [from, to] : names) replaceAll(bytes, from, to);
   return bytes;
 }
 
-/// A Class1 on a machine without a screen, and a folder that is gone after the test.
-class ReportTest : public ::testing::Test {
+class ReportTest : public Class1Test {
  protected:
-  std::string file(const std::string& name) const { return (folder_.path / name).string(); }
-  std::string bytesOf(const std::string& path) const { return readFile(path, "test"); }
   static std::string golden(const std::string& name) {
-    return readFile(std::filesystem::path(PAPERWAY_SOURCE_DIR) / "tests/golden" / name, "test");
+    return bytesOf(PAPERWAY_SOURCE_DIR "/tests/golden/" + name);
+  }
+
+  void setColumns(const Columns& columns) {
+    MemoryTable table = columnTable(columns);
+    class1_.Set_Repot_Format(table);
   }
 
   /// The report of these rows as its bytes.
   std::string report(const Columns& columns, TextRptArguments arguments) {
-    MemoryTable table = columnTable(columns);
-    class1_.Set_Repot_Format(table);
-    arguments.TextFileName = file("report.txt");
+    setColumns(columns);
+    arguments.TextFileName = file_;
     class1_.Text_Rpt(arguments);
     nextSerial_ = arguments.Srno;
-    return bytesOf(arguments.TextFileName);
+    return bytesOf(file_);
   }
 
-  TestFolder folder_;
-  headless::Headless machine_{folder_.path};
-  Class1 class1_{machine_.platform()};
+  const std::string file_ = path("report.txt");
   std::int32_t nextSerial_ = 0;
 };
 

@@ -1,9 +1,6 @@
 #include <algorithm>
-#include <cstdint>
-#include <gtest/gtest.h>
 #include <random>
 #include <sstream>
-#include <vector>
 
 #include "textreport/report_fixture.h"
 
@@ -20,9 +17,8 @@ enum Field { kTotal = 6, kPageTotal = 7, kInner = 8, kOuter = 9 };  // places in
 class ReadAgain {
  public:
   ReadAgain(const Columns& columns, std::string text) : columns_(columns), all_(columns.size()) {
-    for (const std::string mark : {"<Bon>", "<Boff>", "<Con>", "<Coff>", "<BBon>", "<BBoff>"}) {
-      for (std::size_t at; (at = text.find(mark)) != std::string::npos;)
-        text.erase(at, mark.size());
+    for (const char* mark : {"<Bon>", "<Boff>", "<Con>", "<Coff>", "<BBon>", "<BBoff>"}) {
+      replaceAll(text, mark, "");
     }
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);) lines_.push_back(line);
@@ -108,7 +104,7 @@ class ReadAgain {
   std::vector<std::int64_t> all_, inner_, outer_;
 };
 
-class ReportTotals : public ReportTest {};
+using ReportTotals = ReportTest;
 
 TEST_F(ReportTotals, OfRandomReportsAddUpFromTheirRows) {
   std::mt19937 random(20260405);
