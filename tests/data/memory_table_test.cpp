@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "support/error_of.h"
+#include "support/shown.h"
 
 namespace paperway {
 namespace {
@@ -13,16 +14,11 @@ constexpr char kNoRow[] = "The recordset has no current row.";
 TEST(MemoryTable, GivesBackEveryKindOfValueAndWalksLikeAnyRecordset) {
   MemoryTable table({"Name", "Qty", "Rate", "On"},
                     {{"Asha", 3, 2.5, Date{2026, 3, 5}}, {{}, {}, {}, {}}, {"", -1, 0.0, Date{}}});
-  EXPECT_EQ(table.value(0).text(), "Asha");
-  EXPECT_EQ(table.value(1).integer(), 3);
-  EXPECT_EQ(table.value(2).real(), 2.5);
-  EXPECT_EQ(table.value(3).date(), (Date{2026, 3, 5}));
-  table.MoveNext();
-  for (std::size_t i = 0; i < table.fieldCount(); ++i) EXPECT_TRUE(table.value(i).isNull());
-  table.MoveNext();
-  EXPECT_EQ(table.value(0).kind(), ValueView::Kind::text);
-  table.MoveNext();
-  EXPECT_TRUE(table.Eof());
+  std::string cells;
+  for (; !table.Eof(); table.MoveNext()) {
+    for (std::size_t i = 0; i < table.fieldCount(); ++i) cells += shown(table.value(i)) + ", ";
+  }
+  EXPECT_EQ(cells, "t Asha, i 3, r 2.5, d 3/5/2026, - , - , - , - , t , i -1, r 0, d 12/30/1899, ");
   EXPECT_EQ(errorOf([&] { table.MoveNext(); }), kNoRow);
   EXPECT_EQ(errorOf([&] { table.value(0); }), kNoRow);
   table.MoveLast();

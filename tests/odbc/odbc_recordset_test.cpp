@@ -2,7 +2,6 @@
 #include <string>
 
 #include "odbc_fixture.h"
-#include "support/table.h"
 
 namespace paperway {
 namespace {
@@ -19,6 +18,8 @@ std::string noteOf(int row) {
 void moveOn(Recordset& rows, int count) {
   for (int i = 0; i < count; ++i) rows.MoveNext();
 }
+
+using Case = std::array<std::string, 3>;  // connection, query, what the error says
 
 class OdbcWalk : public ::testing::Test {
  protected:
@@ -96,14 +97,12 @@ TEST_F(OdbcWalk, OfNoRowsIsAtItsEndAndOfOneIsNotRunAgain) {
 
 TEST(OdbcLongQuery, GivesRowsAsTheyComeAndEndsWhenAsked) {
   const TwoDatabases databases;
-  using Row = std::array<std::string, 3>;
-  const auto cases = table(
-      Row{databases.sqlite(),
-          "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s",
-          "[HY000] [SQLite]interrupted"},
-      Row{postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 50000000) AS n",
-          "[57014] ERROR: canceling statement due to user request"});
-  for (const auto& [server, query, stopped] : cases) {
+  for (const auto& [server, query, reason] :
+       {Case{databases.sqlite(),
+             "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s",
+             "[HY000] [SQLite]interrupted"},
+        Case{postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 50000000) AS n",
+             "[57014] ERROR: canceling statement due to user request"}}) {
     const OdbcConnection connection(server);
     OdbcRecordset rows(connection, query);
     moveOn(rows, 5000);
@@ -111,7 +110,7 @@ TEST(OdbcLongQuery, GivesRowsAsTheyComeAndEndsWhenAsked) {
     connection.stopWhen([] { return true; });
     const std::string error =
         errorOf([&, sorted = query + " ORDER BY 1"] { OdbcRecordset(connection, sorted); });
-    EXPECT_NE(error.find(stopped), std::string::npos) << error;
+    EXPECT_NE(error.find(reason), std::string::npos) << error;
   }
 }
 
@@ -134,24 +133,22 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
   const std::string server = postgres();
   const std::string lost = "Driver={PostgreSQL Unicode};Servername=127.0.0.1;Port=1;Pwd={a}};b}";
   const std::string longQuery = "SELECT '" + std::string(300, 'y') + "' FROM x";
-  using Row = std::array<std::string, 3>;
-  const auto cases =
-      table(Row{"no such source", "", "Cannot connect to \"no such source\": [[]IM002] *"},
-            Row{"Driver=SQLite3;Database=/nowhere/é.db", "", "* to \"*/é.db\": [[]HY000] *failed*"},
-            Row{lost, "", "*Port=1;Pwd=[*][*][*]\": [[]08001] *refused*"},
-            Row{server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},
-            Row{server, "SELECT * FROM sale",
-                "Cannot prepare \"SELECT [*] FROM sale\": [[]42P01] *sale*"},
-            Row{server, "SELEC 1", "*: [[]42601] *SELEC*"},
-            Row{server, "SELECT 1 / (1 - 1) AS x", "*: [[]22012] *division by zero*"},
-            Row{server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
-            Row{lite, "SELECT * FROM sale", "Cannot prepare *: [[]HY000] *no such table: sale*"},
-            Row{lite, "SELECT 'é' FROM grün", "*no such table: grün*"},
-            Row{lite, "SELEC 1", "*\"SELEC 1\": [[]HY000] *near \"SELEC\": syntax error*"},
-            Row{lite, "SELECT ?", "Cannot run \"SELECT [?]\": [[]HY000] *unbound*"},
-            Row{lite, "", "Cannot prepare \"\": [[]HY090] *"},
-            Row{lite, longQuery, "*yyy…\": [[]HY000] *"});
-  for (const auto& [connection, query, pattern] : cases) {
+  for (const auto& [connection, query, pattern] :
+       {Case{"no such source", "", "Cannot connect to \"no such source\": [[]IM002] *"},
+        Case{"Driver=SQLite3;Database=/nowhere/é.db", "", "* to \"*/é.db\": [[]HY000] *failed*"},
+        Case{lost, "", "*Port=1;Pwd=[*][*][*]\": [[]08001] *refused*"},
+        Case{server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},
+        Case{server, "SELECT * FROM sale",
+             "Cannot prepare \"SELECT [*] FROM sale\": [[]42P01] *sale*"},
+        Case{server, "SELEC 1", "*: [[]42601] *SELEC*"},
+        Case{server, "SELECT 1 / (1 - 1) AS x", "*: [[]22012] *division by zero*"},
+        Case{server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
+        Case{lite, "SELECT * FROM sale", "Cannot prepare *: [[]HY000] *no such table: sale*"},
+        Case{lite, "SELECT 'é' FROM grün", "*no such table: grün*"},
+        Case{lite, "SELEC 1", "*\"SELEC 1\": [[]HY000] *near \"SELEC\": syntax error*"},
+        Case{lite, "SELECT ?", "Cannot run \"SELECT [?]\": [[]HY000] *unbound*"},
+        Case{lite, "", "Cannot prepare \"\": [[]HY090] *"},
+        Case{lite, longQuery, "*yyy…\": [[]HY000] *"}}) {
     const std::string error = errorOf(
         [&server = connection, &query = query] { OdbcRecordset(OdbcConnection(server), query); });
     EXPECT_EQ(fnmatch(pattern.c_str(), error.c_str(), 0), 0) << pattern << " gives: " << error;

@@ -1,17 +1,12 @@
 #include <string>
 
 #include "odbc_fixture.h"
+#include "support/expect_each.h"
+#include "support/shown.h"
 #include "support/table.h"
-#include "util/value.h"
 
 namespace paperway {
 namespace {
-
-// The kind of a value by a letter, then its default text.
-std::string shown(ValueView value) {
-  const char kinds[] = {'-', 't', 'r', 'i', 'd'};
-  return kinds[static_cast<int>(value.kind())] + (" " + defaultText(value));
-}
 
 struct Cell {
   const char* type;
@@ -57,14 +52,14 @@ TEST(OdbcValues, HaveTheTypesOfTheirColumns) {
   std::string columns;
   std::string values;
   std::string nulls;
-  for (std::size_t i = 0; i < kCells.size(); ++i) {
-    columns += (i > 0 ? ", f" : "f") + std::to_string(i) + ' ' + kCells[i].type;
-    values += (i > 0 ? ", " : "") + kCells[i].literal;
-    nulls += i > 0 ? ", NULL" : "NULL";
+  for (const Cell& cell : kCells) {
+    const std::string comma = columns.empty() ? "" : ", ";
+    columns += comma + "f" + std::to_string(columns.size()) + ' ' + cell.type;
+    values += comma + cell.literal;
+    nulls += comma + "NULL";
   }
   databases.runOnBoth("CREATE TABLE " + table + "(" + columns + ")");
-  databases.runOnBoth("INSERT INTO " + table + " VALUES (" + nulls + ")");
-  databases.runOnBoth("INSERT INTO " + table + " VALUES (" + values + ")");
+  databases.runOnBoth("INSERT INTO " + table + " VALUES (" + nulls + "), (" + values + ")");
 
   for (const Way& way : kWays) {
     const auto rows = way.open(databases, "SELECT * FROM " + table + " ORDER BY f0 NULLS FIRST");
@@ -82,26 +77,19 @@ TEST(OdbcValues, HaveTheTypesOfTheirColumns) {
   }
 }
 
-struct Query {
-  std::string query;
-  std::string shown;  // the fields, with commas between them
-};
+/// The fields of a query's first row, with commas between them.
+struct FieldsOf {
+  OdbcConnection connection;
 
-template <class... Queries>
-void expectValues(const std::string& connection, const Queries&... queries) {
-  const OdbcConnection opened(connection);
-  for (const Query& each : {queries...}) {
+  std::string operator()(const std::string& query) const {
+    const OdbcRecordset rows(connection, query);
     std::string fields;
-    const std::string error = errorOf([&] {
-      const OdbcRecordset rows(opened, each.query);
-      for (std::size_t i = 0; i < rows.fieldCount(); ++i) {
-        fields += (i > 0 ? ", " : "") + shown(rows.value(i));
-      }
-    });
-    EXPECT_EQ(error, "no error") << each.query;
-    EXPECT_EQ(fields, each.shown) << each.query;
+    for (std::size_t i = 0; i < rows.fieldCount(); ++i) {
+      fields += (i > 0 ? ", " : "") + shown(rows.value(i));
+    }
+    return fields;
   }
-}
+};
 
 TEST(OdbcValues, OfSqliteAreWhatTheCellHolds) {
   const TwoDatabases databases;
@@ -109,28 +97,28 @@ TEST(OdbcValues, OfSqliteAreWhatTheCellHolds) {
   run(databases.sqlite(),
       "INSERT INTO loose VALUES('none', 'x', 'soon', 'longer than three', x'c3a97a'),"
       "(1.5, 5, 20260305, 5, 'text')");
-  expectValues(databases.sqlite(),
-               Query{"SELECT * FROM loose", "t none, t x, t soon, t longer than three, t éz"},
-               Query{"SELECT * FROM loose WHERE v = '5'", "r 1.5, r 5, i 20260305, t 5, t text"},
-               // Expressions: what SQLite would write for a number is one.
-               Query{"SELECT count(*), 2 * 2.5, 0.1, -1e300, 0 FROM loose",
-                     "i 2, r 5, r 0.1, r -1E+300, i 0"},
-               Query{"SELECT '007', '5.50', '+5', '5 pieces', '-', 'inf'",
-                     "t 007, t 5.50, t +5, t 5 pieces, t -, t inf"},
-               Query{"SELECT upper(n), 'é' AS \"ü\" FROM loose WHERE 'ß' = 'ß'", "t NONE, t é"});
+  expectEach(
+      FieldsOf{OdbcConnection(databases.sqlite())},
+      Row{"SELECT * FROM loose", "t none, t x, t soon, t longer than three, t éz"},
+      Row{"SELECT * FROM loose WHERE v = '5'", "r 1.5, r 5, i 20260305, t 5, t text"},
+      // Expressions: what SQLite would write for a number is one.
+      Row{"SELECT count(*), 2 * 2.5, 0.1, -1e300, 0 FROM loose", "i 2, r 5, r 0.1, r -1E+300, i 0"},
+      Row{"SELECT '007', '5.50', '+5', '5 pieces', '-', 'inf'",
+          "t 007, t 5.50, t +5, t 5 pieces, t -, t inf"},
+      Row{"SELECT upper(n), 'é' AS \"ü\" FROM loose WHERE 'ß' = 'ß'", "t NONE, t é"});
 }
 
 TEST(OdbcValues, OfPostgresKeepWhatTheyAre) {
-  expectValues(postgres(),
-               Query{"SELECT 'NaN'::numeric, 123.456000, false, '0100-01-01'::date",
-                     "t NaN, r 123.456, i 0, d 1/1/0100"},
-               Query{"SELECT count(*) FROM pg_class WHERE false", "i 0"},
-               Query{"SELECT sum(x) FROM (VALUES (0.1), (0.2)) v(x)", "r 0.3"},
-               Query{"SELECT 'c3a97a'::bytea, '\\xc3a97a'::bytea", "t c3a97a, t éz"},
-               Query{"SELECT '{\"a\": 1}'::json, 'ab'::char(4), '1 day'::interval",
-                     "t {\"a\": 1}, t ab  , t 1 day"},
-               Query{"SELECT repeat('x', 2000)::varchar", "t " + std::string(2000, 'x')});
-  expectValues(postgres("BoolsAsChar=0"), Query{"SELECT true", "i 1"});
+  expectEach(FieldsOf{OdbcConnection(postgres())},
+             Row{"SELECT 'NaN'::numeric, 123.456000, false, '0100-01-01'::date",
+                 "t NaN, r 123.456, i 0, d 1/1/0100"},
+             Row{"SELECT count(*) FROM pg_class WHERE false", "i 0"},
+             Row{"SELECT sum(x) FROM (VALUES (0.1), (0.2)) v(x)", "r 0.3"},
+             Row{"SELECT 'c3a97a'::bytea, '\\xc3a97a'::bytea", "t c3a97a, t éz"},
+             Row{"SELECT '{\"a\": 1}'::json, 'ab'::char(4), '1 day'::interval",
+                 "t {\"a\": 1}, t ab  , t 1 day"},
+             Row{"SELECT repeat('x', 2000)::varchar", "t " + std::string(2000, 'x')});
+  expectEach(FieldsOf{OdbcConnection(postgres("BoolsAsChar=0"))}, Row{"SELECT true", "i 1"});
 }
 
 TEST(OdbcValues, ArriveInUtf8FromADatabaseInAnotherEncoding) {
@@ -138,7 +126,8 @@ TEST(OdbcValues, ArriveInUtf8FromADatabaseInAnotherEncoding) {
   run(postgres(), "CREATE DATABASE " + name + " ENCODING 'LATIN1' LOCALE 'C' TEMPLATE template0");
   std::string connection = postgres();
   connection.replace(connection.find("=postgres;") + 1, 8, name);
-  expectValues(connection, Query{"SELECT U&'gr\\00FC\\00DFe'::text AS \"größe\"", "t grüße"});
+  expectEach(FieldsOf{OdbcConnection(connection)},
+             Row{"SELECT U&'gr\\00FC\\00DFe'::text AS \"größe\"", "t grüße"});
 }
 
 TEST(OdbcValues, ThatHaveNoFormNameTheirPlace) {
@@ -146,18 +135,17 @@ TEST(OdbcValues, ThatHaveNoFormNameTheirPlace) {
   const std::string server = postgres();
   const std::string outside =
       " of row 1 holds a date or time outside the calendar's years 100 to 9999.";
-  using Row = std::array<std::string, 3>;
-  const auto cases =
-      table(Row{server, "SELECT '\\x00ff'::bytea AS photo",
-                "\"photo\" of row 1 holds bytes that are no text."},
-            Row{server, "SELECT '0044-03-15 BC'::date AS ides", "\"ides\"" + outside},
-            Row{server, "SELECT '-infinity'::timestamp AS ever", "\"ever\"" + outside},
-            Row{databases.sqlite(), "SELECT 'a' AS latin UNION ALL SELECT CAST(x'67fc' AS TEXT)",
-                "\"latin\" of row 2 holds a text that is not UTF-8."});
-  for (const auto& [connection, query, error] : cases) {
+  const auto errorOfQuery = [](const std::string& connection, const char* query) {
     OdbcRecordset rows(OdbcConnection(connection), query);
-    EXPECT_EQ(errorOf([&] { rows.MoveLast(); }), "The field " + error) << query;
-  }
+    return errorOf([&] { rows.MoveLast(); });
+  };
+  expectEach(errorOfQuery,
+             Row{server, "SELECT '\\x00ff'::bytea AS photo",
+                 "The field \"photo\" of row 1 holds bytes that are no text."},
+             Row{server, "SELECT '0044-03-15 BC'::date AS ides", "The field \"ides\"" + outside},
+             Row{server, "SELECT '-infinity'::timestamp AS ever", "The field \"ever\"" + outside},
+             Row{databases.sqlite(), "SELECT 'a' AS latin UNION ALL SELECT CAST(x'67fc' AS TEXT)",
+                 "The field \"latin\" of row 2 holds a text that is not UTF-8."});
 }
 
 }  // namespace
