@@ -37,7 +37,7 @@ class Window {
     state = RunState();
     state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRPrint = 1;
     state.ModPath1 = report().string();
-    form = std::make_shared<FrmReport>(platform());
+    form = std::make_shared<FrmReport>(machine_.platform().with(windows_));
     form->load();
     windows_.show(form);
     frame();
@@ -65,22 +65,6 @@ class Window {
   std::shared_ptr<FrmReport> form;
 
  private:
-  Platform platform() {
-    return {.messageBox = machine_.messageBox,
-            .windows = windows_,
-            .folders = machine_.folders,
-            .clipboard = machine_.clipboard,
-            .dialogs = machine_.dialogs,
-            .shell = machine_.shell,
-            .files = machine_.files,
-            .clock = machine_.clock,
-            .names = machine_.names,
-            .userStore = machine_.userStore,
-            .spooler = machine_.spooler,
-            .printers = machine_.printers,
-            .printDevice = machine_.printDevice};
-  }
-
   headless::Headless machine_;
   qt::Windows windows_;
 };

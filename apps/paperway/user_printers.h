@@ -22,19 +22,7 @@ class UserPrinters {
 
 /// The same machine with these printers.
 inline Platform withPrinters(const Platform& machine, UserPrinters& user) {
-  return {.messageBox = machine.messageBox,
-          .windows = machine.windows,
-          .folders = machine.folders,
-          .clipboard = machine.clipboard,
-          .dialogs = machine.dialogs,
-          .shell = machine.shell,
-          .files = machine.files,
-          .clock = machine.clock,
-          .names = machine.names,
-          .userStore = machine.userStore,
-          .spooler = user.spooler,
-          .printers = user.printers,
-          .printDevice = machine.printDevice};
+  return machine.with(user.spooler, user.printers, machine.printDevice);
 }
 
 }  // namespace paperway::command

@@ -42,7 +42,7 @@ Control& User::reach(std::string_view name) {
 
 void User::click(std::string_view name, int button, int shift) {
   Control& control = reach(name);
-  if (control.takesFocus()) form_.moveFocus(&control);
+  if (control.takesFocus() && !form_.moveFocus(&control)) return;
   const MouseEvent event{button, shift, control.Width / 2, control.Height / 2};
   control.mouseDown(event);
   if (button == mbLeft || control.kind == ControlKind::spLebal) control.click();

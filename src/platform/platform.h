@@ -32,6 +32,16 @@ struct Platform {
   Spooler& spooler;
   Printers& printers;
   PrintDevice& printDevice;
+
+  /// The same machine with other windows, or with other printers.
+  Platform with(Windows& shown) const {
+    return {messageBox, shown, folders,   clipboard, dialogs,  shell,      files,
+            clock,      names, userStore, spooler,   printers, printDevice};
+  }
+  Platform with(Spooler& queues, Printers& known, PrintDevice& device) const {
+    return {messageBox, windows, folders,   clipboard, dialogs, shell, files,
+            clock,      names,   userStore, queues,    known,   device};
+  }
 };
 
 }  // namespace paperway

@@ -4,9 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "facade/run_state.h"
-#include "preview/frm_report.h"
-#include "util/output_file.h"
+#include "support/report_window.h"
 
 namespace paperway {
 
@@ -20,19 +18,12 @@ template <typename Desk>
 class ReportWindowContract : public testing::Test {
  protected:
   ReportWindowContract() {
-    RunState& state = runState();
-    state = RunState();
-    state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
-    state.ModRColor = state.ModRPrint = 1;
+    startRun();
     std::string report;
     for (int i = 1; i <= 7; ++i) {
       report += "\017page " + std::to_string(i) + "\r\nsecond \033Ebold\033F line\r\n\022\f";
     }
-    state.ModPath1 = (desk.folder.path / "report.prn").string();
-    replaceFile(state.ModPath1, report, "test");
-    form = std::make_shared<FrmReport>(desk.platform());
-    form->load();
-    desk.platform().windows.show(form);
+    form = openReportWindow(desk.platform(), report);
   }
   ~ReportWindowContract() override {
     if (form->loaded()) desk.expectAgreement(*form);

@@ -30,23 +30,6 @@ class ReportPrint : public testing::Test {
     machine_.messageBox.answers.assign(8, MessageBox::Answer::yes);
   }
 
-  Platform platform() {
-    const Platform headless = machine_.platform();
-    return {headless.messageBox,
-            headless.windows,
-            headless.folders,
-            headless.clipboard,
-            headless.dialogs,
-            headless.shell,
-            headless.files,
-            headless.clock,
-            headless.names,
-            headless.userStore,
-            spooler_,
-            printers_,
-            device_};
-  }
-
   FrmReport& open(const std::string& printer) {
     class1_.PrinterName = printer;
     class1_.PreviewReport({.Path1 = report_, .RPrint = 1});
@@ -97,7 +80,7 @@ class ReportPrint : public testing::Test {
   desktop::CupsSpooler spooler_;
   desktop::CupsPrinters printers_;
   qt::PrintDevice device_{spooler_};
-  Class1 class1_{platform()};
+  Class1 class1_{machine_.platform().with(spooler_, printers_, device_)};
   std::shared_ptr<FrmReport> form_;
   const std::string report_ = folder_.path / "sales.txt";
   const std::string text_ =

@@ -1,13 +1,9 @@
-#include <cstring>
-#include <filesystem>
-
 #include "backends/headless/headless.h"
 #include "backends/headless/user.h"
-#include "facade/run_state.h"
 #include "fuzz/fuzz.h"
-#include "preview/frm_report.h"
+#include "support/report_window.h"
+#include "support/test_folder.h"
 #include "util/automation_error.h"
-#include "util/output_file.h"
 
 using namespace paperway;
 
@@ -26,15 +22,9 @@ namespace {
 class Walk {
  public:
   Walk(const std::filesystem::path& folder, std::string_view report) : machine_(folder) {
-    RunState& state = runState() = RunState();
-    state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
-    state.ModRColor = state.ModRPrint = 1;
-    state.ModPath1 = (folder / "report.prn").string();
-    replaceFile(state.ModPath1, report, "fuzz");
-    form_ = std::make_shared<FrmReport>(machine_.platform());
-    form_->load();
+    startRun();
+    form_ = openReportWindow(machine_.platform(), report);
     checkPages(report);
-    machine_.windows.show(form_);
     check();
   }
 
@@ -60,19 +50,23 @@ class Walk {
     if (command == 'x') return user.type("Rt1", "\303\251\r");
     if (command == 't') return user.tick("Timer1");
     if (command == 'r') return user.resize(14400 + code, 9000);
-    if (command == 's') return form_->Text4.Text = "o", user.type("Text4", "\r");
-    if (command == 'm') return user.click("Rt1", mbRight), user.chooseFromMenu("pppp");
-    if (command == 'h') {
-      page.SelStart = static_cast<std::int64_t>(middle);
-      page.SelLength = 3;
-      return user.click("Rt1", mbRight), user.chooseFromMenu("ht");
-    }
-    if (command == 'q') {
-      page.selectWord(middle);
-      return user.click("Rt1", mbRight), user.chooseFromMenu("cccc");
-    }
+    if (command == 's') return search(user, "o");
+    if (command == 'm') return chooseFromMenu(user, "pppp");
+    if (command == 'q' || command == 'h') page.selectWord(middle);
+    if (command == 'q') return chooseFromMenu(user, "cccc");
+    if (command == 'h') return chooseFromMenu(user, "ht");
     if (code < 0x60) return user.press("Rt1", code, code >= 0x40 ? smCtrl : code & smShift);
     user.click(kClicks[code % std::size(kClicks)]);
+  }
+
+  void search(headless::User& user, const char* text) {
+    form_->Text4.Text = text;
+    user.type("Text4", "\r");
+  }
+
+  void chooseFromMenu(headless::User& user, const char* item) {
+    user.click("Rt1", mbRight);
+    user.chooseFromMenu(item);
   }
 
   void checkPages(std::string_view report) {
@@ -101,19 +95,12 @@ class Walk {
   std::shared_ptr<FrmReport> form_;
 };
 
-struct Folder {
-  Folder() { path = mkdtemp(name.data()); }
-  ~Folder() { std::filesystem::remove_all(path); }
-  std::string name = (std::filesystem::temp_directory_path() / "paperwayXXXXXX").string();
-  std::filesystem::path path;
-};
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view report(reinterpret_cast<const char*>(data), size);
   const std::string_view acts = fuzz::takeUntil(report, '\n').substr(0, 40);
-  static const Folder folder;
+  static const TestFolder folder;
   Walk walk(folder.path, report);
   for (const char command : acts) walk.act(command);
   return 0;

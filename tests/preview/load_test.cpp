@@ -144,7 +144,8 @@ TEST_F(Load, ReloadShowsPageOneOfTheFileAsItIsNow) {
   runState().ModRExport = runState().ModRPrint = 0;
   open(pages(3));
   user().click("CmdLast");
-  const std::string file = write("report.prn", pages(2));
+  const std::string file = runState().ModPath1;
+  replaceFile(file, pages(2), "test");
   user().click("Check3");
   user().click("Check3");
   EXPECT_EQ(form->CurrentPage, 0);

@@ -7,10 +7,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "facade/run_state.h"
-#include "preview/frm_report.h"
 #include "qt_desk.h"
-#include "util/output_file.h"
+#include "support/report_window.h"
 
 namespace paperway {
 namespace {
@@ -23,40 +21,17 @@ class AnyEvents : public testing::TestWithParam<unsigned> {
 
   /// Bytes with many marks, line ends and form feeds.
   std::string anyReport() {
-    static constexpr const char* kParts[] = {"\x0F",
-                                             "\x12",
-                                             "\x1B"
-                                             "E",
-                                             "\x1B"
-                                             "F",
-                                             "\r\n",
-                                             "\f",
-                                             "\x1B"
-                                             "W",
-                                             "some text",
-                                             "\t",
-                                             "\n"};
+    static constexpr std::string_view kOften = "\017\022\033\033\033\033EFW\r\n\r\n\f\f some text";
     std::string bytes;
-    for (int i = below(3000); i > 0; --i) {
-      if (below(3) == 0) {
-        bytes += static_cast<char>(below(256));
-      } else {
-        bytes += kParts[below(static_cast<int>(std::size(kParts)))];
-      }
+    for (int i = below(6000); i > 0; --i) {
+      bytes += below(9) == 0 ? static_cast<char>(below(256)) : kOften[random_() % kOften.size()];
     }
     return bytes;
   }
 
   void open() {
-    RunState& state = runState();
-    state = RunState();
-    state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
-    state.ModRExport = state.ModRColor = state.ModRPrint = 1;
-    state.ModPath1 = (desk_.folder.path / "any.prn").string();
-    replaceFile(state.ModPath1, anyReport(), "test");
-    form_ = std::make_shared<FrmReport>(desk_.platform());
-    form_->load();
-    desk_.windows.show(form_);
+    startRun();
+    form_ = openReportWindow(desk_.platform(), anyReport());
     window_ = desk_.windows.window(*form_);
   }
 
@@ -67,18 +42,13 @@ class AnyEvents : public testing::TestWithParam<unsigned> {
   }
 
   void anyKey() {
-    static constexpr Qt::Key kKeys[] = {
-        Qt::Key_Tab,   Qt::Key_Return, Qt::Key_Escape,   Qt::Key_Space,  Qt::Key_Backspace,
-        Qt::Key_Left,  Qt::Key_Right,  Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Home,
-        Qt::Key_End,   Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Delete, Qt::Key_A,
-        Qt::Key_C,     Qt::Key_V,      Qt::Key_X,        Qt::Key_Z,      Qt::Key_Y,
-        Qt::Key_F,     Qt::Key_G,      Qt::Key_N,        Qt::Key_B,      Qt::Key_L,
-        Qt::Key_Minus, Qt::Key_Plus,   Qt::Key_Equal,    Qt::Key_1,      Qt::Key_9,
-    };
     QWidget* target = QApplication::activePopupWidget();
     if (target == nullptr) target = window_->focusWidget();
     if (target == nullptr) target = window_;
-    QTest::keyClick(target, kKeys[below(static_cast<int>(std::size(kKeys)))], anyModifiers());
+    // A character, or a key of the blocks from Escape to Delete and from Home to Page Down.
+    const int key = below(2) == 0 ? Qt::Key_Space + below(Qt::Key_Z - Qt::Key_Space + 1)
+                                  : Qt::Key_Escape + below(8) + 16 * below(2);
+    QTest::keyClick(target, static_cast<Qt::Key>(key), anyModifiers());
   }
 
   void anyMouse() {
@@ -87,14 +57,10 @@ class AnyEvents : public testing::TestWithParam<unsigned> {
     if (under == nullptr) under = window_;
     const QPoint inside = under->mapFrom(window_, place);
     const Qt::MouseButton button = below(4) == 0 ? Qt::RightButton : Qt::LeftButton;
-    switch (below(4)) {
-      case 0:
-        return QTest::mouseDClick(under, button, anyModifiers(), inside);
-      case 1:
-        return QTest::mouseMove(under, inside);
-      default:
-        return QTest::mouseClick(under, button, anyModifiers(), inside);
-    }
+    const int act = below(4);
+    if (act == 0) return QTest::mouseDClick(under, button, anyModifiers(), inside);
+    if (act == 1) return QTest::mouseMove(under, inside);
+    QTest::mouseClick(under, button, anyModifiers(), inside);
   }
 
   void anyWheel() {
@@ -105,6 +71,10 @@ class AnyEvents : public testing::TestWithParam<unsigned> {
     QApplication::sendEvent(target, &event);
   }
 
+  void closePopups() {
+    while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  }
+
   void anyEvent() {
     const int kind = below(100);
     if (kind < 45) return anyKey();
@@ -112,7 +82,7 @@ class AnyEvents : public testing::TestWithParam<unsigned> {
     if (kind < 92) return anyWheel();
     if (kind < 95) return window_->resize(600 + below(1200), 300 + below(900));
     if (kind < 97) return window_->act([this] { form_->Timer1.tick(); });
-    while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+    closePopups();
     QApplication::processEvents();
   }
 
@@ -132,7 +102,7 @@ TEST_P(AnyEvents, LeaveModelAndViewInAgreement) {
     expectAgreement(*window_);
     ASSERT_FALSE(HasFailure()) << "after event " << i;
   }
-  while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
+  closePopups();
   form_->unload();
 }
 

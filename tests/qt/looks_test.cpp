@@ -11,10 +11,8 @@
 #include "backends/desktop/qt/application.h"
 #include "backends/desktop/qt/control_view.h"
 #include "backends/desktop/qt/convert.h"
-#include "facade/run_state.h"
-#include "preview/frm_report.h"
 #include "qt_desk.h"
-#include "util/output_file.h"
+#include "support/report_window.h"
 
 namespace paperway {
 namespace {
@@ -75,15 +73,10 @@ void expectTidy(const qt::FormWindow& window) {
 class Looks : public testing::Test {
  protected:
   Looks() {
-    RunState& state = runState();
-    state = RunState();
-    state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
-    state.ModRExport = state.ModRColor = state.ModRPrint = 1;
+    startRun();
     std::string report;
     for (int i = 0; i < 12; ++i) report += "a page\r\n\f";
-    state.ModPath1 = (desk.folder.path / "report.prn").string();
-    replaceFile(state.ModPath1, report, "test");
-    form = std::make_shared<FrmReport>(desk.platform());
+    form = makeReportWindow(desk.platform(), report);
     for (Control* control : std::initializer_list<Control*>{&form->JeweledButton1, &form->CmdPrint,
                                                             &form->Label8, &form->Label10}) {
       if (!control->onClick) control->onClick = [] {};  // as if all that it offers were there

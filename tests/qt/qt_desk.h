@@ -17,21 +17,7 @@ struct QtDesk {
 
   ~QtDesk() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
-  Platform platform() {
-    return {.messageBox = machine.messageBox,
-            .windows = windows,
-            .folders = machine.folders,
-            .clipboard = machine.clipboard,
-            .dialogs = machine.dialogs,
-            .shell = machine.shell,
-            .files = machine.files,
-            .clock = machine.clock,
-            .names = machine.names,
-            .userStore = machine.userStore,
-            .spooler = machine.spooler,
-            .printers = machine.printers,
-            .printDevice = machine.printDevice};
-  }
+  Platform platform() { return machine.platform().with(windows); }
   QtUser user(Form& form) { return QtUser(*windows.window(form)); }
 
   /// What a test changed behind the window's back is copied first.

@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <string>
 
 namespace paperway {
@@ -11,7 +10,7 @@ namespace paperway {
 class TestFolder {
  public:
   TestFolder() {
-    std::string name = kOutside + "/paperwayXXXXXX";
+    std::string name = kOutside / "paperwayXXXXXX";
     path = std::filesystem::canonical(mkdtemp(name.data()));
   }
   ~TestFolder() { std::filesystem::remove_all(path); }
@@ -21,7 +20,8 @@ class TestFolder {
   std::filesystem::path path;
 
  private:
-  static inline const std::string kOutside = testing::TempDir();  // asked before TMPDIR changes
+  // Asked before a test changes TMPDIR.
+  static inline const std::filesystem::path kOutside = std::filesystem::temp_directory_path();
 };
 
 }  // namespace paperway

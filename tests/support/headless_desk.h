@@ -1,11 +1,12 @@
+#pragma once
+
 #include "backends/headless/headless.h"
 #include "backends/headless/user.h"
-#include "contract/report_window_contract.h"
 #include "support/test_folder.h"
 
 namespace paperway {
-namespace {
 
+/// A desk without a screen, and a person at it.
 struct HeadlessDesk {
   TestFolder folder;
   headless::Headless machine{folder.path};
@@ -15,7 +16,4 @@ struct HeadlessDesk {
   void expectAgreement(const Form&) {}
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Headless, ReportWindowContract, HeadlessDesk);
-
-}  // namespace
 }  // namespace paperway

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "facade/run_state.h"
+#include "platform/folders.h"
+#include "platform/platform.h"
+#include "platform/windows.h"
+#include "preview/frm_report.h"
+#include "util/output_file.h"
+
+namespace paperway {
+
+/// A run with everything of the report window switched on.
+inline void startRun() {
+  RunState& state = runState() = RunState();
+  state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
+  state.ModRExport = state.ModRColor = state.ModRPrint = 1;
+}
+
+/// A window, not loaded yet, on a report of these bytes.
+inline std::shared_ptr<FrmReport> makeReportWindow(const Platform& platform,
+                                                   std::string_view report) {
+  runState().ModPath1 = (platform.folders.work() / "report.prn").string();
+  replaceFile(runState().ModPath1, report, "test");
+  return std::make_shared<FrmReport>(platform);
+}
+
+/// The window as the user meets it: loaded and brought to the front.
+inline std::shared_ptr<FrmReport> openReportWindow(const Platform& platform,
+                                                   std::string_view report) {
+  auto form = makeReportWindow(platform, report);
+  form->load();
+  platform.windows.show(form);
+  return form;
+}
+
+}  // namespace paperway
