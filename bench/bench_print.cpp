@@ -10,7 +10,7 @@
 #include "backends/desktop/system/direct_spooler.h"
 #include "printing/page_fit.h"
 #include "printing/print_stream.h"
-#include "util/output_file.h"
+#include "util/input_file.h"
 
 namespace paperway {
 namespace {
@@ -60,7 +60,8 @@ void StreamToNowhere(benchmark::State& state) {
   report();
   for (auto _ : state) {
     std::size_t bytes = 0;
-    writePrintStream(report(), kSettings, [&](std::string_view piece) { bytes += piece.size(); });
+    InputFile file(report(), "bench");
+    writePrintStream(file, kSettings, [&](std::string_view piece) { bytes += piece.size(); });
     benchmark::DoNotOptimize(bytes);
   }
   finish(state);
@@ -75,7 +76,8 @@ void StreamToFile(benchmark::State& state) {
   for (auto _ : state) {
     const auto job = desktop::DirectSpooler(printers).open("File");
     job->start("report", DocumentFormat::raw);
-    writePrintStream(report(), kSettings, [&](std::string_view piece) { job->write(piece); });
+    InputFile file(report(), "bench");
+    writePrintStream(file, kSettings, [&](std::string_view piece) { job->write(piece); });
     job->end();
   }
   finish(state);

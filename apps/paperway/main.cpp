@@ -4,7 +4,7 @@
 #include <iostream>
 
 #include "apps/paperway/commands.h"
-#include "apps/paperway/progress.h"
+#include "apps/paperway/stop_signals.h"
 
 namespace {
 
@@ -21,9 +21,9 @@ int run(CLI::App& app, int argc, char** argv) {
   } catch (const paperway::command::Told&) {
     return kFailed;
   } catch (const std::exception& error) {
-    if (paperway::command::Progress::isInterrupted()) {
-      std::cerr << "paperway: stopped; the report was not written.\n";
-      return kSignalled + paperway::command::Progress::interruptSignal();
+    if (const int signal = paperway::command::StopSignals::raised(); signal != 0) {
+      std::cerr << "paperway: stopped.\n";
+      return kSignalled + signal;
     }
     std::cerr << "paperway: " << error.what() << "\n";
     return kFailed;

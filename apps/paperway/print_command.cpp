@@ -6,11 +6,13 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
+#include "apps/paperway/stop_signals.h"
 #include "apps/paperway/user_printers.h"
 #include "facade/run_state.h"
 #include "preview/frm_report.h"
@@ -18,10 +20,12 @@
 #include "printing/page_fit.h"
 #include "printing/page_range.h"
 #include "printing/print_file.h"
-#include "util/output_file.h"
+#include "util/input_file.h"
 
 namespace paperway::command {
 namespace {
+
+constexpr std::int64_t kToTheEnd = INT64_MAX;
 
 struct PrintOptions {
   std::string file;
@@ -34,7 +38,7 @@ struct PrintOptions {
   bool styled = false;
   std::string pdf;
   std::int64_t first = 1;
-  std::int64_t last = 0;  // 0: to the end
+  std::int64_t last = kToTheEnd;
 };
 
 /// "3-7", "3-" or "3".
@@ -44,11 +48,11 @@ void readPages(PrintOptions& options) {
   auto read = std::from_chars(options.pages.data(), end, options.first);
   options.last = options.first;
   if (read.ec == std::errc() && read.ptr != end && *read.ptr == '-') {
-    options.last = 0;
+    options.last = kToTheEnd;
     ++read.ptr;
     if (read.ptr != end) read = std::from_chars(read.ptr, end, options.last);
   }
-  const bool isRange = options.last == 0 || options.last >= options.first;
+  const bool isRange = options.last >= options.first;
   if (read.ec != std::errc() || read.ptr != end || options.first < 1 || !isRange) {
     throw CLI::ValidationError("--pages", "takes a page or a range, such as 3-7");
   }
@@ -69,20 +73,76 @@ ReportExtent extentOf(const std::string& file, const PrintOptions& options) {
   return scan.end();
 }
 
-/// The report, or a work file with the pages that were asked for.
-std::string fileToPrint(const PrintOptions& options, Folders& folders) {
-  if (options.pages.empty() || !std::filesystem::exists(options.file)) return options.file;
-  const std::filesystem::path part = folders.program() / "RANGE.prn";
-  const std::int64_t last = options.last == 0 ? INT64_MAX : options.last;
-  requirePage(options, writePages(options.file, options.first, last, part));
-  return part.string();
-}
+/// The report, or a work file of this job alone with the pages that were asked for.
+class FileToPrint {
+ public:
+  FileToPrint(const PrintOptions& options, Folders& folders) : path_(options.file) {
+    if (options.pages.empty() || !std::filesystem::exists(path_)) return;
+    folder_ = folders.temporary() / ("print-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder_);
+    path_ = folder_ / std::filesystem::path(options.file).filename();
+    requirePage(options, writePages(options.file, options.first, options.last, path_));
+  }
+  ~FileToPrint() {
+    std::error_code ignored;
+    if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
+  }
+  FileToPrint(const FileToPrint&) = delete;
+  FileToPrint& operator=(const FileToPrint&) = delete;
+
+  std::string path() const { return path_.string(); }
+
+ private:
+  std::filesystem::path path_;
+  std::filesystem::path folder_;
+};
+
+/// A job that Ctrl-C cancels.
+class StoppableJob : public PrintJob {
+ public:
+  explicit StoppableJob(std::unique_ptr<PrintJob> job) : job_(std::move(job)) {}
+
+  void start(const std::string& documentName, DocumentFormat format) override {
+    job_->start(documentName, format);
+  }
+  void write(std::string_view bytes) override {
+    throwIfStopped();
+    job_->write(bytes);
+  }
+  void end() override {
+    throwIfStopped();
+    job_->end();
+  }
+
+ private:
+  static void throwIfStopped() {
+    if (StopSignals::raised() != 0) throw Interrupted();
+  }
+
+  const std::unique_ptr<PrintJob> job_;
+};
+
+class StoppableSpooler : public Spooler {
+ public:
+  explicit StoppableSpooler(Spooler& spooler) : spooler_(spooler) {}
+
+  std::unique_ptr<PrintJob> open(const std::string& printer) override {
+    auto job = spooler_.open(printer);
+    return job ? std::make_unique<StoppableJob>(std::move(job)) : nullptr;
+  }
+
+ private:
+  const StopSignals stopSignals_;
+  Spooler& spooler_;
+};
 
 void printRaw(const PrintOptions& options) {
   Machine machine;
   UserPrinters user;
-  const Platform platform = withPrinters(machine.platform(), user);
-  const std::string file = fileToPrint(options, platform.folders);
+  StoppableSpooler spooler(user.spooler);
+  const Platform platform = machine.platform().with(spooler, user.printers, machine.platform().printDevice);
+  const FileToPrint part(options, platform.folders);
+  const std::string file = part.path();
   PrintFileArguments arguments{.fileName = file,
                                .printerName = options.printer,
                                .paperHeight = static_cast<std::int16_t>(options.paper),
@@ -101,10 +161,9 @@ void printRaw(const PrintOptions& options) {
 
 void choosePages(FrmReport& form, const PrintOptions& options) {
   requirePage(options, form.PageCount());
-  const std::int64_t last = options.last == 0 ? form.PageCount() : options.last;
   form.Op[2].Value = true;
   form.Tst.Text = std::to_string(options.first);
-  form.Tend.Text = std::to_string(std::min(last, form.PageCount()));
+  form.Tend.Text = std::to_string(std::min(options.last, form.PageCount()));
   form.Text3.Text = std::to_string(options.copies);
 }
 

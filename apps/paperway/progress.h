@@ -7,13 +7,13 @@
 #include <string_view>
 #include <utility>
 
+#include "apps/paperway/stop_signals.h"
 #include "facade/recordset.h"
 
 namespace paperway::command {
 
 /// Rows, rows a second and pages of the report in progress, on standard error when that is a
-/// terminal and the run lasts. Listens for Ctrl-C (and for the requests to end of the system)
-/// while it lives.
+/// terminal and the run lasts. Listens for Ctrl-C while it lives.
 class Progress {
  public:
   Progress();
@@ -26,11 +26,6 @@ class Progress {
     if (++ticks_ % kTicksPerLook == 0) look();
   }
 
-  /// Whether the user wants to stop.
-  static bool isInterrupted();
-  /// The signal that said so.
-  static int interruptSignal();
-
   /// The last line: what was written where.
   void finish(const std::string& fileName);
 
@@ -41,6 +36,7 @@ class Progress {
   void look();
   std::string line() const;
 
+  const StopSignals stopSignals_;
   const bool terminal_;
   const Clock::time_point start_ = Clock::now();
   Clock::time_point shown_ = start_;

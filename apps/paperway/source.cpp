@@ -10,6 +10,10 @@
 namespace paperway::command {
 namespace {
 
+bool isStopped() {
+  return StopSignals::raised() != 0;
+}
+
 bool isStatement(std::string_view text) {
   const std::size_t first = text.find_first_not_of(" \t\r\n");
   if (first == text.npos) return false;
@@ -46,12 +50,12 @@ void Source::addOptions(CLI::App& app) {
 std::unique_ptr<Recordset> Source::rows(const std::string& statement, Progress* progress) const {
   if (!odbc.empty()) {
     const OdbcConnection connection(odbc);
-    connection.stopWhen(Progress::isInterrupted);
+    connection.stopWhen(isStopped);
     return open<OdbcRecordset>(connection, statement, progress);
   }
   if (db.empty()) throw CLI::RequiredError("--db or --odbc");
   const SqliteDatabase database(db);
-  database.stopWhen(Progress::isInterrupted);
+  database.stopWhen(isStopped);
   return open<SqliteRecordset>(database, statement, progress);
 }
 

@@ -3,7 +3,6 @@
 #include "apps/paperway/queues.h"
 #include "backends/desktop/system/direct_printers.h"
 #include "backends/desktop/system/direct_spooler.h"
-#include "platform/platform.h"
 #include "printing/joined_printers.h"
 
 namespace paperway::command {
@@ -19,10 +18,5 @@ class UserPrinters {
   JoinedPrinters printers{*queues_.printers, directPrinters_};
   JoinedSpooler spooler{*queues_.spooler, directSpooler_};
 };
-
-/// The same machine with these printers.
-inline Platform withPrinters(const Platform& machine, UserPrinters& user) {
-  return machine.with(user.spooler, user.printers, machine.printDevice);
-}
 
 }  // namespace paperway::command

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <system_error>
 
-#include "util/output_file.h"
+#include "util/input_file.h"
 
 namespace paperway {
 namespace {

@@ -8,6 +8,7 @@
 #include "util/automation_error.h"
 #include "util/code_page.h"
 #include "util/ini_text.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 #include "util/text.h"
 #include "util/value.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "util/control_strings.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 
 namespace paperway {

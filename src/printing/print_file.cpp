@@ -41,21 +41,49 @@ PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
           .linesOut = arguments.linesOut};
 }
 
-std::uint64_t wholePages(const PrintFileArguments& arguments, std::uint64_t bytes) {
+/// Form feeds among the first bytes of the job, but for the numbers of the set-up.
+std::uint64_t wholePages(InputFile& file, const PrintStreamSettings& settings,
+                         std::uint64_t bytes) {
+  struct Enough {};
+  const std::uint64_t setup = printerSetup(settings).size();
+  std::uint64_t at = 0;
   std::uint64_t pages = 0;
-  writePrintStream(arguments.fileName, streamSettings(arguments), [&](std::string_view piece) {
-    const auto end =
-        piece.begin() + static_cast<std::ptrdiff_t>(std::min<std::uint64_t>(bytes, piece.size()));
-    pages += static_cast<std::uint64_t>(std::count(piece.begin(), end, kFormFeed));
-    bytes -= static_cast<std::uint64_t>(end - piece.begin());
-  });
+  try {
+    writePrintStream(file, settings, [&](std::string_view piece) {
+      const std::uint64_t left = bytes - std::min(at, bytes);
+      const auto end =
+          piece.begin() + static_cast<std::ptrdiff_t>(std::min<std::uint64_t>(left, piece.size()));
+      if (at >= setup) {
+        pages += static_cast<std::uint64_t>(std::count(piece.begin(), end, kFormFeed));
+      }
+      at += piece.size();
+      if (at >= bytes) throw Enough();
+    });
+  } catch (const Enough&) {
+  }
   return pages;
 }
 
-std::string howFarItCame(const PrintFileArguments& arguments, const SpoolError& error) {
+std::string howFarItCame(InputFile& file, const PrintStreamSettings& settings,
+                         const SpoolError& error) {
   if (error.accepted() == 0) return error.description();
   return std::string(error.description()) + " It has " +
-         std::to_string(wholePages(arguments, error.accepted())) + " whole pages.";
+         std::to_string(wholePages(file, settings, error.accepted())) + " whole pages.";
+}
+
+/// Gives the bytes of the file to the printer. False when there is no such printer.
+bool print(InputFile& file, const PrintFileArguments& arguments, Spooler& spooler) {
+  const PrintStreamSettings settings = streamSettings(arguments);
+  try {
+    const auto job = spooler.open(arguments.printerName);
+    if (!job) return false;
+    job->start(documentNameOf(arguments.fileName), DocumentFormat::raw);
+    writePrintStream(file, settings, [&](std::string_view piece) { job->write(piece); });
+    job->end();
+    return true;
+  } catch (const SpoolError& error) {
+    throw AutomationError(error.number(), error.source(), howFarItCame(file, settings, error));
+  }
 }
 
 }  // namespace
@@ -66,27 +94,19 @@ std::string documentNameOf(std::string fileName) {
 }
 
 bool PrintFile(PrintFileArguments& arguments, const Platform& platform) {
-  if (arguments.tear == 1) takeStoredTearLines(arguments, platform.folders);
-  runState().ModDosFont = DOSEFONTcHR{};
-  if (!exists(arguments.fileName)) {
-    tell(platform.messageBox, "File " + arguments.fileName + " does not exists");
-    return false;
-  }
-  if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
   try {
-    const auto job = platform.spooler.open(arguments.printerName);
-    if (!job) {
-      tell(platform.messageBox,
-           "The Printer Name (" + arguments.printerName + ") wasn't recognized.");
+    if (arguments.tear == 1) takeStoredTearLines(arguments, platform.folders);
+    runState().ModDosFont = DOSEFONTcHR{};
+    if (!exists(arguments.fileName)) {
+      tell(platform.messageBox, "File " + arguments.fileName + " does not exists");
       return false;
     }
-    job->start(documentNameOf(arguments.fileName), DocumentFormat::raw);
-    writePrintStream(arguments.fileName, streamSettings(arguments),
-                     [&](std::string_view piece) { job->write(piece); });
-    job->end();
-    return true;
-  } catch (const SpoolError& error) {
-    tell(platform.messageBox, howFarItCame(arguments, error));
+    // Opened before the printer, which is not to move its paper for a report that cannot be read.
+    InputFile file(arguments.fileName, "PrintFile");
+    if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
+    if (print(file, arguments, platform.spooler)) return true;
+    tell(platform.messageBox,
+         "The Printer Name (" + arguments.printerName + ") wasn't recognized.");
   } catch (const AutomationError& error) {
     tell(platform.messageBox, error.description());
   }

@@ -1,7 +1,6 @@
 #include "printing/print_stream.h"
 
 #include "util/control_strings.h"
-#include "util/output_file.h"
 
 namespace paperway {
 namespace {
@@ -77,12 +76,11 @@ void PrinterLines::end() {
   out_.clear();
 }
 
-void writePrintStream(const std::filesystem::path& file, const PrintStreamSettings& settings,
-                      const ByteSink& sink) {
+void writePrintStream(InputFile& file, const PrintStreamSettings& settings, const ByteSink& sink) {
   sendSetup(settings, sink);
   PrinterLines lines(sink);
   for (int copy = 0; copy < settings.copies; ++copy) {
-    readBlocks(file, "PrintFile", [&](std::string_view block) { lines.block(block); });
+    file.read([&](std::string_view block) { lines.block(block); });
     lines.end();
   }
   const std::string feed = std::string(40, ' ') + "\r\n";

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
+
+#include "util/input_file.h"
 
 namespace paperway {
 
@@ -49,7 +50,6 @@ class PrinterLines {
 
 /// The whole job: set-up, the report file as often as there are copies, the feed behind it. Memory
 /// does not grow with the file. An AutomationError when the file cannot be read.
-void writePrintStream(const std::filesystem::path& file, const PrintStreamSettings& settings,
-                      const ByteSink& sink);
+void writePrintStream(InputFile& file, const PrintStreamSettings& settings, const ByteSink& sink);
 
 }  // namespace paperway

@@ -125,28 +125,4 @@ void makeSureOfFile(const std::filesystem::path& path, const std::string& source
   std::fclose(file);
 }
 
-void readBlocks(const std::filesystem::path& path, const std::string& source,
-                const std::function<void(std::string_view)>& take) {
-  std::error_code status;
-  if (std::filesystem::is_directory(path, status)) raiseFileError("read", path, EISDIR, source);
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"),
-                                                             std::fclose);
-  if (!file) raiseFileError("read", path, errno, source);
-  std::setvbuf(file.get(), nullptr, _IONBF, 0);
-  std::vector<char> buffer(256 * 1024);
-  while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
-    take({buffer.data(), n});
-  }
-  if (std::ferror(file.get()) != 0) raiseFileError("read", path, errno, source);
-}
-
-std::string readFile(const std::filesystem::path& path, const std::string& source) {
-  std::string bytes;
-  std::error_code status;
-  const auto size = std::filesystem::file_size(path, status);
-  if (!status) bytes.reserve(size);
-  readBlocks(path, source, [&](std::string_view block) { bytes += block; });
-  return bytes;
-}
-
 }  // namespace paperway

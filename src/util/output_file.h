@@ -53,11 +53,4 @@ void replaceFile(const std::filesystem::path& target, std::string_view bytes,
 /// An empty file where there is none; what is there stays as it is.
 void makeSureOfFile(const std::filesystem::path& path, const std::string& source);
 
-/// The whole of a file's bytes; an AutomationError that names the file and the reason otherwise.
-std::string readFile(const std::filesystem::path& path, const std::string& source);
-
-/// The same, block by block, in memory that does not grow with the file.
-void readBlocks(const std::filesystem::path& path, const std::string& source,
-                const std::function<void(std::string_view)>& take);
-
 }  // namespace paperway

@@ -303,6 +303,11 @@ double leadingNumber(std::string_view text) {
   return negative && number != 0 ? -number : number;
 }
 
+std::int64_t wholeNumber(double number) {
+  constexpr double kFar = 1e15;
+  return static_cast<std::int64_t>(std::nearbyint(std::clamp(number, -kFar, kFar)));
+}
+
 double columnNumber(const ValueView& value) {
   switch (value.kind()) {
     case ValueView::Kind::real:

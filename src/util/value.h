@@ -114,6 +114,9 @@ std::string numberText(double number);
 /// read as far as they go; no number gives 0.
 double leadingNumber(std::string_view text);
 
+/// The nearest whole number, the even one of two that are as near; none is beyond 1E15.
+std::int64_t wholeNumber(double number);
+
 /// The number that a value stands for in a number column: null is 0, a number is itself at 15
 /// significant digits, any other value is its default text read by leadingNumber.
 double columnNumber(const ValueView& value);

@@ -9,6 +9,7 @@
 #include "backends/headless/headless.h"
 #include "support/error_of.h"
 #include "support/test_folder.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 
 namespace paperway {

@@ -3,7 +3,7 @@
 #include "contract/spooler_contract.h"
 #include "support/job_listener.h"
 #include "support/test_folder.h"
-#include "util/output_file.h"
+#include "util/input_file.h"
 
 namespace paperway {
 namespace {

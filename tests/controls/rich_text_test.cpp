@@ -6,6 +6,7 @@
 #include "controls/form.h"
 #include "support/test_folder.h"
 #include "util/automation_error.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 
 namespace paperway {

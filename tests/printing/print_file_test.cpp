@@ -65,14 +65,15 @@ TEST_F(PrintFileTest, TearOtherThanOneFeedsNothing) {
 
 TEST_F(PrintFileTest, SaysWhatStopsAJob) {
   const auto print = [&](const std::string& file, const std::string& printer) {
-    PrintFileArguments arguments{.fileName = file, .printerName = printer, .copies = 2};
+    PrintFileArguments arguments{
+        .fileName = file, .printerName = printer, .paperHeight = 12, .copies = 2};
     EXPECT_FALSE(PrintFile(arguments, machine_.platform()));
     return message();
   };
   EXPECT_EQ(print("/no/such/file", "Nobody"), "File /no/such/file does not exists");
   EXPECT_EQ(print(report_, "Nobody"), "The Printer Name (Nobody) wasn't recognized.");
   EXPECT_EQ(print(path(""), ""), "Cannot read \"" + path("") + "\": Is a directory.");
-  machine_.spooler.breaksAfter = printerSetup({.draft = true}).size() + text_.size() + 7;
+  machine_.spooler.breaksAfter = printerSetup({.paperHeight = 12, .draft = true}).size() + text_.size() + 7;
   EXPECT_EQ(print(report_, "Laser"), "The printer \"Laser\" took " +
                                          std::to_string(*machine_.spooler.breaksAfter) +
                                          " bytes of the job and no more: The printer went away."
@@ -95,7 +96,7 @@ TEST_F(PrintFileTest, LocalDosCopiesTheReportAndStartsTheUsersScript) {
       "#!/bin/sh\n# Sends a report to the printer. Made once; change it as you like.\n";
   run();
   EXPECT_EQ(bytesOf(script), head + "send \"Dot Matrix\" \"" + copy + "\"\n");
-  EXPECT_EQ(machine_.shell.started.at(0), (std::vector<std::string>{"/bin/sh", script}));
+  EXPECT_EQ(machine_.shell.started.at(0), (std::vector<std::string>{script}));
 
   replaceFile(script, "changed", "test");
   replaceFile(report_, "another", "test");

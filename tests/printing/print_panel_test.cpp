@@ -193,13 +193,15 @@ TEST_F(Panel, JobHasTheSettingsOfThePanel) {
   FrmReport& form = open("page\f");
   form.Ch12.Value = form.Ch17.Value = 1;
   form.ChDraft.Value = 0;
-  form.Text3.Text = "258";
+  form.Text3.Text = "2";
   form.CboPrinters.Text = "Laser";
   PrintStreamSettings expected{
       .paperHeight = 12, .condensed = true, .semiCondensed = true, .linesIn = 1};
   const std::string tail = std::string(40, ' ') + "\r\n";
   EXPECT_EQ(print(), printerSetup(expected) + "page\fpage\f" + tail);
   EXPECT_EQ(machine_.spooler.jobs.back()->printer, "Laser");
+  form.Text3.Text = "256";
+  EXPECT_EQ(form.Text3.Text, "255");
   form.Text3.Text = "0";
   EXPECT_EQ(print(), printerSetup(expected) + tail);
   form.Chtear.Value = 0;

@@ -6,6 +6,7 @@
 #include "support/job_listener.h"
 #include "support/table.h"
 #include "support/test_folder.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 
 namespace paperway::desktop {

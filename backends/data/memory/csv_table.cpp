@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "util/automation_error.h"
-#include "util/output_file.h"
+#include "util/input_file.h"
 #include "util/text.h"
 
 namespace paperway {

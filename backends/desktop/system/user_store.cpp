@@ -11,6 +11,7 @@
 
 #include "backends/desktop/system/user_directories.h"
 #include "util/automation_error.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 #include "util/text.h"
 
