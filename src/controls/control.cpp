@@ -79,6 +79,12 @@ bool Control::SetFocus() {
   return form.moveFocus(this);
 }
 
+bool Control::holds(const Control& other) const {
+  const Control* outer = other.container;
+  while (outer != nullptr && outer != this) outer = outer->container;
+  return outer != nullptr;
+}
+
 bool Control::shown() const {
   for (const Control* control = this; control != nullptr; control = control->container) {
     if (!control->Visible) return false;

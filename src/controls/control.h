@@ -86,6 +86,8 @@ class Control : public Geometry {
   /// Moves the focus here, as the user would.
   bool SetFocus();
 
+  /// The other one stands in it, directly or in a container of it.
+  bool holds(const Control& other) const;
   /// Visible, with every container of it.
   bool shown() const;
   /// Shown, enabled with every container and the form, and on the form's surface.

@@ -102,6 +102,12 @@ void FrmReport::loadReport() {
   PageText = PageTable(Rt1.loaded());
   CurrentPage = 0;
   showPage();
+  tellPageCount();
+}
+
+/// The print panel reads the number back.
+void FrmReport::tellPageCount() {
+  Tend.ToolTipText = "  " + std::to_string(PageCount()) + "  : Maximum ";
 }
 
 void FrmReport::tintLabels() {
@@ -109,7 +115,7 @@ void FrmReport::tintLabels() {
 }
 
 void FrmReport::Form_Activate() {
-  Tend.ToolTipText = "  " + std::to_string(PageCount()) + "  : Maximum ";
+  tellPageCount();
   Op[0].Value = true;
   arrange();
   if (Rt1.Tag != "a") CmdFst_Click();

@@ -112,6 +112,7 @@ class FrmReport : public Form {
   void readColors();
   void tintLabels();
   void loadReport();
+  void tellPageCount();
   void showPageNumber();
   bool shortcut(int keyCode, int shift);
   void escape();

@@ -24,8 +24,7 @@ std::array<Pass, 4> exportPasses(const DOSEFONTcHR& font) {
 }
 
 std::int16_t pageIndex(const std::string& text) {
-  const double number = std::clamp(leadingNumber(text), -1e15, 1e15);
-  return static_cast<std::int16_t>(static_cast<std::int64_t>(number) - 1);
+  return static_cast<std::int16_t>(wholeNumber(leadingNumber(text) - 1));
 }
 
 }  // namespace

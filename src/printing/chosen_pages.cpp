@@ -3,12 +3,14 @@
 #include <algorithm>
 
 #include "printing/drawn_page.h"
+#include "util/automation_error.h"
 #include "util/value.h"
 
 namespace paperway {
 namespace {
 
-constexpr std::size_t kMeasuredBytes = 64 << 20;
+constexpr std::size_t kMeasuredBytes = 16 << 20;
+constexpr std::int64_t kLastDrawn = INT16_MAX;  // index; a drawn range is told in 16 bits
 
 /// A report says its pitch once, in its first line.
 PrinterPitch pitchAt(const FrmReport& form, std::int64_t page) {
@@ -28,6 +30,20 @@ ReportExtent measure(const FrmReport& form, const PageRange& pages, PrinterPitch
   return scan.end();
 }
 
+[[noreturn]] void refuse(const std::string& reason) {
+  throw AutomationError(AutomationError::kInvalidCall, "PrintExport", reason);
+}
+
+void requirePages(const FrmReport& form) {
+  const PageRange pages = chosenPages(form);
+  const auto [first, last] = pages;
+  const bool isInside = first >= 0 && last < form.PageCount() && first <= last;
+  if (isInside && (!form.Op[2].Value || last <= kLastDrawn)) return;
+  refuse("The pages \"" + form.Tst.Text.get() + "\" to \"" + form.Tend.Text.get() +
+         "\" cannot be drawn: the report has the pages 1 to " + std::to_string(form.PageCount()) +
+         (isInside ? ", and a range can reach to " + std::to_string(kLastDrawn + 1) : "") + ".");
+}
+
 /// The form knows by CmdOk.Tag that its pages are being drawn.
 class Drawing {
  public:
@@ -45,19 +61,26 @@ class Drawing {
 
 }  // namespace
 
-std::int64_t wholeNumber(const std::string& text) {
-  constexpr double kFar = 1e15;
-  return static_cast<std::int64_t>(std::clamp(leadingNumber(text), -kFar, kFar));
-}
-
 PageRange chosenPages(const FrmReport& form) {
-  if (form.Op[2].Value) return {wholeNumber(form.Tst.Text) - 1, wholeNumber(form.Tend.Text) - 1};
+  if (form.Op[2].Value) {
+    return {wholeNumber(leadingNumber(form.Tst.Text.get()) - 1),
+            wholeNumber(leadingNumber(form.Tend.Text.get()) - 1)};
+  }
   if (form.Op[1].Value) return {form.CurrentPage, form.CurrentPage};
   return {0, form.PageCount() - 1};
 }
 
+/// The current page is printed as it is on show, with edits.
 ReportExtent extentOfChosen(const FrmReport& form, PrinterPitch pitch) {
-  return measure(form, chosenPages(form), pitch, false);
+  if (!form.Op[1].Value) return measure(form, chosenPages(form), pitch, false);
+  ExtentScan scan(pitch, false, form.CurrentPage + 1);
+  const TextBuffer& shown = form.Rt1.buffer();
+  for (std::size_t at = 0; at < std::min(shown.size(), kMeasuredBytes);) {
+    const std::string_view piece = shown.pieceAt(at).substr(0, kMeasuredBytes);
+    scan.block(piece);
+    at += piece.size();
+  }
+  return scan.end();
 }
 
 ReportExtent drawnExtentOfChosen(const FrmReport& form) {
@@ -66,12 +89,13 @@ ReportExtent drawnExtentOfChosen(const FrmReport& form) {
 }
 
 void drawChosenPages(FrmReport& form, StyledDocument document, PrintDevice& device) {
+  requirePages(form);
   const ReportExtent extent = drawnExtentOfChosen(form);
   document.width = extent.width;
   document.height = extent.height();
   const auto job = device.start(document);
   PrinterPitch pitch = pitchAt(form, chosenPages(form).first);
-  const std::int64_t copies = wholeNumber(form.Text3.Text);
+  const std::int64_t copies = wholeNumber(leadingNumber(form.Text3.Text.get()));
   PrintedPage page;
   std::int64_t asked = 0;  // each page comes once for every copy
   const Drawing drawing(form);
@@ -80,6 +104,8 @@ void drawChosenPages(FrmReport& form, StyledDocument document, PrintDevice& devi
     job->page(page);
   };
   form.PrintExport();
+  if (asked == 0)
+    refuse("There is nothing to print: no copy is asked for, or the pages are empty.");
   job->end();
 }
 

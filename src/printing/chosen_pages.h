@@ -21,15 +21,12 @@ struct PageRange {
 PageRange chosenPages(const FrmReport& form);
 
 /// What they ask of the paper: printed from this pitch on, or drawn at that of the report. Measures
-/// no more than their first 64 MB, for the pages of a report are much alike.
+/// no more than their first 16 MB, for the pages of a report are much alike.
 ReportExtent extentOfChosen(const FrmReport& form, PrinterPitch pitch);
 ReportExtent drawnExtentOfChosen(const FrmReport& form);
 
 /// Draws them, each as often as Text3 says, to the printer or the file of the document; its size is
-/// worked out here.
+/// worked out here. An AutomationError also when there is nothing to draw.
 void drawChosenPages(FrmReport& form, StyledDocument document, PrintDevice& device);
-
-/// The number that a text begins with, without its fraction.
-std::int64_t wholeNumber(const std::string& text);
 
 }  // namespace paperway

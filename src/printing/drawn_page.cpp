@@ -36,6 +36,8 @@ class LineDrawing {
     const bool isControl = static_cast<unsigned char>(bytes[0]) < ' ';
     if (isControl) flush(run);
     if (bytes[0] == '\t') tab();
+    if (bytes[0] == '\r') left_ = 0;
+    if (bytes[0] == '\b') left_ = std::max(0.0, left_ - 1 / pitch_.singleCpi());
     const std::size_t length = pitch_.command(bytes);
     if (length > 0) return length;
     if (!run.hidden) text_ += bytes[0];

@@ -4,6 +4,7 @@
 #include "platform/printers.h"
 #include "platform/shell.h"
 #include "util/automation_error.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 #include "util/shell_quote.h"
 
@@ -47,7 +48,9 @@ void printLocalDos(const std::string& reportPath, const Platform& platform,
   const fs::path script = platform.folders.work() / "Dosprn.sh";
   copyReport(reportPath, copy);
   if (!fs::exists(script)) makeScript(script, sendCommand(copy, platform.printers, device));
-  platform.shell.start({"/bin/sh", script.string()});
+  const bool runs = (fs::status(script).permissions() & fs::perms::owner_exec) != fs::perms::none;
+  platform.shell.start(runs ? std::vector{script.string()}
+                            : std::vector<std::string>{"/bin/sh", script.string()});
 }
 
 }  // namespace paperway

@@ -89,11 +89,12 @@ void ExtentScan::block(std::string_view bytes) {
   }
 }
 
-/// A line with a form feed has no line end on paper: what follows stands right behind it.
+/// A line with a form feed has no line end on paper: what follows stands right behind it. A drawn
+/// page begins with the rest of that line.
 void ExtentScan::line(std::string_view bytes) {
   if (bytes.ends_with('\r')) bytes.remove_suffix(1);
   measure(bytes);
-  if (bytes.find(kFormFeed) != std::string_view::npos) return;
+  if (!drawn_ && bytes.find(kFormFeed) != std::string_view::npos) return;
   ++lines_;
   width_ = 0;
   pitch_.command("\n");

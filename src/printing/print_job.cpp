@@ -1,5 +1,7 @@
 // The print panel's job: what is printed, and by which road.
 
+#include <algorithm>
+
 #include "platform/file_system.h"
 #include "platform/folders.h"
 #include "platform/message_box.h"
@@ -9,8 +11,16 @@
 #include "printing/print_file.h"
 #include "printing/print_panel.h"
 #include "util/automation_error.h"
+#include "util/value.h"
 
 namespace paperway {
+namespace {
+
+std::int64_t numberIn(const std::string& text) {
+  return wholeNumber(leadingNumber(text));
+}
+
+}  // namespace
 
 void PrintPanel::CmdOk_Click() {
   if (form_.OptWinMode.Value) {
@@ -60,16 +70,16 @@ void PrintPanel::PrintReport() {
   }
   const bool tears = form_.Chtear.Value != 0;
   const auto lines = [&](const ComboBox& box) {
-    return tears ? static_cast<std::uint8_t>(wholeNumber(box.Text)) : std::uint8_t{0};
+    return tears ? static_cast<std::uint8_t>(numberIn(box.Text)) : std::uint8_t{0};
   };
   PrintFileArguments arguments{
       .fileName = form_.PrintPartFile.empty() ? form_.ReportPath : form_.PrintPartFile,
       .printerName = form_.CboPrinters.Text,
-      .paperHeight = static_cast<std::int16_t>(wholeNumber(form_.ComPaperHeight.Text)),
+      .paperHeight = static_cast<std::int16_t>(numberIn(form_.ComPaperHeight.Text)),
       .draft = form_.ChDraft.Value == 1,
       .cond = static_cast<std::uint8_t>(form_.Ch17.Value),
       .semiCond = static_cast<std::uint8_t>(form_.Ch12.Value),
-      .copies = static_cast<std::uint8_t>(wholeNumber(form_.Text3.Text)),
+      .copies = static_cast<std::uint8_t>(numberIn(form_.Text3.Text)),
       .tear = static_cast<std::uint8_t>(form_.Chtear.Value),
       .linesIn = lines(form_.Comtear),
       .linesOut = lines(form_.ComtearOut)};
@@ -86,7 +96,7 @@ void PrintPanel::printStyled() {
   try {
     const std::string printer = platform_.printers.current();
     StyledDocument document{.name = documentNameOf(form_.ReportPath), .printer = printer};
-    document.settings = settingsOf(printer).value_or(PageSettings{});
+    document.settings = platform_.printers.settings(printer).value_or(PageSettings{});
     drawChosenPages(form_, document, platform_.printDevice);
     form_.Frame1.Visible = false;
   } catch (const AutomationError& error) {
@@ -95,20 +105,33 @@ void PrintPanel::printStyled() {
   }
 }
 
-std::optional<PageSettings> PrintPanel::settingsOf(const std::string& printer) {
-  return printer.empty() ? std::nullopt : platform_.printers.settings(printer);
+/// Asked of the print service once for each printer that is chosen: it may be slow.
+const std::optional<PageSettings>& PrintPanel::settings() {
+  const std::string printer = form_.CboPrinters.Text;
+  if (settingsOf_ == printer) return settings_;
+  settingsOf_ = printer;
+  const std::vector<std::string>& known = form_.CboPrinters.List();
+  const bool isKnown = std::find(known.begin(), known.end(), printer) != known.end();
+  settings_ = isKnown ? platform_.printers.settings(printer) : std::nullopt;
+  return settings_;
 }
 
 void PrintPanel::showFit() {
   if (!form_.Frame1.Visible) return;
-  const auto settings = settingsOf(form_.CboPrinters.Text);
-  const auto height = static_cast<std::int16_t>(wholeNumber(form_.ComPaperHeight.Text));
-  const PrinterPitch pitch(form_.Ch12.Value == 1, form_.Ch17.Value == 1);
-  form_.LbFit.Caption = fitLine(
-      form_.OptWinMode.Value
-          ? fitWarnings(drawnExtentOfChosen(form_), sheetRoom(settings.value_or(PageSettings{})))
-          : fitWarnings(extentOfChosen(form_, pitch), rawRoom(settings, height)));
+  form_.LbFit.Caption = fitText();
   form_.LbFit.ToolTipText = form_.LbFit.Caption;
+}
+
+std::string PrintPanel::fitText() {
+  const PageRange pages = chosenPages(form_);
+  if (pages.first > pages.last) return "No page of the report is chosen.";
+  if (form_.OptWinMode.Value) {
+    return fitLine(
+        fitWarnings(drawnExtentOfChosen(form_), sheetRoom(settings().value_or(PageSettings{}))));
+  }
+  const auto height = static_cast<std::int16_t>(numberIn(form_.ComPaperHeight.Text));
+  const PrinterPitch pitch(form_.Ch12.Value == 1, form_.Ch17.Value == 1);
+  return fitLine(fitWarnings(extentOfChosen(form_, pitch), rawRoom(settings(), height)));
 }
 
 }  // namespace paperway

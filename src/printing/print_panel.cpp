@@ -9,6 +9,7 @@ namespace paperway {
 namespace {
 
 constexpr int kCopiesTop = 100;  // copies are this less the scroll bar's value
+constexpr int kMostCopies = 255;
 constexpr Color kEnabledBox = 16777215;
 constexpr Color kDisabledBox = 14139134;
 constexpr int kIgnoredKey = 1;
@@ -55,6 +56,8 @@ void PrintPanel::bindLook() {
     Tend_Validate();
     cancel = form_.Tend.Tag == "0";
   };
+  form_.Tst.onChange = form_.Tend.onChange = [this] { showFit(); };
+  form_.Text3.onChange = [this] { Text3_Change(); };
   form_.CboPrinters.onChange = form_.CboPrinters.onClick = [this] { showFit(); };
   form_.ComPaperHeight.onChange = form_.ComPaperHeight.onClick = [this] { showFit(); };
 }
@@ -112,6 +115,7 @@ void PrintPanel::FillPrinterList() {
 
 void PrintPanel::CmdPrint_Click() {
   form_.Frame1.Visible = true;
+  settingsOf_.reset();
   showFit();
   ComboBox& printers = form_.CboPrinters;
   if (printers.ListCount() == 0) {
@@ -174,6 +178,13 @@ void PrintPanel::ChDraft_Click() {
 
 void PrintPanel::VScroll1_Change() {
   form_.Text3.Text = std::to_string(kCopiesTop - form_.VScroll1.Value);
+}
+
+/// The job knows no greater number.
+void PrintPanel::Text3_Change() {
+  if (leadingNumber(form_.Text3.Text.get()) > kMostCopies) {
+    form_.Text3.Text = std::to_string(kMostCopies);
+  }
 }
 
 void PrintPanel::Tst_KeyPress(int& key) const {

@@ -35,6 +35,7 @@ class PrintPanel {
   void Ch17_Click();
   void ChDraft_Click();
   void VScroll1_Change();
+  void Text3_Change();
   void Tst_KeyPress(int& key) const;
   void Tend_Validate();
 
@@ -61,10 +62,13 @@ class PrintPanel {
 
   /// Says in the panel what will not fit on the paper.
   void showFit();
-  std::optional<PageSettings> settingsOf(const std::string& printer);
+  std::string fitText();
+  const std::optional<PageSettings>& settings();
 
   FrmReport& form_;
   Platform platform_;
+  std::optional<std::string> settingsOf_;  // the printer whose settings are known
+  std::optional<PageSettings> settings_;
 };
 
 }  // namespace paperway

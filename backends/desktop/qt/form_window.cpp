@@ -174,8 +174,7 @@ void FormWindow::focusNewPanel() {
     openPanels_.push_back(&control);
     view->widget.raise();
     const auto inside = [&control](const Control* at) {
-      while (at != nullptr && at != &control) at = at->container;
-      return at != nullptr;
+      return at != nullptr && control.holds(*at);
     };
     if (inside(form_->activeControl())) continue;
     const std::vector<Control*> order = form_->tabOrder();

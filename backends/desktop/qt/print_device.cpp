@@ -184,6 +184,9 @@ std::unique_ptr<StyledJob> PrintDevice::start(const StyledDocument& document) {
   if (!document.file.empty()) {
     return std::make_unique<PdfJob>(document, std::make_unique<FileSink>(document.file));
   }
+  if (document.printer.empty()) {
+    throw AutomationError(AutomationError::kPathNotFound, "PrintExport", "There is no printer.");
+  }
   auto job = spooler_.open(document.printer);
   if (!job) throw SpoolError(document.printer, "There is no such printer");
   job->start(document.name, DocumentFormat::pdf);
