@@ -1,7 +1,14 @@
 #include "backends/desktop/cups/connection.h"
 
+#include <atomic>
+
 namespace paperway::desktop {
 namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::seconds kSilence{5};
+std::atomic<Clock::time_point> silentUntil{};
 
 int giveUp(http_t* /*connection*/, void* /*data*/) {
   return 0;
@@ -16,6 +23,7 @@ const char* noPassword(const char* /*prompt*/, http_t* /*connection*/, const cha
 }  // namespace
 
 CupsConnection connectToCups(std::chrono::milliseconds timeout) {
+  if (Clock::now() < silentUntil.load()) return nullptr;
   cupsSetPasswordCB2(noPassword, nullptr);
   CupsConnection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
                                          cupsEncryption(), 1, static_cast<int>(timeout.count()),
@@ -33,7 +41,12 @@ std::string cupsReason() {
 }
 
 CupsQueues::CupsQueues(http_t* connection) {
-  if (connection != nullptr) count_ = cupsGetDests2(connection, &queues_);
+  if (connection == nullptr) return;
+  count_ = cupsGetDests2(connection, &queues_);
+  const ipp_status_t status = cupsLastError();
+  failed_ =
+      count_ == 0 && status > IPP_STATUS_OK_CONFLICTING && status != IPP_STATUS_ERROR_NOT_FOUND;
+  if (failed_) silentUntil = Clock::now() + kSilence;
 }
 
 cups_dest_t* CupsQueues::find(const std::string& name) const {
@@ -51,6 +64,11 @@ std::string nameOf(const cups_dest_t& queue) {
 std::string optionOf(const cups_dest_t& queue, const char* option) {
   const char* value = cupsGetOption(option, queue.num_options, queue.options);
   return value == nullptr ? "" : value;
+}
+
+std::string mediaOf(const cups_dest_t& queue) {
+  const std::string media = optionOf(queue, "media");
+  return media.empty() ? optionOf(queue, "PageSize") : media;
 }
 
 bool isRaw(const cups_dest_t& queue) {

@@ -8,15 +8,19 @@
 
 namespace paperway::desktop {
 
-/// How long the print service may stand still.
+/// How long the print service may stand still: with a job, and when it is asked about its printers
+/// while somebody looks at a window.
 inline constexpr std::chrono::milliseconds kPrintServiceTimeout{30'000};
+inline constexpr std::chrono::milliseconds kPrintQueryTimeout{10'000};
 
 struct CloseConnection {
   void operator()(http_t* connection) const { httpClose(connection); }
 };
 using CupsConnection = std::unique_ptr<http_t, CloseConnection>;
 
-/// To the server that CUPS is set up for ($CUPS_SERVER). Nothing when it does not answer.
+/// To the server that CUPS is set up for ($CUPS_SERVER). Nothing when it does not answer, nor for
+/// some seconds after it has let a question about its queues go unanswered: one act of the user
+/// asks several times.
 CupsConnection connectToCups(std::chrono::milliseconds timeout);
 
 /// Why the last call failed.
@@ -35,15 +39,20 @@ class CupsQueues {
   cups_dest_t* begin() const { return queues_; }
   cups_dest_t* end() const { return queues_ + count_; }
   int count() const { return count_; }
+  /// The server did not say; there are none then.
+  bool failed() const { return failed_; }
 
  private:
   cups_dest_t* queues_ = nullptr;
   int count_ = 0;
+  bool failed_ = true;
 };
 
 std::string nameOf(const cups_dest_t& queue);
 /// Empty when it is not set.
 std::string optionOf(const cups_dest_t& queue, const char* option);
+/// The paper that the user has chosen for it.
+std::string mediaOf(const cups_dest_t& queue);
 /// A queue that hands every document on to its printer as it is.
 bool isRaw(const cups_dest_t& queue);
 

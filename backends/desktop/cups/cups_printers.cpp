@@ -42,8 +42,7 @@ std::optional<std::int16_t> paperNamed(std::string name) {
 }
 
 std::int16_t paperOf(http_t* connection, cups_dest_t& queue) {
-  std::string name = optionOf(queue, "media");
-  if (name.empty()) name = optionOf(queue, "PageSize");
+  std::string name = mediaOf(queue);
   if (name.empty()) name = defaultMedia(connection, queue);
   return paperNamed(name).value_or(PageSettings{}.PaperSize);
 }
@@ -99,6 +98,7 @@ void CupsPrinters::keep(const std::string& printer, const PageSettings& settings
   setOption(*queue, "orientation-requested", orientationOption(settings.Orientation));
   if (const Paper* const paper = paperByNumber(settings.PaperSize)) {
     setOption(*queue, "media", paper->mediaName);
+    queue->num_options = cupsRemoveOption("PageSize", queue->num_options, &queue->options);
   }
   setOption(*queue, "sides", "one-sided");
   if (cupsSetDests2(connection.get(), queues.count(), queues.begin()) != 0) {
@@ -110,6 +110,8 @@ void CupsPrinters::keep(const std::string& printer, const PageSettings& settings
 
 std::string CupsPrinters::sendCommand(const std::string& printer,
                                       const std::filesystem::path& file) {
+  const CupsConnection connection = connectToCups(timeout_);
+  if (CupsQueues(connection.get()).find(printer) == nullptr) return "";
   return "lp -d " + shellQuoted(printer) + " -o raw -- " + shellQuoted(file.string());
 }
 

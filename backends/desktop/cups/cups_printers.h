@@ -14,7 +14,7 @@ namespace paperway::desktop {
 /// programs of the user find them too.
 class CupsPrinters : public paperway::Printers {
  public:
-  explicit CupsPrinters(std::chrono::milliseconds timeout = kPrintServiceTimeout)
+  explicit CupsPrinters(std::chrono::milliseconds timeout = kPrintQueryTimeout)
       : timeout_(timeout) {}
 
   std::vector<PrinterInfo> list() override;

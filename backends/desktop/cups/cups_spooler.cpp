@@ -42,7 +42,7 @@ CupsJob::CupsJob(std::string printer, std::chrono::milliseconds timeout, CupsCon
       connection_(std::move(connection)),
       queue_(queue.name),
       raw_(isRaw(queue)),
-      media_(optionOf(queue, "media")),
+      media_(mediaOf(queue)),
       sides_(optionOf(queue, "sides")) {}
 
 // The connection may be in the middle of a document, or gone: the server is asked anew.
@@ -102,11 +102,11 @@ void CupsJob::end() {
 std::unique_ptr<PrintJob> CupsSpooler::open(const std::string& printer) {
   if (printer.empty()) return nullptr;
   CupsConnection connection = connectToCups(timeout_);
-  if (!connection) {
+  const CupsQueues queues(connection.get());
+  if (queues.failed()) {
     throw SpoolError(printer, std::string("The print service at ") + cupsServer() +
                                   " does not answer (" + cupsReason() + ")");
   }
-  const CupsQueues queues(connection.get());
   const cups_dest_t* const queue = queues.find(printer);
   if (queue == nullptr) return nullptr;
   return std::make_unique<CupsJob>(printer, timeout_, std::move(connection), *queue);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <ctime>
 #include <poll.h>
@@ -17,7 +18,7 @@ std::string systemReason(int error) {
 int millisecondsUntil(std::chrono::steady_clock::time_point until) {
   const auto left =
       std::chrono::ceil<std::chrono::milliseconds>(until - std::chrono::steady_clock::now());
-  return static_cast<int>(std::max<std::chrono::milliseconds::rep>(left.count(), 0));
+  return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(left.count(), 0, INT_MAX));
 }
 
 ssize_t writeQuietly(int fd, std::string_view bytes) {

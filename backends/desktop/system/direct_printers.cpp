@@ -6,6 +6,7 @@
 
 #include "backends/desktop/system/user_directories.h"
 #include "util/automation_error.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 #include "util/shell_quote.h"
 
@@ -96,7 +97,10 @@ std::vector<std::string> DirectPrinterFile::lines() const {
   if (!std::filesystem::exists(path_, ignored)) return {};
   std::istringstream text(readFile(path_, "Printers"));
   std::vector<std::string> lines;
-  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  for (std::string line; std::getline(text, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    lines.push_back(line);
+  }
   return lines;
 }
 
@@ -124,10 +128,11 @@ std::optional<DirectPrinter> DirectPrinterFile::find(const std::string& name) co
 
 void DirectPrinterFile::add(const DirectPrinter& printer) const {
   parseTarget(printer.target);
-  if (printer.name.empty() || printer.name.starts_with('#') || holdsControl(printer.name) ||
-      holdsControl(printer.target)) {
+  if (printer.name.empty() || printer.name.starts_with('#') || holdsControl(printer.name)) {
     refuse("\"" + printer.name + "\" cannot be the name of a printer.");
   }
+  if (holdsControl(printer.target))
+    refuse("A target cannot hold a tab or another control character.");
   std::vector<std::string> kept = lines();
   const auto place = std::find_if(kept.begin(), kept.end(), namesPrinter(printer.name));
   if (place != kept.end()) {
@@ -147,16 +152,20 @@ bool DirectPrinterFile::remove(const std::string& name) const {
 
 std::vector<PrinterInfo> DirectPrinters::list() {
   std::vector<PrinterInfo> infos;
-  for (const DirectPrinter& printer : file_.read()) {
-    infos.push_back({printer.name, printer.target, true});
+  try {
+    for (const DirectPrinter& printer : file_.read()) {
+      infos.push_back({printer.name, printer.target, true});
+    }
+  } catch (const AutomationError&) {
+    // Told when a job looks for its printer; a report can be read without any.
   }
   return infos;
 }
 
 std::string DirectPrinters::current() {
   if (!current_.empty()) return current_;
-  const auto printers = file_.read();
-  return printers.empty() ? "" : printers.front().name;
+  const auto printers = list();
+  return printers.empty() ? "" : printers.front().DeviceName;
 }
 
 std::optional<PageSettings> DirectPrinters::settings(const std::string& /*printer*/) {

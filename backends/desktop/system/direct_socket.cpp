@@ -51,7 +51,11 @@ int SocketJob::tryAddress(const addrinfo& address, Clock::time_point until) {
   if (error == EINPROGRESS) {
     pollfd waiting{fd_, POLLOUT, 0};
     socklen_t size = sizeof error;
-    if (poll(&waiting, 1, millisecondsUntil(until)) <= 0) {
+    int ready = 0;
+    do {
+      ready = poll(&waiting, 1, millisecondsUntil(until));
+    } while (ready < 0 && errno == EINTR);
+    if (ready <= 0) {
       error = ETIMEDOUT;
     } else {
       getsockopt(fd_, SOL_SOCKET, SO_ERROR, &error, &size);
