@@ -140,7 +140,8 @@ void printRaw(const PrintOptions& options) {
   Machine machine;
   UserPrinters user;
   StoppableSpooler spooler(user.spooler);
-  const Platform platform = machine.platform().with(spooler, user.printers, machine.platform().printDevice);
+  const Platform screenless = machine.platform();
+  const Platform platform = screenless.with(spooler, user.printers, screenless.printDevice);
   const FileToPrint part(options, platform.folders);
   const std::string file = part.path();
   PrintFileArguments arguments{.fileName = file,

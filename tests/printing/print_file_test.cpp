@@ -73,7 +73,8 @@ TEST_F(PrintFileTest, SaysWhatStopsAJob) {
   EXPECT_EQ(print("/no/such/file", "Nobody"), "File /no/such/file does not exists");
   EXPECT_EQ(print(report_, "Nobody"), "The Printer Name (Nobody) wasn't recognized.");
   EXPECT_EQ(print(path(""), ""), "Cannot read \"" + path("") + "\": Is a directory.");
-  machine_.spooler.breaksAfter = printerSetup({.paperHeight = 12, .draft = true}).size() + text_.size() + 7;
+  machine_.spooler.breaksAfter =
+      printerSetup({.paperHeight = 12, .draft = true}).size() + text_.size() + 7;
   EXPECT_EQ(print(report_, "Laser"), "The printer \"Laser\" took " +
                                          std::to_string(*machine_.spooler.breaksAfter) +
                                          " bytes of the job and no more: The printer went away."

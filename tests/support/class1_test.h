@@ -8,6 +8,7 @@
 #include "facade/run_state.h"
 #include "support/error_of.h"
 #include "support/test_folder.h"
+#include "util/input_file.h"
 #include "util/output_file.h"
 
 namespace paperway {
