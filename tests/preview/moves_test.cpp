@@ -33,27 +33,6 @@ TEST_F(Moves, OnePageShowsAgainAndDisables) {
   EXPECT_FALSE(form->CmdNxt.Enabled);
 }
 
-TEST_F(Moves, GoToAPage) {
-  open(pages(6));
-  const std::tuple<const char*, int, bool> cases[] = {{"4\r", 4, false},  {"0\r", 4, true},
-                                                      {"7\r", 4, true},   {"\r", 4, true},
-                                                      {"x6\r", 6, false}, {"12\b\r", 1, false}};
-  auto& shown = machine.messageBox.shown;
-  for (const auto& [keys, page, message] : cases) {
-    shown.clear();
-    user().focus("Text4");
-    EXPECT_EQ(form->Text2.Text, "") << "leaving the box clears it";
-    user().type("Text2", keys);
-    EXPECT_EQ(form->LbPageNo.Caption, "Page " + std::to_string(page) + "/6") << keys;
-    EXPECT_EQ(form->Rt1.Text, "page " + std::to_string(page) + "\r\n\f") << keys;
-    ASSERT_EQ(shown.size(), message ? 1u : 0u) << keys;
-    EXPECT_TRUE(!message || (shown[0].text == " Select Valid PageNo...!" &&
-                             shown[0].icon == MessageBox::Icon::critical));
-  }
-  EXPECT_EQ(form->LBPage.Caption, "1") << "from before the first go-to";
-  EXPECT_FALSE(form->CmdBck.Enabled) << "untouched since the window opened";
-}
-
 class Search : public ReportWindow {
  protected:
   /// What a search for the text marks: 'B' bold, 'c' coloured only, '.' nothing.

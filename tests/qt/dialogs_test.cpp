@@ -5,14 +5,13 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTimer>
-#include <clocale>
 #include <functional>
 #include <gtest/gtest.h>
 
 #include "backends/desktop/qt/clipboard.h"
 #include "backends/desktop/qt/shell.h"
+#include "support/error_of.h"
 #include "support/test_folder.h"
-#include "util/automation_error.h"
 #include "util/output_file.h"
 
 namespace paperway {
@@ -55,29 +54,26 @@ TEST_F(DialogsTest, OpensAFileThatExists) {
 }
 
 TEST_F(DialogsTest, SavesUnderTheExtensionOfTheFilter) {
-  struct Case {
-    const char* name;
-    int filter;
-    const char* saved;
-  };
-  const Case cases[] = {
+  const std::tuple<const char*, int, const char*> cases[] = {
       {"out", 0, "out.rtf"}, {"out", 1, "out.txt"}, {"out.TXT", 0, "out.TXT"}, {"a.b", 1, "a.b"}};
-  for (const Case& c : cases) {
-    answer<QFileDialog>([&c](QFileDialog& dialog) {
-      dialog.selectNameFilter(dialog.nameFilters()[c.filter]);
-      emit dialog.filterSelected(dialog.nameFilters()[c.filter]);
-      enter(dialog, QString::fromLatin1(c.name));
+  for (const auto& [name, filter, saved] : cases) {
+    answer<QFileDialog>([typed = name, index = filter](QFileDialog& dialog) {
+      const QString chosen = dialog.nameFilters()[index];
+      dialog.selectNameFilter(chosen);
+      emit dialog.filterSelected(chosen);
+      enter(dialog, QString::fromLatin1(typed));
     });
-    EXPECT_EQ(dialogs.saveFile(question), folder.path / c.saved) << c.name;
+    EXPECT_EQ(dialogs.saveFile(question), folder.path / saved) << name;
   }
 }
 
 TEST_F(DialogsTest, CancellingGivesNothing) {
-  answer<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  const auto cancel = [] { answer<QDialog>([](QDialog& dialog) { dialog.reject(); }); };
+  cancel();
   EXPECT_EQ(dialogs.openFile(question), std::nullopt);
-  answer<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  cancel();
   EXPECT_EQ(dialogs.saveFile({}), std::nullopt);
-  answer<QColorDialog>([](QColorDialog& dialog) { dialog.reject(); });
+  cancel();
   EXPECT_EQ(dialogs.color(255), std::nullopt);
 }
 
@@ -99,16 +95,8 @@ TEST(ClipboardOnTheDesktop, KeepsText) {
 TEST(ShellOnTheDesktop, NamesWhatItCannotStart) {
   qt::Shell shell;
   EXPECT_THROW(shell.start({}), AutomationError);
-  try {
-    shell.start({"no-such-program-here"});
-    FAIL();
-  } catch (const AutomationError& error) {
-    EXPECT_NE(std::string(error.what()).find("no-such-program-here"), std::string::npos);
-  }
-}
-
-TEST(Application, KeepsThePointOfNumbers) {
-  EXPECT_STREQ(std::localeconv()->decimal_point, ".");
+  const std::string error = errorOf([&shell] { shell.start({"no-such-program-here"}); });
+  EXPECT_NE(error.find("no-such-program-here"), std::string::npos);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
-#include <utility>
+#include <map>
 
 #include "backends/desktop/qt/control_view.h"
 #include "backends/desktop/qt/convert.h"
@@ -25,27 +25,16 @@ Qt::KeyboardModifiers modifiers(int shift) {
   Qt::KeyboardModifiers all;
   if ((shift & smShift) != 0) all |= Qt::ShiftModifier;
   if ((shift & smCtrl) != 0) all |= Qt::ControlModifier;
-  if ((shift & smAlt) != 0) all |= Qt::AltModifier;
   return all;
 }
 
 Qt::Key qtKey(int keyCode) {
-  static constexpr std::pair<int, Qt::Key> kKeys[] = {
-      {keyBack, Qt::Key_Backspace},    {keyTab, Qt::Key_Tab},       {keyReturn, Qt::Key_Return},
-      {keyControl, Qt::Key_Control},   {keyEscape, Qt::Key_Escape}, {keyPageUp, Qt::Key_PageUp},
-      {keyPageDown, Qt::Key_PageDown}, {keyEnd, Qt::Key_End},       {keyHome, Qt::Key_Home},
-      {keyLeft, Qt::Key_Left},         {keyUp, Qt::Key_Up},         {keyRight, Qt::Key_Right},
-      {keyDown, Qt::Key_Down},         {keyDelete, Qt::Key_Delete}, {keyAdd, Qt::Key_Plus},
-      {keySubtract, Qt::Key_Minus},
-  };
-  for (const auto& [code, key] : kKeys) {
-    if (code == keyCode) return key;
-  }
-  return static_cast<Qt::Key>(keyCode);
-}
-
-Qt::MouseButton qtButton(int button) {
-  return button == mbRight ? Qt::RightButton : Qt::LeftButton;
+  static const std::map<int, Qt::Key> keys = {{keyReturn, Qt::Key_Return},
+                                              {keyHome, Qt::Key_Home},
+                                              {keyEnd, Qt::Key_End},
+                                              {keyDown, Qt::Key_Down}};
+  const auto known = keys.find(keyCode);
+  return known == keys.end() ? static_cast<Qt::Key>(keyCode) : known->second;
 }
 
 }  // namespace
@@ -68,7 +57,8 @@ QWidget& QtUser::mouseTarget(std::string_view control) const {
 void QtUser::click(std::string_view control, int button, int shift) {
   QWidget& target = mouseTarget(control);
   const QPoint place(std::min(8, target.width() / 2), target.height() / 2);
-  QTest::mouseClick(&target, qtButton(button), modifiers(shift), place);
+  const Qt::MouseButton pressed = button == mbRight ? Qt::RightButton : Qt::LeftButton;
+  QTest::mouseClick(&target, pressed, modifiers(shift), place);
 }
 
 void QtUser::doubleClick(std::string_view control) {
@@ -136,9 +126,26 @@ void QtUser::chooseFromMenu(std::string_view item) {
   ADD_FAILURE() << item << " is not on the menu";
 }
 
-void QtUser::tick(std::string_view timer) {
-  window_.act([&] { form_.get<Timer>(timer).tick(); });
+namespace {
+
+void expectValue(const Control& control, const QWidget& widget) {
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+    if (control.kind != ControlKind::picture) {
+      EXPECT_EQ(button->text(), qt::caption(control.Caption));
+    }
+    const auto* box = dynamic_cast<const CheckBox*>(&control);
+    const auto* option = dynamic_cast<const OptionButton*>(&control);
+    EXPECT_EQ(button->isChecked(), box ? box->Value != 0 : option && option->Value);
+  } else if (const auto* line = dynamic_cast<const TextBox*>(&control)) {
+    EXPECT_EQ(qt::utf8(qobject_cast<const QLineEdit*>(&widget)->text()), line->Text.get());
+  } else if (const auto* list = dynamic_cast<const ComboBox*>(&control)) {
+    const auto& combo = dynamic_cast<const QComboBox&>(widget);
+    EXPECT_EQ(qt::utf8(combo.currentText()), list->Text.get());
+    EXPECT_EQ(combo.count(), list->ListCount());
+  }
 }
+
+}  // namespace
 
 void expectAgreement(const qt::FormWindow& window) {
   const Form& form = window.form();
@@ -152,26 +159,7 @@ void expectAgreement(const qt::FormWindow& window) {
     EXPECT_EQ(widget.isEnabledTo(widget.parentWidget()), control->Enabled);
     EXPECT_EQ(widget.geometry(), qt::pixels(*control));
     EXPECT_FALSE(widget.accessibleName().isEmpty());
-    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
-      if (control->kind != ControlKind::picture) {
-        EXPECT_EQ(button->text(), qt::caption(control->Caption));
-      }
-    }
-    if (control->kind == ControlKind::checkBox) {
-      EXPECT_EQ(dynamic_cast<const QAbstractButton&>(widget).isChecked(),
-                static_cast<const CheckBox*>(control)->Value != 0);
-    } else if (control->kind == ControlKind::optionButton) {
-      EXPECT_EQ(dynamic_cast<const QAbstractButton&>(widget).isChecked(),
-                static_cast<const OptionButton*>(control)->Value.get());
-    } else if (control->kind == ControlKind::textBox) {
-      EXPECT_EQ(qt::utf8(dynamic_cast<const QLineEdit&>(widget).text()),
-                static_cast<const TextBox*>(control)->Text.get());
-    } else if (control->kind == ControlKind::comboBox) {
-      const auto& box = *static_cast<const ComboBox*>(control);
-      const auto& combo = dynamic_cast<const QComboBox&>(widget);
-      EXPECT_EQ(qt::utf8(combo.currentText()), box.Text.get());
-      EXPECT_EQ(combo.count(), box.ListCount());
-    }
+    expectValue(*control, widget);
   }
   const Control* active = form.activeControl();
   if (active != nullptr && active->reachable()) {

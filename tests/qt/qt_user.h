@@ -23,7 +23,6 @@ class QtUser {
   void choose(std::string_view comboBox, std::string_view entry);
   void scroll(std::string_view scrollBar, int value);
   void chooseFromMenu(std::string_view item);
-  void tick(std::string_view timer);
 
   /// The widget that mouse and keys go to.
   QWidget& widget(std::string_view control) const;

@@ -99,7 +99,7 @@ TEST_F(ReportViewTest, PlacesAndOffsetsAgree) {
   EXPECT_EQ(view.pointOf(20).x() % 8, view.pointOf(19).x() % 8) << "a tab ends at a column";
 }
 
-TEST_F(ReportViewTest, MouseMovesCaretAndSelects) {
+TEST_F(ReportViewTest, TheMouseMovesTheCaretAndSelects) {
   show("first words\r\nsecond line\r\n");
   QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, inside(3));
   EXPECT_EQ(box.caret(), 3u);
@@ -107,25 +107,17 @@ TEST_F(ReportViewTest, MouseMovesCaretAndSelects) {
   EXPECT_EQ(selected(), "st words\r\nse");
   QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, inside(0));
   EXPECT_EQ(box.caret(), 15u) << "Ctrl belongs to the form";
-
-  QTest::mousePress(view.viewport(), Qt::LeftButton, {}, inside(6));
-  QTest::mouseMove(view.viewport(), inside(19));
+  QTest::mousePress(view.viewport(), Qt::LeftButton, {}, inside(16));
+  QMouseEvent dragged(QEvent::MouseMove, inside(19), view.mapToGlobal(inside(19)), Qt::NoButton,
+                      Qt::LeftButton, {});
+  QApplication::sendEvent(view.viewport(), &dragged);
+  EXPECT_EQ(selected(), "ond");
   QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, inside(19));
+
   QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, inside(7));
   EXPECT_EQ(selected(), "words");
   QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, inside(7));
   EXPECT_EQ(selected(), "first words\r\n") << "a third click takes the line";
-}
-
-TEST_F(ReportViewTest, DraggingSelects) {
-  show("first words\r\nsecond line\r\n");
-  QMouseEvent pressed(QEvent::MouseButtonPress, inside(2), view.mapToGlobal(inside(2)),
-                      Qt::LeftButton, Qt::LeftButton, {});
-  QMouseEvent moved(QEvent::MouseMove, inside(8), view.mapToGlobal(inside(8)), Qt::NoButton,
-                    Qt::LeftButton, {});
-  QApplication::sendEvent(view.viewport(), &pressed);
-  QApplication::sendEvent(view.viewport(), &moved);
-  EXPECT_EQ(selected(), "rst wo");
 }
 
 TEST_F(ReportViewTest, WheelAndKeysScroll) {
@@ -177,11 +169,6 @@ TEST_F(ReportViewTest, ClipboardLeavesOutWhatIsHidden) {
   box.Locked = false;
   press(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(box.Text, "x\r\ny\x80");
-  press(Qt::Key_Z, Qt::ControlModifier);
-  press(Qt::Key_A, Qt::ControlModifier);
-  press(Qt::Key_X, Qt::ControlModifier);
-  EXPECT_EQ(box.Text, "");
-  EXPECT_EQ(QApplication::clipboard()->text(), "abc\r\nd");
 }
 
 TEST_F(ReportViewTest, AnotherPageBeginsAtItsTopAndKeepsItsPlaceSideways) {
@@ -212,14 +199,6 @@ TEST_F(ReportViewTest, TextsOfAnyLengthAreDrawn) {
   show("");
   EXPECT_EQ(view.offsetAt({200, 200}), 0u);
   EXPECT_FALSE(view.grab().isNull());
-}
-
-TEST(ControlCharacters, HaveLettersAndNames) {
-  EXPECT_EQ(qt::controlLetter('\x1B'), '[');
-  EXPECT_EQ(qt::controlLetter('\x0F'), 'O');
-  EXPECT_EQ(qt::controlLetter('\x7F'), '?');
-  EXPECT_EQ(qt::controlName('\x1B'), "ESC (27)");
-  EXPECT_EQ(qt::controlName('\x7F'), "DEL (127)");
 }
 
 }  // namespace
