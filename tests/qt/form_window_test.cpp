@@ -43,7 +43,10 @@ TEST_F(FormWindowTest, FiltersOfKeysHoldForPastedTextToo) {
   EXPECT_EQ(form->Text1.Text, "34");
 }
 
-TEST_F(FormWindowTest, ValidationKeepsTheFocusFromTab) {
+TEST_F(FormWindowTest, KeysAHandlerTakesAndTabsThatValidationRefusesDoNothing) {
+  form->Rt1.onKeyDown = [](int& key, int) { key = key == 'X' ? 0 : key; };
+  user.type("Rt1", "xyz");
+  EXPECT_EQ(form->Rt1.Text, "yz");
   user.type("Text1", "0");
   QTest::keyClick(focused(), Qt::Key_Tab);
   EXPECT_EQ(form->activeControl(), &form->Text1);
@@ -79,12 +82,6 @@ TEST_F(FormWindowTest, APanelTakesTheFocusAndGivesItBack) {
   form->CmdOpen.onClick = [this] { form->CmdOpen.Enabled = false; };
   user.click("CmdOpen");
   EXPECT_EQ(form->activeControl(), &form->Rt1) << "a disabled control lets the focus go";
-}
-
-TEST_F(FormWindowTest, KeysThatAHandlerTakesDoNothing) {
-  form->Rt1.onKeyDown = [](int& key, int) { key = key == 'X' ? 0 : key; };
-  user.type("Rt1", "xyz");
-  EXPECT_EQ(form->Rt1.Text, "yz");
 }
 
 TEST_F(FormWindowTest, AnErrorOfAHandlerIsTold) {
@@ -141,33 +138,24 @@ TEST_F(FormWindowTest, RunEndsWithTheLastWindow) {
 }
 
 TEST(MessageBoxOnTheDesktop, ShowsTextsAsTheyStand) {
-  using Box = MessageBox;
-  const struct {
-    Box::Buttons buttons;
-    Box::Icon icon;
-    QMessageBox::Icon drawn;
-    QMessageBox::StandardButton press;  // none: Esc
-    Box::Answer answer;
-  } cases[] = {
-      {Box::Buttons::yesNo, Box::Icon::none, QMessageBox::NoIcon, QMessageBox::Yes,
-       Box::Answer::yes},
-      {Box::Buttons::yesNo, Box::Icon::information, QMessageBox::Information, QMessageBox::No,
-       Box::Answer::no},
-      {Box::Buttons::yesNo, Box::Icon::none, QMessageBox::NoIcon, QMessageBox::NoButton,
-       Box::Answer::no},
-      {Box::Buttons::ok, Box::Icon::critical, QMessageBox::Critical, QMessageBox::NoButton,
-       Box::Answer::ok},
-  };
-  for (const auto& c : cases) {
-    QTimer::singleShot(0, [&c] {
+  using Buttons = MessageBox::Buttons;
+  using Icon = MessageBox::Icon;
+  using Answer = MessageBox::Answer;
+  constexpr auto kEsc = QMessageBox::NoButton;
+  const std::tuple<Buttons, Icon, QMessageBox::Icon, QMessageBox::StandardButton, Answer> cases[] =
+      {{Buttons::yesNo, Icon::none, QMessageBox::NoIcon, QMessageBox::Yes, Answer::yes},
+       {Buttons::yesNo, Icon::information, QMessageBox::Information, QMessageBox::No, Answer::no},
+       {Buttons::yesNo, Icon::none, QMessageBox::NoIcon, kEsc, Answer::no},
+       {Buttons::ok, Icon::critical, QMessageBox::Critical, kEsc, Answer::ok}};
+  for (const auto& [buttons, icon, drawn, press, answer] : cases) {
+    QTimer::singleShot(0, [expected = drawn, pressed = press] {
       auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       EXPECT_EQ(box->windowTitle() + "|" + box->text(), "Title | Select <b>Page</b>...!");
-      EXPECT_EQ(box->icon(), c.drawn);
-      if (c.press == QMessageBox::NoButton) return box->reject();
-      QTest::mouseClick(box->button(c.press), Qt::LeftButton);
+      EXPECT_EQ(box->icon(), expected);
+      if (pressed == kEsc) return box->reject();
+      QTest::mouseClick(static_cast<QWidget*>(box->button(pressed)), Qt::LeftButton);
     });
-    EXPECT_EQ(qt::MessageBox().show(" Select <b>Page</b>...!", "Title ", c.buttons, c.icon),
-              c.answer);
+    EXPECT_EQ(qt::MessageBox().show(" Select <b>Page</b>...!", "Title ", buttons, icon), answer);
   }
 }
 
