@@ -1,38 +1,30 @@
 // Reports on their way through a report window to the queues.
 
 #include <QGuiApplication>
-#include <array>
-#include <cstdio>
-#include <gtest/gtest.h>
 #include <regex>
-#include <vector>
 
 #include "backends/desktop/cups/cups_printers.h"
 #include "backends/desktop/cups/cups_spooler.h"
 #include "backends/desktop/qt/print_device.h"
-#include "backends/headless/headless.h"
 #include "cups/cups_desk.h"
-#include "facade/class1.h"
-#include "facade/run_state.h"
 #include "preview/frm_report.h"
 #include "printing/print_stream.h"
-#include "util/output_file.h"
+#include "support/class1_test.h"
 
 namespace paperway {
 namespace {
 
-class ReportPrint : public testing::Test {
+class ReportPrint : public Class1Test {
  protected:
   ReportPrint() {
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    runState() = RunState();
     replaceFile(report_, text_, "test");
     machine_.messageBox.answers.assign(8, MessageBox::Answer::yes);
   }
 
   FrmReport& open(const std::string& printer) {
-    class1_.PrinterName = printer;
-    class1_.PreviewReport({.Path1 = report_, .RPrint = 1});
+    host_.PrinterName = printer;
+    host_.PreviewReport({.Path1 = report_, .RPrint = 1});
     form_ = std::dynamic_pointer_cast<FrmReport>(machine_.windows.forms.back());
     form_->Op[2].Value = true;
     form_->Tst.Text = "2";
@@ -42,20 +34,17 @@ class ReportPrint : public testing::Test {
   }
 
   std::string run(const std::string& command) {
-    std::string said;
-    std::array<char, 4096> buffer;
-    std::FILE* const pipe = popen(command.c_str(), "r");
-    while (const std::size_t size = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-      said.append(buffer.data(), size);
-    }
-    EXPECT_EQ(pclose(pipe), 0) << command;
-    return said;
+    EXPECT_EQ(std::system((command + " > " + path("said")).c_str()), 0) << command;
+    return bytesOf(path("said"));
   }
 
-  std::string keepPdf(const std::string& bytes) {
-    const std::string file = folder_.path / "received.pdf";
-    replaceFile(file, bytes, "test");
-    return file;
+  /// Prints drawn pages; the file that the printer got.
+  std::string printDrawn() {
+    open("Drawn").OptWinMode.Value = true;
+    form_->CmdOk.onClick();
+    EXPECT_EQ(machine_.messageBox.shown.size(), 1U) << machine_.messageBox.shown.back().text;
+    replaceFile(path("received.pdf"), desk->drawn.take().value_or(""), "test");
+    return path("received.pdf");
   }
 
   struct Word {  // place in points
@@ -75,14 +64,12 @@ class ReportPrint : public testing::Test {
   int argc_ = 1;
   char name_[5] = "test";
   char* argv_[2] = {name_, nullptr};
-  TestFolder folder_;
-  headless::Headless machine_{folder_.path};
   desktop::CupsSpooler spooler_;
   desktop::CupsPrinters printers_;
   qt::PrintDevice device_{spooler_};
-  Class1 class1_{machine_.platform().with(spooler_, printers_, device_)};
+  Class1 host_{machine_.platform().with(spooler_, printers_, device_)};
   std::shared_ptr<FrmReport> form_;
-  const std::string report_ = folder_.path / "sales.txt";
+  const std::string report_ = path("sales.txt");
   const std::string text_ =
       "first\r\n\f\r\n\033EPage No # 0002\033F\r\n\017caf\xE9 17.5 \022end\r\n\f\r\n"
       "last page\r\n\f\r\n";
@@ -97,11 +84,7 @@ TEST_F(ReportPrint, RangeAndCopiesArriveAtTheRawQueue) {
 
 TEST_F(ReportPrint, StyledPagesArriveAsPdfWithTheirText) {
   QGuiApplication application(argc_, argv_);
-  open("Drawn").OptWinMode.Value = true;
-  form_->CmdOk.onClick();
-  EXPECT_EQ(machine_.messageBox.shown.size(), 1U) << machine_.messageBox.shown.back().text;
-  const std::string pdf = desk->drawn.take().value_or("");
-  EXPECT_EQ(run("pdftotext -layout " + keepPdf(pdf) + " -"),
+  EXPECT_EQ(run("pdftotext -layout " + printDrawn() + " -"),
             "Page No # 0002\ncafé 17.5 end\n\fPage No # 0002\ncafé 17.5 end\n\f"
             "last page\n\flast page\n\f");
 }
@@ -109,19 +92,16 @@ TEST_F(ReportPrint, StyledPagesArriveAsPdfWithTheirText) {
 TEST_F(ReportPrint, OrientationThatWasSetIsReadByTheNextPrint) {
   QGuiApplication application(argc_, argv_);
   printers_.setCurrent("Drawn");
-  class1_.Set_Orientation("L", 9);
-  open("Drawn").OptWinMode.Value = true;
-  form_->CmdOk.onClick();
-  const std::string pdf = desk->drawn.take().value_or("");
-  const Word first = wordsOf(keepPdf(pdf)).at(0);
+  host_.Set_Orientation("L", 9);
+  const Word first = wordsOf(printDrawn()).at(0);
   EXPECT_GT(first.bottom - first.top, first.right - first.left) << "turned on an upright sheet";
   EXPECT_NEAR(first.right, 210 / 25.4 * 72 - 30, 5) << "of A4";
-  class1_.Set_Orientation("P", 1);
+  host_.Set_Orientation("P", 1);
 }
 
 TEST_F(ReportPrint, CharactersStandAtTheirPitchAndLinesSixToTheInch) {
   QGuiApplication application(argc_, argv_);
-  const std::filesystem::path file = folder_.path / "out.pdf";
+  const std::string file = path("out.pdf");
   const auto job =
       device_.start({.name = "pitch", .file = file, .settings = {1, 1}, .width = 8, .height = 11});
   job->page({{{.text = std::string(80, 'x'), .left = 0, .cpi = 10}},
