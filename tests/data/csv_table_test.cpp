@@ -1,7 +1,5 @@
 #include "backends/data/memory/csv_table.h"
 
-#include <gtest/gtest.h>
-
 #include "support/error_of.h"
 #include "support/expect_each.h"
 

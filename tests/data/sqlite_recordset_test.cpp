@@ -1,7 +1,6 @@
 #include "backends/data/sqlite/sqlite_recordset.h"
 
 #include <fstream>
-#include <gtest/gtest.h>
 #include <sqlite3.h>
 
 #include "support/error_of.h"

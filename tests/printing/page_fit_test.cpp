@@ -1,7 +1,6 @@
 #include "printing/page_fit.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 
 #include "support/expect_each.h"
 

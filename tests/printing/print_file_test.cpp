@@ -1,6 +1,5 @@
 #include "printing/print_file.h"
 
-#include <gtest/gtest.h>
 #include <numeric>
 
 #include "facade/settings_store.h"

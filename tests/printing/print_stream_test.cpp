@@ -1,6 +1,5 @@
 #include "printing/print_stream.h"
 
-#include <gtest/gtest.h>
 #include <iomanip>
 #include <random>
 #include <sstream>

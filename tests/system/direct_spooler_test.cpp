@@ -1,10 +1,9 @@
 #include "backends/desktop/system/direct_spooler.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "support/expect_each.h"
 #include "support/job_listener.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 #include "util/input_file.h"
 #include "util/output_file.h"
@@ -41,25 +40,26 @@ TEST_F(Direct, PrinterThatFailsSaysWhyAndHowFarTheJobCame) {
   const std::string fifo = folder_.path / "fifo";
   ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
 
-  using Row = std::tuple<std::string, std::string, std::uint64_t, std::uint64_t>;
-  const auto cases = table(
-      Row{"socket://127.0.0.1:1", "127.0.0.1 port 1: Connection refused", 0, 0},
-      Row{"socket://no.such.host.invalid", "Cannot find \"no.such.host.invalid\": ", 0, 0},
-      Row{"socket://" + hangsUp.address(), "It closed the connection", 1, 40 * kMegabyte},
-      Row{"socket://" + neverReads.address(), "It took nothing for 0.3 seconds", 1, 40 * kMegabyte},
-      Row{"file:///dev/full", "No space left on device", 0, 0},
-      Row{"file:///dev/no/such/printer", "/dev/no/such/printer: No such file or directory", 0, 0},
-      Row{"file://" + fifo, fifo + ": No such device or address", 0, 0},
-      Row{"file://" + fifo + "/file",
-          "Cannot write \"" + fifo + "/file\": no new file can be made in \"" + fifo + "\": Not a",
-          0, 0},
-      Row{"|exit 3", "Its command ended with status 3", 0, kMegabyte},
-      Row{"|kill -9 $$", "Its command was ended by signal 9", 0, kMegabyte},
-      Row{"|head -c 1048576", "Its command stopped reading", kMegabyte, 2 * kMegabyte},
-      Row{"|sleep 1000", "It took nothing for 0.3 seconds", 1, kMegabyte},
-      Row{"|cat; sleep 1000", "It took nothing for 0.3 seconds", 50 * kMegabyte, 50 * kMegabyte},
-      Row{"|cat; exit 7", "Its command ended with status 7", 50 * kMegabyte, 50 * kMegabyte});
-  for (const auto& [target, reason, least, most] : cases) {
+  struct Case {
+    std::string target, reason;
+    std::uint64_t least = 0, most = 0;  // bytes that it took
+  };
+  for (const auto& [target, reason, least, most] :
+       {Case{"socket://127.0.0.1:1", "127.0.0.1 port 1: Connection refused"},
+        Case{"socket://no.such.host.invalid", "Cannot find \"no.such.host.invalid\": "},
+        Case{"socket://" + hangsUp.address(), "It closed the connection", 1, 40 * kMegabyte},
+        Case{"socket://" + neverReads.address(), "It took nothing for 0.3 seconds", 1,
+             40 * kMegabyte},
+        Case{"file:///dev/full", "No space left on device"},
+        Case{"file:///dev/no/such/printer", "/dev/no/such/printer: No such file or directory"},
+        Case{"file://" + fifo, fifo + ": No such device or address"},
+        Case{"file://" + fifo + "/file", "Cannot write \"" + fifo + "/file\": no new file can be"},
+        Case{"|exit 3", "Its command ended with status 3", 0, kMegabyte},
+        Case{"|kill -9 $$", "Its command was ended by signal 9", 0, kMegabyte},
+        Case{"|head -c 1048576", "Its command stopped reading", kMegabyte, 2 * kMegabyte},
+        Case{"|sleep 1000", "It took nothing for 0.3 seconds", 1, kMegabyte},
+        Case{"|cat; sleep 1000", "It took nothing for 0.3 seconds", 50 * kMegabyte, 50 * kMegabyte},
+        Case{"|cat; exit 7", "Its command ended with status 7", 50 * kMegabyte, 50 * kMegabyte}}) {
     const SpoolError error = failureOf(target, 50);
     EXPECT_EQ(error.reason().substr(0, reason.size()), reason) << target;
     EXPECT_GE(error.accepted(), least) << target;
@@ -98,23 +98,18 @@ TEST_F(Direct, PrintersAreKeptInAFileThatPeopleCanEdit) {
 }
 
 TEST_F(Direct, TargetsAreCheckedBeforeTheyAreKept) {
-  using Row = std::tuple<const char*, const char*, const char*>;
-  const auto cases = table(
-      Row{"socket://printer", "printer", "9100"}, Row{"socket://10.0.0.7:515/", "10.0.0.7", "515"},
-      Row{"socket://[fe80::1]", "fe80::1", "9100"}, Row{"socket://[::1]:91", "::1", "91"},
-      Row{"file:///dev/usb/lp0", "/dev/usb/lp0", ""},
-      Row{"|cat > '/tmp/a b'", "cat > '/tmp/a b'", ""}, Row{"socket://", nullptr, ""},
-      Row{"socket://host:port", nullptr, ""}, Row{"file://relative", nullptr, ""},
-      Row{"| ", nullptr, ""}, Row{"lpt1", nullptr, ""});
-  for (const auto& [target, place, port] : cases) {
-    if (place == nullptr) {
-      EXPECT_THROW(parseTarget(target), AutomationError) << target;
-      continue;
-    }
-    EXPECT_EQ(parseTarget(target).place, place);
-    EXPECT_EQ(parseTarget(target).port, port);
+  const auto placeAndPort = [](const char* target) {
+    return parseTarget(target).place + "; " + parseTarget(target).port;
+  };
+  expectEach(placeAndPort, Row{"socket://printer", "printer; 9100"},
+             Row{"socket://10.0.0.7:515/", "10.0.0.7; 515"},
+             Row{"socket://[fe80::1]", "fe80::1; 9100"}, Row{"socket://[::1]:91", "::1; 91"},
+             Row{"file:///dev/usb/lp0", "/dev/usb/lp0; "},
+             Row{"|cat > '/tmp/a b'", "cat > '/tmp/a b'; "});
+  for (const char* target : {"socket://", "socket://host:port", "file://relative", "| ", "lpt1"}) {
+    EXPECT_THROW(parseTarget(target), AutomationError) << target;
   }
-  for (const char* name : table("", "#1", "a\tb", "a\nb")) {
+  for (const char* name : {"", "#1", "a\tb", "a\nb"}) {
     EXPECT_THROW(file_.add({name, "|cat"}), AutomationError) << name;
   }
 }

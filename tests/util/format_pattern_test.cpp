@@ -1,6 +1,5 @@
 #include "util/format_pattern.h"
 
-#include <gtest/gtest.h>
 #include <limits>
 #include <random>
 

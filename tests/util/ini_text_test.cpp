@@ -1,7 +1,5 @@
 #include "util/ini_text.h"
 
-#include <gtest/gtest.h>
-
 #include "support/expect_each.h"
 
 namespace paperway {

@@ -1,7 +1,5 @@
 #include "util/text.h"
 
-#include <gtest/gtest.h>
-
 #include "support/expect_each.h"
 #include "support/table.h"
 #include "util/code_page.h"

@@ -1,7 +1,6 @@
 #include "util/value.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 #include <limits>
 #include <random>
 
