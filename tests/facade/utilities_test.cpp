@@ -59,9 +59,10 @@ TEST_F(Utilities, EncryptTextShiftsByThePasswordAndDecryptTextBack) {
 
 TEST_F(Utilities, ColourBytes) {
   const auto parts = [&](std::int32_t color) {
-    return class1_.RgbR(color) * 1000000 + class1_.RgbG(color) * 1000 + class1_.RgbB(color);
+    return std::vector<int>{class1_.RgbR(color), class1_.RgbG(color), class1_.RgbB(color)};
   };
-  expectEach(parts, Row{8388736, 128000128}, Row{0x1030201, 1002003}, Row{-256, 255255});
+  expectEach(parts, Row{8388736, std::vector{128, 0, 128}}, Row{0x1030201, std::vector{1, 2, 3}},
+             Row{-256, std::vector{0, 255, 255}});
 }
 
 TEST_F(Utilities, ExtremesOfNumbersAndTextsThatSayOne) {

@@ -56,10 +56,11 @@ TEST_F(Panel, StartsInTheStoredModeAndWritesNothing) {
     EXPECT_EQ(form.OptDosLocal.Visible, localDos == "T");
     EXPECT_EQ(form.Check5.Value, localDos == "T" ? 1 : 0);
     EXPECT_EQ(form.FrmWin.Enabled, mode == "W");
-    return form.OptCharMode.Value * 100 + form.OptWinMode.Value * 10 + form.OptDosLocal.Value;
+    return std::string(form.OptCharMode.Value ? "D" : "") + (form.OptWinMode.Value ? "W" : "") +
+           (form.OptDosLocal.Value ? "L" : "");
   };
-  expectEach(chosen, Row{"D", "F", 100}, Row{"W", "F", 10}, Row{"L", "F", 100}, Row{"L", "T", 1},
-             Row{"D", "T", 100});
+  expectEach(chosen, Row{"D", "F", "D"}, Row{"W", "F", "W"}, Row{"L", "F", "D"}, Row{"L", "T", "L"},
+             Row{"D", "T", "D"});
 }
 
 TEST_F(Panel, WritesWhatTheUserChooses) {

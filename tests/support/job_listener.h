@@ -1,11 +1,11 @@
 #pragma once
 
 #include <chrono>
-#include <condition_variable>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <optional>
 #include <queue>
+#include <semaphore>
 #include <string>
 #include <sys/socket.h>
 #include <thread>
@@ -46,10 +46,8 @@ class JobListener {
 
   /// The next job that came whole.
   std::optional<std::string> take() {
-    std::unique_lock lock(mutex_);
-    if (!arrived_.wait_for(lock, std::chrono::seconds(60), [&] { return !jobs_.empty(); })) {
-      return std::nullopt;
-    }
+    if (!arrived_.try_acquire_for(std::chrono::seconds(60))) return std::nullopt;
+    const std::lock_guard lock(mutex_);
     std::string job = std::move(jobs_.front());
     jobs_.pop();
     return job;
@@ -79,7 +77,7 @@ class JobListener {
     }
     const std::lock_guard lock(mutex_);
     jobs_.push(std::move(job));
-    arrived_.notify_one();
+    arrived_.release();
   }
 
   const Manner manner_;
@@ -87,7 +85,7 @@ class JobListener {
   int port_ = 0;
   std::thread thread_;
   std::mutex mutex_;
-  std::condition_variable arrived_;
+  std::counting_semaphore<> arrived_{0};
   std::queue<std::string> jobs_;
 };
 

@@ -76,7 +76,6 @@ class PrivateCups {
     cupsSetServer(server_.c_str());
   }
 
-  const std::string& server() const { return server_; }
   std::string errors() const {
     std::ifstream log(at("log/error"));
     return {std::istreambuf_iterator<char>(log), {}};
