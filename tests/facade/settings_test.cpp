@@ -92,8 +92,6 @@ TEST_F(Settings, OfTheReportViewHaveDefaultsAndKeepTheirSpelling) {
   settings.setColor(ReportViewKey::Cond, 0xFFFFFF);
   settings.setFlag(ReportViewKey::chSearch, false);
   settings.setText(ReportViewKey::Ttt, TearLines::toText("3", "5"));
-  EXPECT_EQ(settings.color(ReportViewKey::Cond), 0xFFFFFFU);
-  EXPECT_FALSE(settings.flag(ReportViewKey::chSearch));
   EXPECT_EQ(settings.tearLines().out, 5);
   EXPECT_EQ(bytes(), "[reportview]\r\nTtt=0305\r\nCond=16777215\r\nbold=red\r\nchSearch=0\r\n");
 }
