@@ -26,7 +26,7 @@ class ReportWindowContract : public testing::Test {
     form = openReportWindow(desk.platform(), report);
   }
   ~ReportWindowContract() override {
-    if (form->loaded()) desk.expectAgreement(*form);
+    desk.expectAgreement(*form);
     form->unload();
   }
 

@@ -55,12 +55,11 @@ TEST(Caption, AccessKeysAndPlainTexts) {
 }
 
 TEST(CommonDialog, KeepsItsAnswersWhenCancelled) {
-  HeadlessDesk desk;
-  headless::Dialogs& dialogs = desk.machine.dialogs;
+  headless::Dialogs dialogs;
   CommonDialog dialog(dialogs);
   dialog.Filter = " Txt File(*.txt)|*.txt;*.prn|All|*";
-  dialogs.files = {"/tmp/a.txt", std::nullopt};
-  dialogs.colors = {255, std::nullopt};
+  dialogs.files = {"/tmp/a.txt"};
+  dialogs.colors = {255};
   for (int i = 0; i < 2; ++i) {
     dialog.ShowOpen();
     dialog.ShowColor();

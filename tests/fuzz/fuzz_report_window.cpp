@@ -44,24 +44,18 @@ class Walk {
                                               "Check1", "Check2", "Check3", "Op(1)",   "lb1"};
     RichTextBox& page = form_->Rt1;
     const auto code = static_cast<unsigned char>(command);
-    const std::size_t middle = page.buffer().size() / 2;
     if (command == 'g') return user.type("Text2", std::to_string(code % 9) + "\r");
     if (command == 'p') return form_->PrintExport();
     if (command == 'x') return user.type("Rt1", "\303\251\r");
     if (command == 't') return user.tick("Timer1");
     if (command == 'r') return user.resize(14400 + code, 9000);
-    if (command == 's') return search(user, "o");
+    if (command == 's') return user.type("Text4", "\b\bo\r");
     if (command == 'm') return chooseFromMenu(user, "pppp");
-    if (command == 'q' || command == 'h') page.selectWord(middle);
+    if (command == 'q' || command == 'h') page.selectWord(page.buffer().size() / 2);
     if (command == 'q') return chooseFromMenu(user, "cccc");
     if (command == 'h') return chooseFromMenu(user, "ht");
     if (code < 0x60) return user.press("Rt1", code, code >= 0x40 ? smCtrl : code & smShift);
     user.click(kClicks[code % std::size(kClicks)]);
-  }
-
-  void search(headless::User& user, const char* text) {
-    form_->Text4.Text = text;
-    user.type("Text4", "\r");
   }
 
   void chooseFromMenu(headless::User& user, const char* item) {

@@ -99,23 +99,6 @@ TEST_F(Load, RunsThePrintStepsInTheirPlaces) {
   EXPECT_EQ(log, "tear mode 11 list");
 }
 
-TEST_F(Load, ColorsComeFromTheSettingsFile) {
-  load(pages(1));
-  const ReportViewSettings stored = form->settings();
-  const Color defaults[] = {8388608, 128, 0, 8388736, 16777215, 33023, 255};
-  for (int i = 0; i < 7; ++i) EXPECT_EQ(form->TXt[i].BackColor, defaults[i]) << i;
-  EXPECT_EQ(form->ChSearch.Value, 1);
-  stored.setColor(ReportViewKey::RepotBackColor, 123);
-  stored.setColor(ReportViewKey::Cond, 77);
-  stored.setFlag(ReportViewKey::chSearch, false);
-  stored.setFlag(ReportViewKey::ChHighlighte, true);
-  load(pages(1));
-  EXPECT_EQ(form->Rt1.BackColor, 123u);
-  EXPECT_EQ(form->Lb[3].ForeColor, 77u);
-  EXPECT_EQ(form->ChSearch.Value, 0);
-  EXPECT_EQ(form->ChHighlighte.Value, 1);
-}
-
 TEST_F(Load, OffersTheGoToBoxFromSixPagesOn) {
   for (const int count : {1, 5, 6, 7}) {
     load(pages(count));

@@ -71,6 +71,8 @@ TEST_F(Search, MarksEveryHitButOneAtTheBeginning) {
   open("one\fxone\f");
   user().click("Check3");
   EXPECT_EQ(search("one"), ".....BBB.") << "the whole file in the continuous view";
+  user().click("CmdNxt");
+  EXPECT_EQ(form->Rt1.Text, "xone\f") << "the page buttons go on working";
 }
 
 TEST_F(Search, EscapeStopsItAtTheNextRound) {

@@ -52,19 +52,14 @@ TEST_F(Styles, MarksAreHiddenAndTheTextBetweenThemStyled) {
   }
 }
 
-TEST_F(Styles, MarksAreWhiteOnAnyBackground) {
+TEST_F(Styles, MarksAreWhiteOnAnyBackgroundWhileTheVisualSwitchIsOn) {
   load("x");
   form->settings().setColor(ReportViewKey::RepotBackColor, 0);
-  load("\033Ea\033F\f");
+  open("\033Ea\033F\f\017b\022\f");
   EXPECT_EQ(form->Rt1.formats().at(0), (CharFormat{.size = 1, .color = 16777215}));
-}
-
-TEST_F(Styles, PlainWithoutTheVisualSwitch) {
-  open("\017a\022\f\017b\022\f");
   user().click("Check1");
   user().click("CmdNxt");
   EXPECT_EQ(looks(form->Rt1), "....");
-  EXPECT_EQ(form->Rt1.SelLength, 0) << "the selection stays where it is";
 }
 
 TEST_F(Styles, ZoomSizes) {

@@ -11,23 +11,12 @@ TEST_F(Tools, EditingLastsUntilThePageIsShownAnew) {
   EXPECT_EQ(form->Check1.Value, 0) << "a plain press shows the marks of pages to come";
   EXPECT_TRUE(form->Rt1.typeText("My "));
   EXPECT_EQ(form->Rt1.Text, "My age 1\r\n\f") << "in place of the selected character";
-  EXPECT_EQ(form->PageText[0], "page 1\r\n");
   user().click("CmdFst");
   EXPECT_EQ(form->Rt1.Text, "page 1\r\n\f");
   user().click("Check2");
   EXPECT_TRUE(form->Rt1.Locked);
   form->Check2.mouseDown({mbRight, smShift, 0, 0});
   EXPECT_EQ(form->Check1.Value, 1);
-}
-
-TEST_F(Tools, ContinuousViewHoldsTheFileAsItStands) {
-  const std::string file = "\017a\022\fb\f\r\n";
-  open(file);
-  user().click("Check3");
-  EXPECT_EQ(form->Rt1.Text, file);
-  EXPECT_EQ(form->Rt1.formats().runCount(), 0u);
-  user().click("CmdNxt");
-  EXPECT_EQ(form->Rt1.Text, "b\f") << "the page buttons go on working";
 }
 
 TEST_F(Tools, ImportOpensAnyTextFile) {
@@ -70,17 +59,20 @@ TEST_F(Tools, MenuHighlightsAndWhileEditingPastes) {
 
 TEST_F(Tools, ColorChangesAreKept) {
   open("abc\f");
+  const Color defaults[] = {8388608, 128, 0, 8388736, 16777215, 33023, 255};
+  for (int i = 0; i < 7; ++i) EXPECT_EQ(form->TXt[i].BackColor, defaults[i]) << i;
+  EXPECT_EQ(form->ChSearch.Value, 1);
   user().click("Label4");
-  machine.dialogs.colors = {111, 222, 333};
+  machine.dialogs.colors = {111, 333};
   form->ChSearch.Value = 0;
   EXPECT_TRUE(form->settings().flag(ReportViewKey::chSearch)) << "not written by its click";
-  for (const char* box : {"TXt(0)", "TXt(2)", "TXt(4)"}) user().doubleClick(box);
-  EXPECT_EQ(form->Rt1.BackColor, kWhite) << "until the next load";
-  EXPECT_EQ(form->settings().color(ReportViewKey::BBold), 111u);
-  EXPECT_EQ(form->settings().color(ReportViewKey::RepotBackColor), 333u);
-  EXPECT_FALSE(form->settings().flag(ReportViewKey::chSearch));
-  user().doubleClick("TXt(1)");
+  for (const char* box : {"TXt(3)", "TXt(4)", "TXt(1)"}) user().doubleClick(box);
   EXPECT_EQ(form->TXt[1].BackColor, 128u) << "cancelled";
+  EXPECT_EQ(form->Rt1.BackColor, kWhite) << "until the next load";
+  load("abc\f");
+  EXPECT_EQ(form->Rt1.BackColor, 333u);
+  EXPECT_EQ(form->Lb[3].ForeColor, 111u);
+  EXPECT_EQ(form->ChSearch.Value, 0);
 }
 
 TEST_F(Tools, CalculatorStandsLowerUnderTheMouse) {

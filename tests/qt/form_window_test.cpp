@@ -127,13 +127,13 @@ TEST_F(FormWindowTest, WaitingEventsRunWithinAHandler) {
   EXPECT_TRUE(stopped);
 }
 
-TEST_F(FormWindowTest, RunEndsWithTheLastWindow) {
+TEST(WindowsOnTheDesktop, RunEndsWithTheLastOne) {
+  QtDesk desk;
   const auto only = std::make_shared<SampleForm>();
-  qt::Windows windows;
   only->load();
-  windows.show(only);
-  QTimer::singleShot(0, [&] { windows.window(*only)->close(); });
-  windows.run();
+  desk.windows.show(only);
+  QTimer::singleShot(0, [&] { desk.windows.window(*only)->close(); });
+  desk.windows.run();
   EXPECT_EQ(only->log, "load front closed ");
 }
 

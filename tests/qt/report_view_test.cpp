@@ -56,18 +56,6 @@ std::string lines(int count) {
   return text;
 }
 
-TEST_F(ReportViewTest, HiddenMarksTakeNoRoom) {
-  show(
-      "ab\x1B"
-      "Ecd");
-  const int cell = view.pointOf(1).x() - view.pointOf(0).x();
-  EXPECT_EQ(view.pointOf(4).x() - view.pointOf(2).x(), 2 * cell) << "in the open each has a cell";
-  hide(2, 4);
-  view.sync();
-  EXPECT_EQ(view.pointOf(4), view.pointOf(2));
-  EXPECT_EQ(view.pointOf(5).x() - view.pointOf(2).x(), cell);
-}
-
 TEST_F(ReportViewTest, LinesAreAsHighAsTheirGreatestCharacters) {
   show("big\r\nsmall\r\nsmall\r\nbase and small\r\nlast");
   box.format(0, 3, {.size = 20});
@@ -96,6 +84,7 @@ TEST_F(ReportViewTest, PlacesAndOffsetsAgree) {
     const QPoint point = view.pointOf(offset) + QPoint(1, 3);
     EXPECT_EQ(view.pointOf(view.offsetAt(point)), view.pointOf(offset)) << offset;
   }
+  EXPECT_EQ(view.pointOf(1), view.pointOf(0)) << "a hidden mark takes no room";
   EXPECT_EQ(view.pointOf(20).x() % 8, view.pointOf(19).x() % 8) << "a tab ends at a column";
 }
 
