@@ -151,8 +151,7 @@ TEST_F(RichText, AgreesWithAPlainListOfCharacters) {
   const auto below = [&random](std::size_t n) { return n == 0 ? 0 : random() % n; };
   for (int round = 0; round < 60; ++round) {
     std::string text;
-    const std::size_t size = round == 0 ? 3 * ByteIndex::kBlock + 100 : below(400);
-    while (text.size() < size) text += "aAbB-\351\311\r\n\f\033"[below(11)];
+    for (std::size_t i = below(400); i > 0; --i) text += "aAbB-\351\311\r\n\f\033"[below(11)];
     box.Text = text;
     std::vector<CharFormat> formats(text.size());
     for (int step = 0; step < 60; ++step) {
@@ -194,6 +193,19 @@ TEST_F(RichText, AgreesWithAPlainListOfCharacters) {
       ASSERT_EQ(box.Find(needle, 0, static_cast<std::int64_t>(text.size())),
                 found == std::string::npos ? -1 : static_cast<std::int64_t>(found));
     }
+  }
+}
+
+TEST(ByteIndex, AgreesAcrossBlocks) {
+  constexpr std::size_t kBlock = ByteIndex::kBlock;
+  const std::size_t places[] = {0, kBlock - 1, kBlock, 2 * kBlock + 7, 3 * kBlock + 99};
+  std::string bytes(3 * kBlock + 100, ' ');
+  for (const std::size_t at : places) bytes[at] = '\n';
+  const auto text = SharedText::of(bytes);
+  for (std::uint64_t i = 0; i < std::size(places); ++i) {
+    EXPECT_EQ(text->lineEnds().position(bytes, i), places[i]);
+    EXPECT_EQ(text->lineEnds().countBefore(bytes, places[i]), i);
+    EXPECT_EQ(text->lineEnds().countBefore(bytes, places[i] + 1), i + 1);
   }
 }
 

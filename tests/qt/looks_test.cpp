@@ -75,10 +75,8 @@ class Looks : public testing::Test {
   Looks() {
     startRun();
     form = makeReportWindow(desk.platform(), std::string(12, '\f'));
-    for (Control* control : std::initializer_list<Control*>{&form->JeweledButton1, &form->CmdPrint,
-                                                            &form->Label8, &form->Label10}) {
-      if (!control->onClick) control->onClick = [] {};  // as if all that it offers were there
-    }
+    form->JeweledButton1.onClick = form->CmdPrint.onClick = form->Label8.onClick =
+        form->Label10.onClick = [] {};  // as if all that it offers were there
     form->load();
     desk.windows.show(form);
   }
