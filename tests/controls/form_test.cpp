@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "controls/common_dialog.h"
 #include "support/error_of.h"
 #include "support/headless_desk.h"
 #include "support/sample_form.h"
@@ -52,24 +51,6 @@ TEST(Caption, AccessKeysAndPlainTexts) {
     EXPECT_EQ(accessKeyOf(caption), key) << caption;
     EXPECT_EQ(captionText(caption), text) << caption;
   }
-}
-
-TEST(CommonDialog, KeepsItsAnswersWhenCancelled) {
-  headless::Dialogs dialogs;
-  CommonDialog dialog(dialogs);
-  dialog.Filter = " Txt File(*.txt)|*.txt;*.prn|All|*";
-  dialogs.files = {"/tmp/a.txt"};
-  dialogs.colors = {255};
-  for (int i = 0; i < 2; ++i) {
-    dialog.ShowOpen();
-    dialog.ShowColor();
-    EXPECT_EQ(dialog.FileName, "/tmp/a.txt");
-    EXPECT_EQ(dialog.Color, 255u);
-  }
-  const auto& filters = dialogs.questions.front().filters;
-  ASSERT_EQ(filters.size(), 2u);
-  EXPECT_EQ(filters[0].description, "Txt File(*.txt)");
-  EXPECT_EQ(filters[0].patterns, (std::vector<std::string>{"*.txt", "*.prn"}));
 }
 
 }  // namespace

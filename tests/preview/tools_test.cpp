@@ -9,7 +9,7 @@ TEST_F(Tools, EditingLastsUntilThePageIsShownAnew) {
   open(pages(2));
   user().click("Check2");
   EXPECT_EQ(form->Check1.Value, 0) << "a plain press shows the marks of pages to come";
-  EXPECT_TRUE(form->Rt1.typeText("My "));
+  user().type("Rt1", "My ");
   EXPECT_EQ(form->Rt1.Text, "My age 1\r\n\f") << "in place of the selected character";
   user().click("CmdFst");
   EXPECT_EQ(form->Rt1.Text, "page 1\r\n\f");
@@ -24,13 +24,18 @@ TEST_F(Tools, ImportOpensAnyTextFile) {
   user().click("CmdLast");
   user().click("CmdImport");
   EXPECT_EQ(form->LbPageNo.Caption, "Page 3/3") << "cancelled with no earlier name";
-  machine.dialogs.files = {write("other.txt", "no form feed"), folder.path / "missing.txt"};
-  user().click("CmdImport");
-  EXPECT_EQ(machine.dialogs.questions.back().title,
-            "[ TXT File Only ]Select A File From Which To Retrive Data");
-  EXPECT_ANY_THROW(user().click("CmdImport"));
-  EXPECT_EQ(form->Rt1.Text, "no form feed\f");
+  machine.dialogs.files = {write("other.txt", "no form feed"), std::nullopt};
+  for (const char* cancelled : {"no", "yes, the name before holds"}) {
+    user().click("CmdImport");
+    EXPECT_EQ(form->Rt1.Text, "no form feed\f") << cancelled;
+  }
   EXPECT_EQ(form->LbPageNo.Caption, "Page 1/1");
+  machine.dialogs.files = {folder.path / "missing.txt"};
+  EXPECT_ANY_THROW(user().click("CmdImport"));
+  const FileQuestion& asked = machine.dialogs.questions.back();
+  EXPECT_EQ(asked.title, "[ TXT File Only ]Select A File From Which To Retrive Data");
+  EXPECT_EQ(asked.filters[0].description, "Txt File(*.txt)");
+  EXPECT_EQ(asked.filters[0].patterns, std::vector<std::string>{"*.txt"});
 }
 
 TEST_F(Tools, MenuHighlightsAndWhileEditingPastes) {
