@@ -24,10 +24,11 @@ TEST_F(Tools, ImportOpensAnyTextFile) {
   user().click("CmdLast");
   user().click("CmdImport");
   EXPECT_EQ(form->LbPageNo.Caption, "Page 3/3") << "cancelled with no earlier name";
-  machine.dialogs.files = {write("other.txt", "no form feed"), std::nullopt};
-  for (const char* cancelled : {"no", "yes, the name before holds"}) {
+  machine.dialogs.files = {folder.path / "other.txt"};
+  for (const char* text : {"no form feed", "cancelled: the name before holds"}) {
+    write("other.txt", text);
     user().click("CmdImport");
-    EXPECT_EQ(form->Rt1.Text, "no form feed\f") << cancelled;
+    EXPECT_EQ(form->Rt1.Text, std::string(text) + "\f");
   }
   EXPECT_EQ(form->LbPageNo.Caption, "Page 1/1");
   machine.dialogs.files = {folder.path / "missing.txt"};
