@@ -19,6 +19,7 @@ class DeskForAll : public testing::Environment {
  public:
   void SetUp() override {
     if (!PrivateCups::canRun()) GTEST_SKIP() << "There is no /usr/sbin/cupsd.";
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
     desk = std::make_unique<Desk>();
   }
   void TearDown() override { desk.reset(); }

@@ -16,7 +16,6 @@ namespace {
 class ReportPrint : public Class1Test {
  protected:
   ReportPrint() {
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
     replaceFile(report_, text_, "test");
     machine_.messageBox.answers.assign(8, MessageBox::Answer::yes);
   }
@@ -58,6 +57,7 @@ class ReportPrint : public Class1Test {
   int argc_ = 1;
   char name_[5] = "test";
   char* argv_[2] = {name_, nullptr};
+  QGuiApplication application_{argc_, argv_};
   desktop::CupsSpooler spooler_;
   desktop::CupsPrinters printers_;
   qt::PrintDevice device_{spooler_};
@@ -69,14 +69,12 @@ class ReportPrint : public Class1Test {
 };
 
 TEST_F(ReportPrint, StyledPagesArriveAsPdfWithTheirText) {
-  QGuiApplication application(argc_, argv_);
   EXPECT_EQ(run("pdftotext -layout " + printDrawn() + " -"),
             "Page No # 0002\ncafé 17.5 end\n\fPage No # 0002\ncafé 17.5 end\n\f"
             "last page\n\flast page\n\f");
 }
 
 TEST_F(ReportPrint, OrientationThatWasSetIsReadByTheNextPrint) {
-  QGuiApplication application(argc_, argv_);
   printers_.setCurrent("Drawn");
   host_.Set_Orientation("L", 9);
   const Word first = wordsOf(printDrawn()).at(0);
@@ -86,7 +84,6 @@ TEST_F(ReportPrint, OrientationThatWasSetIsReadByTheNextPrint) {
 }
 
 TEST_F(ReportPrint, CharactersStandAtTheirPitchAndLinesSixToTheInch) {
-  QGuiApplication application(argc_, argv_);
   const std::string file = path("out.pdf");
   const auto job =
       device_.start({.name = "pitch", .file = file, .settings = {1, 1}, .width = 8, .height = 11});

@@ -1,8 +1,6 @@
 #include "printing/print_stream.h"
 
-#include <iomanip>
 #include <random>
-#include <sstream>
 
 #include "support/expect_each.h"
 #include "support/test_folder.h"
@@ -19,22 +17,15 @@ std::string streamOf(const std::filesystem::path& path, const PrintStreamSetting
 }
 
 TEST(PrinterSetup, SendsTheCommandsOfTheJobInOrder) {
-  const auto hex = [](const PrintStreamSettings& settings) {
-    std::ostringstream digits;
-    digits << std::hex << std::uppercase << std::setfill('0');
-    for (const unsigned char c : printerSetup(settings)) {
-      digits << (c == 27 ? " " : "") << std::setw(2) << int{c};
-    }
-    return digits.str();
-  };
+  using namespace std::string_literals;
   using Settings = PrintStreamSettings;
   expectEach(
-      hex, Row{Settings{.paperHeight = 12}, " 1B50 1B43000C 1B1943 1B43000C"},
-      Row{Settings{.paperHeight = 0, .draft = true}, " 1B50 1B7800 1B430000 1B1943 1B430000"},
+      printerSetup, Row{Settings{.paperHeight = 12}, "\033P\033C\0\014\033\031C\033C\0\014"s},
+      Row{Settings{.paperHeight = 0, .draft = true}, "\033P\033x\0\033C\0\0\033\031C\033C\0\0"s},
       Row{Settings{.paperHeight = 6, .draft = true, .condensed = true, .semiCondensed = true},
-          " 1B50 1B780012 1B5720 1B4D0F 1B430006 1B1943 1B430006"},
+          "\033P\033x\0\022\033W \033M\017\033C\0\006\033\031C\033C\0\006"s},
       Row{Settings{.paperHeight = 0x0104, .linesIn = 3, .linesOut = 2},
-          " 1B50 1B430004 1B1943 1B6A48 1B6A48 1B6A48 1B430004"});
+          "\033P\033C\0\004\033\031C\033jH\033jH\033jH\033C\0\004"s});
 }
 
 TEST(PrinterLines, EndInCrLfButForThoseWithAFormFeed) {
