@@ -84,7 +84,7 @@ class Mutator {
 
 void run(std::string input) {
   current = std::move(input);
-  LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(current.data()), current.size());
+  paperway::fuzz::check(current);
 }
 
 }  // namespace

@@ -7,15 +7,16 @@
 #include <string_view>
 #include <vector>
 
-/// A fuzz target is one file: seeds() and LLVMFuzzerTestOneInput. It runs with the driver beside
-/// it, for a fixed number of inputs that are the same in every run, or with libFuzzer.
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+/// A fuzz target is one file: seeds() and check(). It runs with the driver beside it, for a fixed
+/// number of inputs that are the same in every run, or with libFuzzer.
 
 namespace paperway::fuzz {
 
 /// The inputs that the driver begins with.
 std::vector<std::string> seeds();
+
+/// One input, any bytes.
+void check(std::string_view input);
 
 /// What must hold for any input.
 inline void require(bool holds, const char* what) {
@@ -33,3 +34,9 @@ inline std::string_view takeUntil(std::string_view& input, char mark) {
 }
 
 }  // namespace paperway::fuzz
+
+extern "C" [[gnu::used]] inline int LLVMFuzzerTestOneInput(const std::uint8_t* data,
+                                                           std::size_t size) {
+  paperway::fuzz::check({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

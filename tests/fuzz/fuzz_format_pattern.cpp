@@ -39,8 +39,7 @@ void formatBoth(const FormatPattern& pattern, ValueView value) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view input(reinterpret_cast<const char*>(data), size);
+void fuzz::check(std::string_view input) {
   const std::string_view patternText = fuzz::takeUntil(input, '\n');
   const FormatPattern pattern(patternText);
   const double real = asReal(input);
@@ -56,5 +55,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (const auto read = parseNumber(text)) {
     fuzz::require(*read == columnNumber(real), "the default text reads back as the number");
   }
-  return 0;
 }

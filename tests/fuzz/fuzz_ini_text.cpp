@@ -37,19 +37,17 @@ bool hasPlainLines(std::string_view text) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view file(reinterpret_cast<const char*>(data), size);
+void fuzz::check(std::string_view file) {
   const std::string_view section = fuzz::takeUntil(file, '|');
   const std::string_view key = fuzz::takeUntil(file, '|');
   const std::string_view value = fuzz::takeUntil(file, '|');
   const std::string after = withSetting(file, section, key, value);
   fuzz::require(after.ends_with("\r\n") && isPlain(after.front()), "the ends are tidy");
   fuzz::require(after.find("\r\n\r\n\r\n") == after.npos, "blank lines stand alone");
-  if (!isPlainName(section) || !isPlainName(key) || !isPlainName(value)) return 0;
-  if (!hasPlainLines(file)) return 0;
+  if (!isPlainName(section) || !isPlainName(key) || !isPlainName(value)) return;
+  if (!hasPlainLines(file)) return;
   fuzz::require(findSetting(after, section, key) == value, "a write can be read");
-  if (findSetting("[ReportView]\r\nCond=1", section, key)) return 0;
+  if (findSetting("[ReportView]\r\nCond=1", section, key)) return;
   fuzz::require(findSetting(after, kSection, kKey) == findSetting(file, kSection, kKey),
                 "other settings stay");
-  return 0;
 }

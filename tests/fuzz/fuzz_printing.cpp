@@ -36,19 +36,17 @@ ReportExtent extentOf(std::string_view text, std::size_t block) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view text(reinterpret_cast<const char*>(data), size);
+void fuzz::check(std::string_view text) {
   const std::string_view head = fuzz::takeUntil(text, '\n');
   const std::size_t block = head.empty() ? 1 : static_cast<unsigned char>(head[0]) + std::size_t{1};
-  const std::string sent = linesOf(text, size + 1);
+  const std::string sent = linesOf(text, text.size() + 1);
   fuzz::require(linesOf(text, block) == sent, "blocks make no difference to what is sent");
   const bool hasFormFeed = text.find('\f') != std::string_view::npos;
   fuzz::require(hasFormFeed || linesOf(sent, block) == sent, "complete lines go as they are");
-  const ReportExtent one = extentOf(text, size + 1);
+  const ReportExtent one = extentOf(text, text.size() + 1);
   const ReportExtent other = extentOf(text, block);
   fuzz::require(one.width == other.width && one.lines == other.lines &&
                     one.foreign == other.foreign && one.widestPage == other.widestPage &&
                     one.longestPage == other.longestPage && one.foreignPage == other.foreignPage,
                 "blocks make no difference to what is measured");
-  return 0;
 }

@@ -91,11 +91,9 @@ class Walk {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view report(reinterpret_cast<const char*>(data), size);
+void fuzz::check(std::string_view report) {
   const std::string_view acts = fuzz::takeUntil(report, '\n').substr(0, 40);
   static const TestFolder folder;
   Walk walk(folder.path, report);
   for (const char command : acts) walk.act(command);
-  return 0;
 }

@@ -37,8 +37,7 @@ void checkCase(std::string_view text, std::string_view part) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  std::string_view text(reinterpret_cast<const char*>(data), size);
+void fuzz::check(std::string_view text) {
   const std::string_view part = fuzz::takeUntil(text, '\n');
   checkCuts(text, part.size());
   checkCodePage(text);
@@ -52,5 +51,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (number && text.find_first_of("eE") == std::string_view::npos) {
     fuzz::require(leadingNumber(text) == *number, "a whole number is its own beginning");
   }
-  return 0;
 }
