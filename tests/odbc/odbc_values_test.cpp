@@ -3,7 +3,6 @@
 #include "odbc_fixture.h"
 #include "support/expect_each.h"
 #include "support/shown.h"
-#include "support/table.h"
 
 namespace paperway {
 namespace {

@@ -1,10 +1,17 @@
 #pragma once
 
+#include <array>
 #include <gtest/gtest.h>
 #include <tuple>
 #include <utility>
 
 namespace paperway {
+
+/// The rows of a table of cases; as the arguments of a call, short ones share a line.
+template <class First, class... Rest>
+std::array<First, 1 + sizeof...(Rest)> table(First first, Rest... rest) {
+  return {{first, rest...}};
+}
 
 /// An example of a call: its arguments and, last, what it gives.
 template <class... Cells>

@@ -1,7 +1,6 @@
 #include "util/text.h"
 
 #include "support/expect_each.h"
-#include "support/table.h"
 #include "util/code_page.h"
 
 namespace paperway {

@@ -5,7 +5,6 @@
 #include <random>
 
 #include "support/expect_each.h"
-#include "support/table.h"
 
 namespace paperway {
 namespace {
