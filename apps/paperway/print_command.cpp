@@ -106,8 +106,10 @@ class StoppableJob : public PrintJob {
     job_->start(documentName, format);
   }
   void write(std::string_view bytes) override {
-    throwIfStopped();
-    job_->write(bytes);
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(kPiece, bytes.size()))) {
+      throwIfStopped();
+      job_->write(bytes.substr(0, kPiece));
+    }
   }
   void end() override {
     throwIfStopped();
@@ -115,6 +117,8 @@ class StoppableJob : public PrintJob {
   }
 
  private:
+  static constexpr std::size_t kPiece = 2 << 10;  // a slow printer takes seconds for more
+
   static void throwIfStopped() {
     if (StopSignals::raised() != 0) throw Interrupted();
   }

@@ -11,7 +11,7 @@ namespace paperway::desktop {
 /// How long the print service may stand still: with a job, and when it is asked about its printers
 /// while somebody looks at a window.
 inline constexpr std::chrono::milliseconds kPrintServiceTimeout{30'000};
-inline constexpr std::chrono::milliseconds kPrintQueryTimeout{10'000};
+inline constexpr std::chrono::milliseconds kPrintQueryTimeout{5'000};
 
 struct CloseConnection {
   void operator()(http_t* connection) const { httpClose(connection); }

@@ -97,6 +97,11 @@ void CupsJob::end() {
   job_ = 0;
 }
 
+/// Nothing where CUPS calls silence a success.
+std::string whyNot() {
+  return cupsLastError() <= IPP_STATUS_OK_CONFLICTING ? "" : " (" + cupsReason() + ")";
+}
+
 }  // namespace
 
 std::unique_ptr<PrintJob> CupsSpooler::open(const std::string& printer) {
@@ -105,7 +110,7 @@ std::unique_ptr<PrintJob> CupsSpooler::open(const std::string& printer) {
   const CupsQueues queues(connection.get());
   if (queues.failed()) {
     throw SpoolError(printer, std::string("The print service at ") + cupsServer() +
-                                  " does not answer (" + cupsReason() + ")");
+                                  " does not answer" + whyNot());
   }
   const cups_dest_t* const queue = queues.find(printer);
   if (queue == nullptr) return nullptr;
