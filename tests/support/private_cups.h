@@ -40,10 +40,10 @@ class PrivateCups {
                                  at("log/access") + "\nErrorLog " + at("log/error") + "\nPageLog " +
                                  at("log/page") + "\nUser lp\nGroup lp\nSystemGroup root\n");
     std::filesystem::permissions(folder_.path, std::filesystem::perms(0755));
-    use();
     setenv("CUPS_SERVERROOT", folder_.path.c_str(), 1);
     setenv("HOME", folder_.path.c_str(), 1);
     setenv("XDG_RUNTIME_DIR", at("tmp").c_str(), 1);
+    use();  // after which CUPS knows where the home is, and keeps it
     start();
   }
 
