@@ -115,6 +115,8 @@ TEST_F(ReportViewTest, WheelAndKeysScroll) {
   EXPECT_EQ(view.firstLine(), 6u);
   wheel(-1, Qt::ControlModifier);
   EXPECT_EQ(view.firstLine(), 6u);
+  press(Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(view.firstLine(), 0u) << "the caret, which stood there, comes into sight";
   press(Qt::Key_End, Qt::ControlModifier);
   EXPECT_GT(view.firstLine(), 180u);
   press(Qt::Key_Home, Qt::ControlModifier);

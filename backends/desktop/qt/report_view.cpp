@@ -216,7 +216,10 @@ bool ReportView::takeKey(QKeyEvent& event) {
   const int code = keyCode(event.key(), event.modifiers());
   bool taken = false;
   act([&] { taken = box_.handleKey(code, shiftMask(event.modifiers()), linesPerPage()); });
-  if (taken) return true;
+  if (taken) {
+    showCaret(true);  // also where it did not move: the view may have been scrolled away
+    return true;
+  }
   if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) return false;
   const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   const QString typed = enter ? QStringLiteral("\n") : event.text();
