@@ -85,6 +85,9 @@ TEST_F(RichText, CaretNeverStandsInsideALineEndOrAHiddenMark) {
   box.moveCaret(5);
   box.typeText("!");
   EXPECT_FALSE(box.formats().at(5).hidden());
+  box.moveCaret(5);
+  box.eraseBackward();
+  EXPECT_EQ(box.Text, "a\033E!bc\033F") << "the character that is seen, not the mark";
 }
 
 TEST_F(RichText, KeysMoveByLinesWordsAndPages) {

@@ -100,6 +100,16 @@ TEST(CupsSpooler, ServerThatStandsStillOrDiesFailsTheJob) {
   desk->cups.use();
 }
 
+TEST(CupsSpooler, SilentServerIsWaitedForOnce) {
+  const BoundSocket silent = bindToLoopback();
+  listen(silent.descriptor, 8);
+  cupsSetServer(("127.0.0.1:" + std::to_string(silent.port)).c_str());
+  EXPECT_THROW(CupsSpooler(std::chrono::milliseconds(200)).open("P"), SpoolError);
+  EXPECT_TRUE(CupsPrinters(std::chrono::hours(1)).list().empty());
+  close(silent.descriptor);
+  desk->cups.use();
+}
+
 TEST(CupsPrinters, AreTheQueuesWithTheirKindAndTheDefaultFirst) {
   CupsPrinters printers;
   std::string list;

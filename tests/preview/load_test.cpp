@@ -116,6 +116,7 @@ TEST_F(Load, ReloadShowsPageOneOfTheFileAsItIsNow) {
   user().click("Check3");
   EXPECT_EQ(form->CurrentPage, 0);
   EXPECT_EQ(form->LbPageNo.Caption, "Page 1/2");
+  EXPECT_EQ(form->Tend.ToolTipText, "  2  : Maximum ");
   EXPECT_TRUE(form->CmdBck.Enabled);
   EXPECT_TRUE(std::filesystem::exists(file)) << "even when it can neither be printed nor exported";
 }

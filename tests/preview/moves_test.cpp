@@ -56,6 +56,7 @@ TEST_F(Search, MarksEveryHitButOneAtTheBeginning) {
       {"ab AB ab", "ab", "...BB.BB."},
       {"aaaa", "aa", ".BBB."},
       {"x\351y", "\303\211", ".B.."},
+      {"a?c", "\u20B9", "...."},  // no report can hold it
       {"abc", "d", "...."},
       {"abc", "", "...."},
   };
@@ -73,6 +74,8 @@ TEST_F(Search, MarksEveryHitButOneAtTheBeginning) {
   EXPECT_EQ(search("one"), ".....BBB.") << "the whole file in the continuous view";
   user().click("CmdNxt");
   EXPECT_EQ(form->Rt1.Text, "xone\f") << "the page buttons go on working";
+  user().press("Rt1", keyHome, smCtrl);
+  EXPECT_EQ(form->Rt1.Text, "one\f") << "and the keys go by what is on show";
 }
 
 TEST_F(Search, EscapeStopsItAtTheNextRound) {

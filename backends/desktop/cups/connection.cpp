@@ -1,14 +1,32 @@
 #include "backends/desktop/cups/connection.h"
 
-#include <atomic>
+#include <mutex>
 
 namespace paperway::desktop {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::seconds kSilence{5};
-std::atomic<Clock::time_point> silentUntil{};
+/// The server that last let a question go unanswered.
+class Silence {
+ public:
+  bool holds() {
+    const std::lock_guard lock(mutex_);
+    return Clock::now() < until_ && server_ == name();
+  }
+  void begin() {
+    const std::lock_guard lock(mutex_);
+    until_ = Clock::now() + std::chrono::seconds(5);
+    server_ = name();
+  }
+
+ private:
+  static std::string name() { return cupsServer() + (":" + std::to_string(ippPort())); }
+
+  std::mutex mutex_;
+  Clock::time_point until_;
+  std::string server_;
+} silence;
 
 int giveUp(http_t* /*connection*/, void* /*data*/) {
   return 0;
@@ -23,7 +41,7 @@ const char* noPassword(const char* /*prompt*/, http_t* /*connection*/, const cha
 }  // namespace
 
 CupsConnection connectToCups(std::chrono::milliseconds timeout) {
-  if (Clock::now() < silentUntil.load()) return nullptr;
+  if (silence.holds()) return nullptr;
   cupsSetPasswordCB2(noPassword, nullptr);
   CupsConnection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
                                          cupsEncryption(), 1, static_cast<int>(timeout.count()),
@@ -46,7 +64,7 @@ CupsQueues::CupsQueues(http_t* connection) {
   const ipp_status_t status = cupsLastError();
   failed_ =
       count_ == 0 && status > IPP_STATUS_OK_CONFLICTING && status != IPP_STATUS_ERROR_NOT_FOUND;
-  if (failed_) silentUntil = Clock::now() + kSilence;
+  if (failed_) silence.begin();
 }
 
 cups_dest_t* CupsQueues::find(const std::string& name) const {
