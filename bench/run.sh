@@ -19,7 +19,7 @@ if [ $# -gt 0 ]; then
   build=$(cd "$1" && pwd)
 else
   build=$PWD/build/bench
-  cmake --preset bench -DPAPERWAY_DESKTOP=OFF >&2
+  cmake --preset bench >&2
 fi
 cmake --build "$build" --target paperway make_ledger c_writer measure bench_memory >&2
 data=$build/bench-data
