@@ -53,23 +53,6 @@ TEST_F(Settings, WhatAFileCannotHoldIsRefusedAndTheFileStays) {
   EXPECT_EQ(bytes().size(), 32766U);
 }
 
-TEST_F(Settings, AFileThatCannotBeMadeIsNamed) {
-  const std::string missing = path("none/own.ini");
-  const std::string description = "Cannot create \"" + missing + "\": No such file or directory.";
-  EXPECT_EQ(errorOf([&] { class1_.ReadIniValue(missing, "S", "k", ""); }), description);
-  EXPECT_EQ(errorOf([&] { class1_.WriteIniValue(missing, "S", "k", ""); }), description);
-  EXPECT_EQ(errorOf([&] { class1_.ReadIniValue(path(""), "S", "k", ""); }),
-            "Cannot read \"" + path("") + "\": Is a directory.");
-}
-
-TEST_F(Settings, HaveAFileForEachInstallation) {
-  EXPECT_EQ(settingsPath(machine_.folders, ""), path("work/.ini"));
-  EXPECT_EQ(settingsPath(machine_.folders, "7"), path("work/7.ini"));
-  for (const std::string& number : {std::string("../7"), std::string("a\\b"), std::string(1, 0)}) {
-    EXPECT_THROW(settingsPath(machine_.folders, number), AutomationError);
-  }
-}
-
 TEST_F(Settings, TearLinesAreTwoDigitsEach) {
   const auto inAndOut = [](const char* text) {
     const TearLines lines = TearLines::fromText(text);

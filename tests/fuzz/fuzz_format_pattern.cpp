@@ -1,3 +1,4 @@
+#include <bit>
 #include <cstring>
 
 #include "fuzz/fuzz.h"
@@ -37,6 +38,17 @@ void formatBoth(const FormatPattern& pattern, ValueView value) {
   fuzz::require(out == kBefore + FormatPattern(pattern)(value), "a copy appended gives the same");
 }
 
+/// Whole cents take short roads; literals among the places take another than those at the ends.
+void checkAmount(double amount) {
+  static const FormatPattern plain("0.00"), straight("#,##0.00"), winding("#,##0\\x.00");
+  const double cents = columnNumber(amount);
+  fuzz::require(cents == Decimal::fromDouble(amount).toDouble(), "the short road ends as the long");
+  fuzz::require(parseNumber(plain(cents)) == cents, "a formatted amount reads back");
+  std::string unwound = winding(amount);
+  unwound.erase(unwound.find('x'), 1);
+  fuzz::require(unwound == straight(amount), "a literal among the places changes no other");
+}
+
 }  // namespace
 
 void fuzz::check(std::string_view input) {
@@ -51,6 +63,8 @@ void fuzz::check(std::string_view input) {
   if (isAscii(patternText) && isAscii(input)) {
     fuzz::require(isAscii(pattern(input)), "ASCII in, ASCII out");
   }
+  const auto whole = std::bit_cast<std::int64_t>(real);
+  checkAmount(static_cast<double>(whole >> (12 + patternText.size() % 50)) / 100);
   const std::string text = defaultText(real);
   if (const auto read = parseNumber(text)) {
     fuzz::require(*read == columnNumber(real), "the default text reads back as the number");

@@ -1,10 +1,8 @@
 #include "util/format_pattern.h"
 
 #include <limits>
-#include <random>
 
 #include "support/expect_each.h"
-#include "util/text.h"
 
 namespace paperway {
 namespace {
@@ -158,27 +156,6 @@ TEST(TextPattern, PlacesFillFromTheRight) {
              Row{"@@@", ValueView(), ""}, Row{"@@@;\"none\"", "", "none"},
              Row{"@@@;\"none\"", ValueView(), "none"}, Row{"@@@;", "", ""},
              Row{"@@@-00", "abc", "abc-00"});
-}
-
-/// Literals among the places take another road than those at the ends.
-TEST(NumberPattern, BothRoadsAgreeAndReadBack) {
-  const FormatPattern straight("#,##0.00");
-  const FormatPattern winding("#,##0\\x.00");
-  const auto unwound = [&](ValueView value) {
-    std::string text = winding(value);
-    return text.erase(text.find('x'), 1);
-  };
-  std::mt19937_64 random(7);
-  for (int i = 0; i < 20000; ++i) {
-    const auto units = static_cast<std::int64_t>(random()) >> (12 + i % 50);
-    ASSERT_EQ(straight(units), unwound(units));
-    for (const int parts : {7, 100, 1000}) {
-      const double number = static_cast<double>(units) / parts;
-      ASSERT_EQ(straight(number), unwound(number)) << number;
-    }
-    const double cents = columnNumber(static_cast<double>(units) / 100);
-    ASSERT_EQ(parseNumber(FormatPattern("0.00")(cents)), cents);
-  }
 }
 
 }  // namespace

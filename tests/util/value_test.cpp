@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 #include "support/expect_each.h"
 
@@ -70,17 +69,6 @@ TEST(Decimal, RoundsHalfAwayFromZeroAtFifteenDigits) {
              Row{9999999999999994.0, ".999999999999999E16"}, Row{kInfinity, ".E0"});
 }
 
-/// The short roads for amounts agree with the long one.
-TEST(Decimal, AgreesWithTheTextOfAmounts) {
-  std::mt19937_64 random(1);
-  for (int i = 0; i < 20000; ++i) {
-    const auto amount = static_cast<double>(static_cast<std::int64_t>(random()) >> (i % 50)) / 100;
-    const double rounded = Decimal::fromDouble(amount).toDouble();
-    ASSERT_EQ(columnNumber(amount), rounded) << i;
-    ASSERT_EQ(parseNumber(defaultText(amount)), rounded) << defaultText(amount);
-  }
-}
-
 TEST(IsoDate, ReadsWholeTexts) {
   expectEach(parseIsoDate, Row{"2026-03-05", Date{2026, 3, 5}}, Row{"0100-01-01", Date{100, 1, 1}},
              Row{"2024-02-29", Date{2024, 2, 29}}, Row{"2000-02-29", Date{2000, 2, 29}},
@@ -120,11 +108,6 @@ TEST(Serial, RoundsToTheSecondWithinTheCalendar) {
   for (const double serial :
        {2958466.0, 2958465.9999999, -657435.0, 1e300, std::numeric_limits<double>::quiet_NaN()}) {
     EXPECT_FALSE(serialToDate(serial)) << serial;
-  }
-  for (int serial = -657434; serial <= 2958465; serial += 997) {
-    const auto date = serialToDate(serial + (serial < 0 ? -0.123 : 0.123));
-    ASSERT_TRUE(date);
-    ASSERT_EQ(serialToDate(dateToSerial(*date)), date) << serial;
   }
 }
 
