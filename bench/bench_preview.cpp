@@ -38,10 +38,7 @@ Window& window() {
 }
 
 void OpenReport(benchmark::State& state) {
-  report();
-  for (auto _ : state) Window opened;
-  state.counters["file_MB"] = static_cast<double>(fs::file_size(report())) / 1e6;
-  state.counters["peak_MB"] = peakMegabytes();
+  bench::timeOpening<Window>(state);
 }
 BENCHMARK(OpenReport)->Unit(benchmark::kMillisecond)->Iterations(3);
 

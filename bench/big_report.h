@@ -1,5 +1,6 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -49,6 +50,14 @@ inline double peakMegabytes() {
   rusage used{};
   getrusage(RUSAGE_SELF, &used);
   return static_cast<double>(used.ru_maxrss) * 1024 / 1e6;
+}
+
+template <class Window>
+void timeOpening(benchmark::State& state) {
+  report();
+  for (auto _ : state) Window opened;
+  state.counters["file_MB"] = static_cast<double>(std::filesystem::file_size(report())) / 1e6;
+  state.counters["peak_MB"] = peakMegabytes();
 }
 
 }  // namespace paperway::bench
