@@ -8,6 +8,7 @@
 #include "backends/desktop/qt/print_device.h"
 #include "cups/cups_desk.h"
 #include "preview/frm_report.h"
+#include "printing/print_stream.h"
 #include "support/class1_test.h"
 
 namespace paperway {
@@ -25,17 +26,23 @@ class ReportPrint : public Class1Test {
     return bytesOf(path("said"));
   }
 
-  /// Prints pages 2 and 3 twice, drawn; the file that the printer got.
-  std::string printDrawn() {
-    host_.PrinterName = "Drawn";
+  /// Prints pages 2 and 3 twice.
+  void print(const std::string& printer, bool drawn) {
+    host_.PrinterName = printer;
     host_.PreviewReport({.Path1 = report_, .RPrint = 1});
     FrmReport& form = dynamic_cast<FrmReport&>(*machine_.windows.forms.back());
-    form.Op[2].Value = form.OptWinMode.Value = true;
+    form.Op[2].Value = true;
+    form.OptWinMode.Value = drawn;
     form.Tst.Text = "2";
     form.Tend.Text = "3";
     form.Text3.Text = "2";
     form.CmdOk.onClick();
     EXPECT_EQ(machine_.messageBox.shown.size(), 1U) << machine_.messageBox.shown.back().text;
+  }
+
+  /// The file that the printer got.
+  std::string printDrawn() {
+    print("Drawn", true);
     replaceFile(path("received.pdf"), desk->drawn.take().value_or(""), "test");
     return path("received.pdf");
   }
@@ -67,6 +74,14 @@ class ReportPrint : public Class1Test {
       "first\r\n\f\r\n\033EPage No # 0002\033F\r\n\017caf\xE9 17.5 \022end\r\n\f\r\n"
       "last page\r\n\f\r\n";
 };
+
+TEST_F(ReportPrint, RawRangeArrivesOnceACopy) {
+  print("P", false);
+  std::string pages = text_.substr(text_.find('\f') + 1);
+  pages.erase(pages.rfind("\r\n"));          // behind the last form feed
+  pages.erase(pages.find("\f\r\n") + 1, 2);  // a line with a form feed has no end
+  EXPECT_EQ(desk->raw.take(), printerSetup({.paperHeight = 6, .draft = true}) + pages + pages);
+}
 
 TEST_F(ReportPrint, StyledPagesArriveAsPdfWithTheirText) {
   EXPECT_EQ(run("pdftotext -layout " + printDrawn() + " -"),
