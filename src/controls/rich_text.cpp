@@ -97,6 +97,7 @@ void RichTextBox::setSelLength(std::int64_t length) {
   const std::size_t begin = selectionBegin();
   caret_ = begin + offsetOf(length, text_.size() - begin, "SelLength");
   anchor_ = begin;
+  selectedByProgram_ = true;
   goalColumn_ = std::string::npos;
 }
 
@@ -201,6 +202,7 @@ bool RichTextBox::oneFontSize() const {
 
 std::string RichTextBox::copyText() const {
   std::string shown;
+  if (!hasSelection()) return shown;
   std::string copy;
   const bool closed = !text_.empty() && text_[text_.size() - 1] == '\f';
   const std::size_t end = std::min(selectionEnd(), text_.size() - (closed ? 1 : 0));

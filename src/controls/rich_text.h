@@ -116,10 +116,13 @@ class RichTextBox : public Control {
   std::uint64_t textRevision() const { return textRevision_; }
   std::uint64_t formatRevision() const { return formatRevision_; }
 
-  // The caret is the end of the selection that moves; it never stands inside a line end or a
-  // hidden mark.
+  // The caret is the end of the selection that moves; the user's never stands inside a line end or
+  // a hidden mark, nor behind the form feed that closes the text.
   std::size_t caret() const { return caret_; }
   std::size_t anchor() const { return anchor_; }
+  /// Something is selected that a reader can see: not the first character, on which the program
+  /// leaves every page.
+  bool hasSelection() const;
   void moveCaret(std::size_t offset, bool extend = false);
   enum class Step {
     left,
@@ -146,6 +149,8 @@ class RichTextBox : public Control {
   bool eraseForward(bool word = false);
   bool undo();
   bool redo();
+  /// What is about to be done to the formats of the selection can be undone.
+  void rememberFormats();
   bool canUndo() const { return undone_ < edits_.size(); }
   bool canRedo() const { return undone_ > 0; }
 
@@ -163,6 +168,7 @@ class RichTextBox : public Control {
     std::string removed;
     std::string inserted;
     std::vector<FormatRuns::Run> removedFormats;
+    std::vector<FormatRuns::Run> insertedFormats = {};  // once it is undone
   };
 
   std::size_t selectionBegin() const { return std::min(caret_, anchor_); }
@@ -172,6 +178,9 @@ class RichTextBox : public Control {
   void textReplaced();
   void write(const std::function<void(std::string_view)>& out) const;
 
+  /// Where the user's text ends: before the form feed that closes it.
+  std::size_t textEnd() const;
+  bool restsOnFirst() const;
   bool insideLineEnd(std::size_t offset) const;
   std::size_t nextStop(std::size_t offset) const;
   std::size_t previousStop(std::size_t offset) const;
@@ -189,6 +198,7 @@ class RichTextBox : public Control {
   std::shared_ptr<const SharedText> loaded_;
   std::size_t caret_ = 0;
   std::size_t anchor_ = 0;
+  bool selectedByProgram_ = false;
   std::size_t goalColumn_ = std::string::npos;  // of moves from line to line
   std::vector<Edit> edits_;
   std::size_t undone_ = 0;  // how many of the last edits are undone

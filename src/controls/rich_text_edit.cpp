@@ -32,14 +32,27 @@ CharacterClass classOf(char byte) {
 
 }  // namespace
 
+std::size_t RichTextBox::textEnd() const {
+  const bool closed = !text_.empty() && text_[text_.size() - 1] == '\f';
+  return text_.size() - (closed ? 1 : 0);
+}
+
+bool RichTextBox::restsOnFirst() const {
+  return selectedByProgram_ && selectionBegin() == 0 && selectionEnd() == 1;
+}
+
+bool RichTextBox::hasSelection() const {
+  return caret_ != anchor_ && !(Locked && restsOnFirst());
+}
+
 bool RichTextBox::insideLineEnd(std::size_t offset) const {
   return offset > 0 && offset < text_.size() && text_[offset] == '\n' && text_[offset - 1] == '\r';
 }
 
 std::size_t RichTextBox::nextStop(std::size_t offset) const {
-  if (offset >= text_.size()) return text_.size();
+  if (offset >= textEnd()) return textEnd();
   if (formats_.at(offset).hidden()) {
-    while (offset < text_.size() && formats_.at(offset).hidden()) ++offset;
+    while (offset < textEnd() && formats_.at(offset).hidden()) ++offset;
     return offset;
   }
   ++offset;
@@ -58,7 +71,7 @@ std::size_t RichTextBox::previousStop(std::size_t offset) const {
 
 std::size_t RichTextBox::wordStop(std::size_t offset, bool forward) const {
   const auto classBeside = [&](std::size_t at) { return classOf(text_[forward ? at : at - 1]); };
-  const std::size_t limit = forward ? text_.size() : 0;
+  const std::size_t limit = forward ? textEnd() : 0;
   const auto skip = [&](auto&& wanted) {
     while (offset != limit && wanted(classBeside(offset))) {
       offset = forward ? nextStop(offset) : previousStop(offset);
@@ -74,9 +87,10 @@ std::size_t RichTextBox::wordStop(std::size_t offset, bool forward) const {
 }
 
 void RichTextBox::moveCaret(std::size_t offset, bool extend) {
-  caret_ = std::min(offset, text_.size());
+  caret_ = std::min(offset, textEnd());
   if (insideLineEnd(caret_)) --caret_;
   if (!extend) anchor_ = caret_;
+  selectedByProgram_ = false;
   goalColumn_ = std::string::npos;
 }
 
@@ -117,7 +131,7 @@ std::size_t RichTextBox::stepTarget(Step step, std::uint64_t linesPerPage) {
     case Step::textBegin:
       return 0;
     case Step::textEnd:
-      return text_.size();
+      return textEnd();
   }
   return caret_;
 }
@@ -139,6 +153,7 @@ void RichTextBox::stepCaret(Step step, bool extend, std::uint64_t linesPerPage) 
 void RichTextBox::selectAll() {
   anchor_ = 0;
   caret_ = text_.size();
+  selectedByProgram_ = false;
 }
 
 void RichTextBox::selectWord(std::size_t offset) {
@@ -151,18 +166,21 @@ void RichTextBox::selectWord(std::size_t offset) {
   while (offset > line.begin && classOf(text_[offset - 1]) == wanted) --offset;
   anchor_ = offset;
   caret_ = std::max(end, offset);
+  selectedByProgram_ = false;
 }
 
 void RichTextBox::selectLine(std::size_t offset) {
   const StyledLine line = lineBounds(text_.lineOf(offset));
   anchor_ = line.begin;
   caret_ = line.next;
+  selectedByProgram_ = false;
 }
 
 void RichTextBox::apply(std::size_t at, std::size_t count, std::string_view with) {
   formats_.replaced(at, count, with.size());
   text_.replace(at, count, with);
   caret_ = anchor_ = at + with.size();
+  selectedByProgram_ = false;
   goalColumn_ = std::string::npos;
   ++textRevision_;
   ++formatRevision_;
@@ -183,14 +201,19 @@ void RichTextBox::remember(Edit edit) {
   edits_.push_back(std::move(edit));
 }
 
+/// The form feed that closes the text stays, and so does a mark at its beginning that the program
+/// has selected.
 bool RichTextBox::replaceSelection(std::string_view bytes) {
-  const std::size_t begin = selectionBegin();
-  const std::size_t count = selectionEnd() - begin;
+  if (restsOnFirst() && formats_.at(0).hidden()) moveCaret(nextStop(0));
+  const std::size_t begin = std::min(selectionBegin(), textEnd());
+  const std::size_t count = std::min(selectionEnd(), textEnd()) - begin;
   if (count + bytes.size() > kUndoLimit) {
     edits_.clear();
     undone_ = 0;
   } else {
-    remember({begin, SelText(), std::string(bytes), formats_.runs(begin, begin + count)});
+    std::string copy;
+    remember({begin, std::string(text_.view(begin, begin + count, copy)), std::string(bytes),
+              formats_.runs(begin, begin + count)});
   }
   apply(begin, count, bytes);
   return true;
@@ -227,7 +250,8 @@ bool RichTextBox::eraseForward(bool word) {
 bool RichTextBox::undo() {
   if (Locked || !canUndo()) return false;
   ++undone_;
-  const Edit& edit = edits_[edits_.size() - undone_];
+  Edit& edit = edits_[edits_.size() - undone_];
+  edit.insertedFormats = formats_.runs(edit.at, edit.at + edit.inserted.size());
   apply(edit.at, edit.inserted.size(), edit.removed);
   formats_.set(edit.removedFormats);
   return true;
@@ -238,7 +262,14 @@ bool RichTextBox::redo() {
   const Edit& edit = edits_[edits_.size() - undone_];
   --undone_;
   apply(edit.at, edit.removed.size(), edit.inserted);
+  formats_.set(edit.insertedFormats);
   return true;
+}
+
+void RichTextBox::rememberFormats() {
+  if (Locked || selectionEnd() - selectionBegin() > kUndoLimit) return;
+  remember(
+      {selectionBegin(), SelText(), SelText(), formats_.runs(selectionBegin(), selectionEnd())});
 }
 
 namespace {
