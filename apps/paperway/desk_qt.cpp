@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QFile>
+#include <cmath>
 #include <cstdlib>
 #include <stdexcept>
 #include <unistd.h>
@@ -30,12 +31,13 @@ void requireDisplay() {
 }
 
 /// Windows without a display stand on a screen of a common size. Qt reads the file when it starts.
-std::string offscreen(const std::filesystem::path& folder) {
+std::string offscreen(const std::filesystem::path& folder, double scale) {
   const std::filesystem::path screen = folder / "screen.json";
   OutputFile file(screen, "preview");
-  file.write(
-      R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1080,
-                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+  const auto side = [scale](int pixels) { return std::to_string(std::lround(pixels * scale)); };
+  file.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": )" + side(1920) +
+             R"(, "height": )" + side(1080) +
+             R"(, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
   file.commit();
   return "offscreen:configfile=" + screen.string();
 }
@@ -108,7 +110,7 @@ class QtDesk : public Desk {
 std::unique_ptr<Desk> Desk::open(const Options& options) {
   if (options.screenless) {
     desktop::Folders folders;
-    setenv("QT_QPA_PLATFORM", offscreen(folders.temporary()).c_str(), 1);
+    setenv("QT_QPA_PLATFORM", offscreen(folders.temporary(), options.scale).c_str(), 1);
     setenv("QT_SCALE_FACTOR", std::to_string(options.scale).c_str(), 1);
     setenv("XDG_RUNTIME_DIR", folders.temporary().c_str(), 0);
   } else {

@@ -50,6 +50,10 @@ void goTo(FrmReport& form, int page) {
   int key = keyReturn;
   form.Text2_KeyPress(key);
   form.Text2.Text = "";
+  // The box leaves these to the buttons, which nobody has pressed yet.
+  form.LBPage.Caption = std::to_string(page);
+  form.CmdBck.Enabled = page > 1;
+  form.CmdNxt.Enabled = page < form.PageCount();
 }
 
 /// "NAME" clicks a control, "NAME=TEXT" types a text and Enter into it.
@@ -61,10 +65,11 @@ void perform(Form& form, const std::string& act) {
     if (!control.click()) throw std::runtime_error(control.name + " cannot be clicked now.");
     return;
   }
-  form.moveFocus(&control);
-  form.get<TextBox>(control.name).Text = act.substr(equals + 1);
+  TextBox& box = form.get<TextBox>(control.name);
+  if (!form.moveFocus(&box)) throw std::runtime_error(box.name + " cannot be typed into now.");
+  box.Text = act.substr(equals + 1);
   int key = keyReturn;
-  control.keyPress(key);
+  box.keyPress(key);
 }
 
 void preview(const PreviewOptions& options) {
@@ -133,7 +138,7 @@ void addPreview(CLI::App& app) {
       ->needs(picture);
   command
       ->add_option("--size", options->size,
-                   "Width and height of the picture, unscaled; at least 960,560")
+                   "Width and height of the picture, unscaled; at least 960,480")
       ->type_name("W,H")
       ->delimiter(',')
       ->expected(2)
@@ -154,8 +159,8 @@ void addPreview(CLI::App& app) {
       "  paperway preview ledger.txt --no-print --page 3\n"
       "  paperway preview ledger.txt --picture page3.png --page 3 --scale 2");
   command->callback([options] {
-    if (!options->size.empty() && (options->size[0] < 960 || options->size[1] < 560)) {
-      throw CLI::ValidationError("--size", "the window is at least 960,560");
+    if (!options->size.empty() && (options->size[0] < 960 || options->size[1] < 480)) {
+      throw CLI::ValidationError("--size", "the window is at least 960,480");
     }
     options->desk.screenless = !options->picture.empty();
     preview(*options);

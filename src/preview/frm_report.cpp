@@ -90,9 +90,10 @@ void FrmReport::applySwitches() {
 void FrmReport::readColors() {
   const ReportViewSettings stored = settings();
   for (const auto& [index, key] : kStoredColors) TXt[index].BackColor = stored.color(key);
-  ChSearch.Value = stored.flag(ReportViewKey::chSearch) ? 1 : 0;
-  ChL.Value = stored.flag(ReportViewKey::chl) ? 1 : 0;
-  ChHighlighte.Value = stored.flag(ReportViewKey::ChHighlighte) ? 1 : 0;
+  // Their handlers would write what has just been read.
+  ChSearch.Value.setQuietly(stored.flag(ReportViewKey::chSearch) ? 1 : 0);
+  ChL.Value.setQuietly(stored.flag(ReportViewKey::chl) ? 1 : 0);
+  ChHighlighte.Value.setQuietly(stored.flag(ReportViewKey::ChHighlighte) ? 1 : 0);
 }
 
 /// A report that cannot be read leaves the one on show as it is.

@@ -123,6 +123,7 @@ class FrmReport : public Form {
   void bindTools();
   void goToPage();
   void search();
+  void markHits();
   std::int64_t findNext(const std::string& bytes, std::int64_t from, std::int64_t end);
   bool stopsSearch() const;
   void arrange();
@@ -135,6 +136,8 @@ class FrmReport : public Form {
   static constexpr int kOffTheWindow = 20000;  // twips
 
   Platform platform_;
+  bool searching_ = false;
+  bool searchAgain_ = false;
   bool showsWholeReport_ = false;  // in Rt1; a page move ends it, whatever Check3 says
 
  public:

@@ -41,7 +41,7 @@ void FrmReport::nameControls() {
   Width = kDefaultWidth;
   Height = kDefaultHeight;
   MinWidth = 14400;
-  MinHeight = 8400;
+  MinHeight = 7200;
 
   Rt1.Locked = true;
   Rt1.RightMargin = RT3.RightMargin = RTBox.RightMargin = 100000;
@@ -145,7 +145,7 @@ void FrmReport::placeBottomRow() {
 void FrmReport::placeSettingPanel() {
   constexpr int kPitch = 420;  // from row to row
   constexpr int kLeft = 240;
-  place(Frame6, 240, 1500, 4500, 6000);
+  place(Frame6, 240, 1500, 4500, 5700);
   place(Command3, Frame6.Width - 560, 120, 380, kBoxHeight);
   int top = 570;
   for (int index = Lb.LBound(); index <= Lb.UBound(); ++index, top += kPitch) {

@@ -22,6 +22,17 @@ std::string soughtBytes(const std::string& text) {
   return codePage.decode(bytes) == text ? bytes : "";
 }
 
+class Running {
+ public:
+  explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Running() { flag_ = false; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 }  // namespace
 
 void FrmReport::bindMoves() {
@@ -116,10 +127,22 @@ bool FrmReport::stopsSearch() const {
   return Text4.Tag == "1" || !loaded();
 }
 
-/// Marks every hit but one at the very beginning. Waiting events may run between two hits, and
-/// with them the Esc key, a page move or the closing of the window.
+/// Waiting events may run between two hits, and with them the Esc key, a page move, the closing of
+/// the window, or another search, which takes the place of this one.
 void FrmReport::search() {
   const std::shared_ptr<Form> alive = weak_from_this().lock();
+  searchAgain_ = true;
+  Text4.Tag = "1";
+  if (searching_) return;
+  const Running running(searching_);
+  while (searchAgain_ && loaded()) {
+    searchAgain_ = false;
+    markHits();
+  }
+}
+
+/// Marks every hit but one at the very beginning.
+void FrmReport::markHits() {
   const std::string sought = soughtBytes(Text4.Text);
   Text4.Tag = "0";
   const auto end = static_cast<std::int64_t>(Rt1.buffer().size());

@@ -33,6 +33,7 @@ void FrmReport::zoom(bool in) {
 /// True when the key is used up.
 bool FrmReport::shortcut(int keyCode, int shift) {
   if (keyCode == keyEscape && shift == 0) escape();
+  if (keyCode == keyAdd && shift == (smCtrl | smShift)) shift = smCtrl;  // where it needs both
   if (shift != smCtrl) return false;
   switch (keyCode) {
     case 'F':

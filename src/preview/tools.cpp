@@ -33,6 +33,7 @@ void FrmReport::bindTools() {
   Rt1.onMouseUp = [this](const MouseEvent&) { Rt1_Click(); };  // also where a drag ends outside
   Rt1.onKeyDown = [this](int& keyCode, int shift) { Rt1_KeyDown(keyCode, shift); };
   Rt1.onKeyUp = [this](int&, int) { Rt1_KeyUp(); };
+  Rt1.onLostFocus = [this] { Rt1_KeyUp(); };  // a key may come up elsewhere
   Rt1.onTurnPage = [this](bool forward) { turnPage(forward); };
   cccc.onClick = [this] { cccc_Click(); };
   pppp.onClick = [this] { pppp_Click(); };
@@ -61,11 +62,17 @@ void FrmReport::Check2_MouseDown(const MouseEvent& event) {
 }
 
 void FrmReport::Check3_Click() {
-  if (Check3.Value != 0) {
-    Rt1.LoadFile(ReportPath);
-    showsWholeReport_ = true;
-  } else {
-    loadSteps();
+  const bool whole = Check3.Value != 0;
+  try {
+    if (whole) {
+      Rt1.LoadFile(ReportPath);
+      showsWholeReport_ = true;
+    } else {
+      loadSteps();
+    }
+  } catch (...) {
+    Check3.Value.setQuietly(whole ? 0 : 1);  // what is on show has not changed
+    throw;
   }
 }
 
@@ -116,7 +123,7 @@ void FrmReport::Rt1_KeyUp() {
 }
 
 void FrmReport::cccc_Click() {
-  if (Rt1.SelLength.get() > 0) platform_.clipboard.setText(Rt1.copyText());
+  if (const std::string text = Rt1.copyText(); !text.empty()) platform_.clipboard.setText(text);
 }
 
 void FrmReport::pppp_Click() {
@@ -125,6 +132,8 @@ void FrmReport::pppp_Click() {
 }
 
 void FrmReport::ht_Click() {
+  if (!Rt1.hasSelection()) return;
+  Rt1.rememberFormats();
   if (ChHighlighte.Value != 0) Rt1.SelBold = true;
   Rt1.SelColor = TXt[6].BackColor;
 }

@@ -61,6 +61,9 @@ TEST_F(Tools, MenuHighlightsAndWhileEditingPastes) {
   user().click("Check2");
   choose("pppp");
   EXPECT_EQ(form->Rt1.Text, "\033Ebold\033F bold\f");
+  choose("ht");
+  EXPECT_TRUE(form->Rt1.undo());
+  EXPECT_EQ(form->Rt1.formats().at(9), CharFormat{}) << "the highlight goes before the paste";
 }
 
 TEST_F(Tools, ColorChangesAreKept) {

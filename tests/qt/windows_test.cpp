@@ -1,3 +1,5 @@
+#include <QClipboard>
+
 #include "contract/form_contract.h"
 #include "contract/report_window_contract.h"
 #include "qt_desk.h"
@@ -18,6 +20,32 @@ TEST(ReportWindowOnTheDesktop, EveryKeyIsToldAndTheMenuKeyOpensTheMenu) {
   QTest::keyClick(&page, Qt::Key_F10, Qt::ShiftModifier);
   ASSERT_NE(QApplication::activePopupWidget(), nullptr);
   QApplication::activePopupWidget()->close();
+  auto& area = dynamic_cast<QAbstractScrollArea&>(page);
+  QTest::keyPress(&page, Qt::Key_Control);
+  EXPECT_EQ(area.viewport()->cursor().shape(), Qt::BitmapCursor);
+  form->Text4.SetFocus();
+  desk.expectAgreement(*form);
+  EXPECT_EQ(area.viewport()->cursor().shape(), Qt::IBeamCursor) << "the key comes up elsewhere";
+  form->unload();
+}
+
+TEST(ReportWindowOnTheDesktop, BoxesTakeTheDeleteKeyAndNoEnterFromAPastedLine) {
+  QtDesk desk;
+  startRun();
+  const auto form = openReportWindow(desk.platform(), "1\f2\f3\f4\f5\f6\f");
+  auto& box = dynamic_cast<QLineEdit&>(desk.user(*form).widget("Text2"));
+  form->Text2.Text = "12";
+  form->Text2.SetFocus();
+  desk.expectAgreement(*form);
+  EXPECT_EQ(box.selectedText(), "12") << "typing takes its place";
+  box.setCursorPosition(0);
+  QKeyEvent key(QEvent::KeyPress, Qt::Key_Delete, {}, QStringLiteral("\x7F"));
+  QApplication::sendEvent(&box, &key);
+  EXPECT_EQ(form->Text2.Text, "2");
+  QApplication::clipboard()->setText(QStringLiteral("3\r\n"));
+  box.clear();
+  box.paste();
+  EXPECT_TRUE(desk.machine.messageBox.shown.empty());
   form->unload();
 }
 

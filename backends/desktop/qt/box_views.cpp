@@ -88,6 +88,7 @@ class EditView : public ControlView {
     const std::string_view inserted = std::string_view(now).substr(head, now.size() - head - tail);
     for (std::size_t i = 0; i < inserted.size();) {
       int key = static_cast<int>(nextCharacter(inserted, i));
+      if (key < ' ') continue;  // an end of line that came along is no Enter
       control.keyPress(key);
       if (key >= ' ') appendCharacter(out, static_cast<char32_t>(key));
     }

@@ -29,13 +29,13 @@ QCursor zoomCursor() {
   return QCursor(picture, 9, 9);
 }
 
-void setPointer(QWidget& widget, int pointer) {
+void setPointer(QWidget& widget, int pointer, Qt::CursorShape usual) {
   if (pointer == mpHourglass) {
     widget.setCursor(Qt::WaitCursor);
   } else if (pointer == mpCustom) {
     widget.setCursor(zoomCursor());
   } else {
-    widget.unsetCursor();
+    widget.setCursor(usual);
   }
 }
 
@@ -73,7 +73,7 @@ void ControlView::syncLook() {
   }
   if (mousePointer_ != control.MousePointer) {
     mousePointer_ = control.MousePointer;
-    setPointer(widget, mousePointer_);
+    setPointer(pointed(), mousePointer_, usualPointer());
   }
 }
 

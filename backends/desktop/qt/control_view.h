@@ -42,6 +42,9 @@ class ControlView {
   virtual std::optional<QPoint> menuPoint() { return {}; }
 
  protected:
+  /// The part of the widget that the mouse is over, and its pointer there.
+  virtual QWidget& pointed() { return widget; }
+  virtual Qt::CursorShape usualPointer() const { return Qt::ArrowCursor; }
   virtual void syncContent() {}
   virtual void syncColors();
   virtual void place(const QRect& rect);

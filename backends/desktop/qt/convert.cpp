@@ -1,5 +1,6 @@
 #include "backends/desktop/qt/convert.h"
 
+#include <QKeyEvent>
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -126,6 +127,13 @@ int keyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
   const auto* found = std::find_if(std::begin(kKeys), std::end(kKeys),
                                    [qtKey](const auto& pair) { return pair.first == qtKey; });
   return found == std::end(kKeys) ? keyOther : found->second;
+}
+
+bool isCommand(const QKeyEvent& event) {
+  const bool ctrl = (event.modifiers() & Qt::ControlModifier) != 0;
+  const bool alt = (event.modifiers() & Qt::AltModifier) != 0;
+  const bool types = !event.text().isEmpty() && event.text()[0].isPrint();
+  return ctrl != alt || (ctrl && !types);
 }
 
 int shiftMask(Qt::KeyboardModifiers modifiers) {

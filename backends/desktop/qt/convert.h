@@ -12,6 +12,8 @@
 #include "controls/look.h"
 
 /// Values of the forms as Qt has them, and back.
+class QKeyEvent;
+
 namespace paperway::qt {
 
 QString text(std::string_view utf8);
@@ -38,6 +40,8 @@ QFont font(const FontSpec& wanted, const QFont& base);
 
 /// The code of a key as forms know it, 0 when they know none, and the shift mask.
 int keyCode(int qtKey, Qt::KeyboardModifiers modifiers);
+/// A key pressed with Ctrl or Alt; both together type a character on some keyboards.
+bool isCommand(const QKeyEvent& event);
 int shiftMask(Qt::KeyboardModifiers modifiers);
 int mouseButton(Qt::MouseButton button);
 

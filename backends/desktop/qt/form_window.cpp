@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QScreen>
 #include <QTimer>
 #include <QWheelEvent>
 #include <algorithm>
@@ -19,9 +20,8 @@ namespace {
 
 /// The character of a key press, 0 for none.
 char32_t characterOf(const QKeyEvent& event) {
-  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0) {
-    return 0;
-  }
+  if (isCommand(event) || (event.modifiers() & Qt::MetaModifier) != 0) return 0;
+  if (event.key() == Qt::Key_Delete) return 0;
   if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return keyReturn;
   if (event.key() == Qt::Key_Backspace) return keyBack;
   const QList<uint> characters = event.text().toUcs4();
@@ -38,7 +38,7 @@ FormWindow::FormWindow(std::shared_ptr<Form> form, Windows& owner)
   setMinimumSize(pixels(form_->MinWidth), pixels(form_->MinHeight));
   const QSize size(pixels(form_->Width), pixels(form_->Height));
   if (form_->Sizable) {
-    resize(size);
+    resize(size.boundedTo(screen()->availableSize()));
   } else {
     setFixedSize(size);
   }
@@ -188,7 +188,9 @@ void FormWindow::focusNewPanel() {
 void FormWindow::syncFocus() {
   if (form_->activeControl() == nullptr) return;
   ControlView* active = view(*form_->activeControl());
-  if (active != nullptr && focusWidget() != &active->widget) active->widget.setFocus();
+  if (active != nullptr && focusWidget() != &active->widget) {
+    active->widget.setFocus(Qt::ShortcutFocusReason);  // a line of text is selected, to be replaced
+  }
 }
 
 void FormWindow::popUp() {

@@ -24,6 +24,8 @@ class ReportControlView : public ControlView {
   std::optional<QPoint> menuPoint() override { return report_.caretPoint(); }
 
  protected:
+  QWidget& pointed() override { return *report_.viewport(); }
+  Qt::CursorShape usualPointer() const override { return Qt::IBeamCursor; }
   void syncContent() override { report_.sync(); }
   void syncColors() override { report_.refresh(); }
 

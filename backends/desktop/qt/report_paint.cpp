@@ -11,12 +11,9 @@ QColor ReportView::paper() const {
   return color(box_.BackColor, palette());
 }
 
-/// Without the focus the selection is kept but not shown, as in any line that is typed into. Nor
-/// is the first character, which the program leaves selected on every page, as long as nothing can
-/// be typed in its place.
+/// Without the focus the selection is kept but not shown, as in any line that is typed into.
 bool ReportView::selectionShown() const {
-  const auto [begin, end] = std::minmax({box_.caret(), box_.anchor()});
-  if (begin == end || (begin == 0 && end == 1 && box_.Locked && !selectedByUser_)) return false;
+  if (!box_.hasSelection()) return false;
   return hasFocus() || window()->focusWidget() == this;
 }
 

@@ -43,7 +43,6 @@ void ReportView::sync() {
   seen_ = now;
   const bool otherText = now.text != before.text || now.font != before.font;
   const bool moved = now.caret != before.caret || now.anchor != before.anchor;
-  if (moved || otherText) selectedByUser_ = acting_ && !otherText;
   if (otherText || now.formats != before.formats) {
     lines_.clear();
     measure();
@@ -206,9 +205,7 @@ QPoint ReportView::caretPoint() {
 // Keyboard
 
 void ReportView::act(const std::function<void()>& handler) {
-  acting_ = true;
   act_(handler);
-  acting_ = false;
 }
 
 bool ReportView::takeKey(QKeyEvent& event) {
@@ -220,7 +217,7 @@ bool ReportView::takeKey(QKeyEvent& event) {
     showCaret(true);  // also where it did not move: the view may have been scrolled away
     return true;
   }
-  if ((event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) return false;
+  if (isCommand(event)) return false;
   const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
   const QString typed = enter ? QStringLiteral("\n") : event.text();
   const bool character = enter || (!typed.isEmpty() && typed[0].isPrint());
@@ -253,8 +250,9 @@ bool ReportView::clipboardKey(const QKeyEvent& event) {
   QClipboard* clipboard = QGuiApplication::clipboard();
   const bool cut = event.matches(QKeySequence::Cut);
   if (cut || event.matches(QKeySequence::Copy)) {
-    if (box_.caret() != box_.anchor()) clipboard->setText(text(box_.copyText()));
-    if (cut && box_.caret() != box_.anchor()) act([this] { box_.eraseForward(); });
+    const std::string copied = box_.copyText();
+    if (!copied.empty()) clipboard->setText(text(copied));
+    if (cut && box_.hasSelection()) act([this] { box_.eraseForward(); });
     return true;
   }
   if (!event.matches(QKeySequence::Paste)) return false;
@@ -264,7 +262,14 @@ bool ReportView::clipboardKey(const QKeyEvent& event) {
 
 void ReportView::inputMethodEvent(QInputMethodEvent* event) {
   const QString typed = event->commitString();
-  if (!typed.isEmpty()) act([&] { box_.typeText(utf8(typed)); });
+  act([&] {
+    if (const int replaced = event->replacementLength(); replaced > 0 && !box_.Locked) {
+      const auto begin = static_cast<std::int64_t>(box_.caret()) + event->replacementStart();
+      box_.moveCaret(static_cast<std::size_t>(std::max<std::int64_t>(begin, 0)));
+      box_.moveCaret(box_.caret() + static_cast<std::size_t>(replaced), true);
+    }
+    if (!typed.isEmpty() || event->replacementLength() > 0) box_.typeText(utf8(typed));
+  });
   event->accept();
 }
 
@@ -281,8 +286,10 @@ void ReportView::mousePressEvent(QMouseEvent* event) {
   const bool zooms = (event->modifiers() & Qt::ControlModifier) != 0;
   if (event->button() != Qt::LeftButton || zooms) return;
   const std::size_t offset = offsetAt(event->pos());
-  const bool third = QDateTime::currentMSecsSinceEpoch() - lastDoubleClick_ <
-                     QGuiApplication::styleHints()->mouseDoubleClickInterval();
+  const QStyleHints& hints = *QGuiApplication::styleHints();
+  const bool third =
+      QDateTime::currentMSecsSinceEpoch() - lastDoubleClick_ < hints.mouseDoubleClickInterval() &&
+      (event->pos() - doubleClickedAt_).manhattanLength() < hints.startDragDistance();
   dragging_ = !third;
   act([&] {
     if (third) {
@@ -297,6 +304,7 @@ void ReportView::mouseDoubleClickEvent(QMouseEvent* event) {
   event->accept();
   if (event->button() != Qt::LeftButton) return;
   lastDoubleClick_ = QDateTime::currentMSecsSinceEpoch();
+  doubleClickedAt_ = event->pos();
   act([&] { box_.selectWord(offsetAt(event->pos())); });
 }
 

@@ -108,10 +108,9 @@ class ReportView : public QAbstractScrollArea {
   QBasicTimer drag_;  // runs while the mouse is held beside the text
   QPoint dragPoint_;
   bool dragging_ = false;
-  bool acting_ = false;
-  bool selectedByUser_ = false;
   bool caretOn_ = true;
   qint64 lastDoubleClick_ = 0;
+  QPoint doubleClickedAt_;
 };
 
 }  // namespace paperway::qt
