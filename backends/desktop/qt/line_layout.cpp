@@ -113,6 +113,10 @@ LineLayout layOut(const RichTextBox& box, std::uint64_t line, TextFaces& faces) 
     builder.add(run, face,
                 run.color == box.ForeColor ? std::nullopt : std::optional<Color>(run.color));
   }
+  if (end < bounds.end) {
+    constexpr const char* kEllipsis = "\x85";  // of what is not drawn
+    builder.add({end, kEllipsis, box.Font.Size, box.ForeColor, false, false, false}, base, {});
+  }
   if (layout.ascent == 0) layout.ascent = base.ascent();
   return layout;
 }

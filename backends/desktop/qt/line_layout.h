@@ -29,7 +29,8 @@ struct LinePiece {
   double right() const { return x + width(); }
 };
 
-/// Where the characters of a line stand. Lines of any length are laid out up to kLongest bytes.
+/// Where the characters of a line stand. A line longer than kLongest bytes ends
+/// there in an ellipsis.
 struct LineLayout {
   static constexpr std::size_t kLongest = 65536;
 
