@@ -1,5 +1,6 @@
 #include "backends/desktop/qt/report_view.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QScrollBar>
@@ -170,6 +171,18 @@ TEST_F(ReportViewTest, AnotherPageBeginsAtItsTopAndKeepsItsPlaceSideways) {
   show(lines(100) + wide);
   EXPECT_EQ(view.firstLine(), 0u);
   EXPECT_EQ(view.horizontalScrollBar()->value(), 200);
+}
+
+TEST_F(ReportViewTest, ScreenReadersReadItByLinesAndMoveTheCaret) {
+  show("one\r\ncaf\xE9\r\n\f");
+  QAccessibleTextInterface* text = QAccessible::queryAccessibleInterface(&view)->textInterface();
+  int begin = 0;
+  int end = 0;
+  EXPECT_EQ(text->textAtOffset(6, QAccessible::LineBoundary, &begin, &end),
+            QStringLiteral("caf\u00E9\r\n"));
+  EXPECT_EQ(text->textBeforeOffset(begin, QAccessible::WordBoundary, &begin, &end), "one\r\n");
+  text->setSelection(0, begin, end - 2);
+  EXPECT_EQ(selected(), "one");
 }
 
 TEST_F(ReportViewTest, TheFormFeedThatClosesAPageTakesNoRoom) {

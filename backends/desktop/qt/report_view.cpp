@@ -1,5 +1,6 @@
 #include "backends/desktop/qt/report_view.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QDateTime>
 #include <QGuiApplication>
@@ -11,6 +12,7 @@
 #include <algorithm>
 
 #include "backends/desktop/qt/convert.h"
+#include "backends/desktop/qt/report_accessible.h"
 
 namespace paperway::qt {
 namespace {
@@ -31,6 +33,7 @@ ReportView::ReportView(RichTextBox& box, Act act, QWidget* parent)
   viewport()->setCursor(Qt::IBeamCursor);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
+  makeReportsReadable();
 }
 
 // Following the text
@@ -53,6 +56,10 @@ void ReportView::sync() {
   if (otherText || moved) showCaret(!otherText || box_.caret() > 1);
   restartBlinking();
   viewport()->update();
+  if (QAccessible::isActive() && (moved || otherText)) {
+    QAccessibleTextCursorEvent caretMoved(this, static_cast<int>(box_.caret()));
+    QAccessible::updateAccessibility(&caretMoved);
+  }
 }
 
 void ReportView::refresh() {
@@ -192,6 +199,13 @@ QPoint ReportView::pointOf(std::size_t offset) {
 std::size_t ReportView::offsetAt(const QPoint& point) {
   const std::uint64_t number = heights_.lineAt(point.y() + top_ - kMarginTop);
   return line(number).offsetAt(point.x() + horizontalScrollBar()->value() - kMarginLeft);
+}
+
+void ReportView::select(std::size_t anchor, std::size_t caret) {
+  act([&] {
+    box_.moveCaret(anchor);
+    box_.moveCaret(caret, true);
+  });
 }
 
 QPoint ReportView::caretPoint() {

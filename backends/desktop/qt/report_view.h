@@ -36,6 +36,8 @@ class ReportView : public QAbstractScrollArea {
   QPoint caretPoint();
 
   // For those who drive the view.
+  const RichTextBox& box() const { return box_; }
+  void select(std::size_t anchor, std::size_t caret);
   QPoint pointOf(std::size_t offset);
   std::size_t offsetAt(const QPoint& point);
   std::uint64_t firstLine() const { return heights_.lineAt(top_); }
