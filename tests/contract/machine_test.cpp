@@ -15,33 +15,28 @@
 namespace paperway {
 namespace {
 
-struct HeadlessMachine {
-  explicit HeadlessMachine(const std::filesystem::path& root) : machine(root) {}
+namespace fs = std::filesystem;
 
-  headless::Headless machine;
-};
-
-struct SystemMachine {
-  explicit SystemMachine(const std::filesystem::path& root) {
+struct SystemMachine : desktop::System {
+  explicit SystemMachine(const fs::path& root) {
     setenv("TMPDIR", (root / "temporary").c_str(), 1);
     setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+    setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
   }
-
-  desktop::System machine;
 };
 
 template <class Machine>
 class MachineTest : public testing::Test {
  protected:
   TestFolder folder_;
-  Machine desk_{folder_.path};
-  FileSystem& files_ = desk_.machine.files;
-  UserStore& store_ = desk_.machine.userStore;
+  Machine machine_{folder_.path};
+  FileSystem& files_ = machine_.files;
+  UserStore& store_ = machine_.userStore;
   const std::string file_ = folder_.path / "file";
   const std::string none_ = folder_.path / "none";
 };
 
-using Machines = testing::Types<HeadlessMachine, SystemMachine>;
+using Machines = testing::Types<headless::Headless, SystemMachine>;
 TYPED_TEST_SUITE(MachineTest, Machines);
 
 TYPED_TEST(MachineTest, TemporaryNamesAreNewAndHaveNoFolder) {
@@ -49,7 +44,7 @@ TYPED_TEST(MachineTest, TemporaryNamesAreNewAndHaveNoFolder) {
   EXPECT_TRUE(files.FolderExists(files.GetSpecialFolder(FileSystem::SpecialFolder::temporary)));
   const std::string name = files.GetTempName();
   EXPECT_NE(name, files.GetTempName());
-  EXPECT_FALSE(std::filesystem::path(name).has_parent_path());
+  EXPECT_FALSE(fs::path(name).has_parent_path());
 }
 
 TYPED_TEST(MachineTest, FilesAreAppendedToAndFoldersMade) {
@@ -59,7 +54,7 @@ TYPED_TEST(MachineTest, FilesAreAppendedToAndFoldersMade) {
   files.append(this->file_, "\r\ntwo");
   EXPECT_EQ(readFile(this->file_, "test"), "one\r\ntwo");
   const std::string link = this->folder_.path / "link";
-  std::filesystem::create_symlink("file", link);
+  fs::create_symlink("file", link);
   EXPECT_EQ(files.GetFile(link).ShortPath, this->file_);
   EXPECT_TRUE(files.FolderExists(this->folder_.path / "."));
   for (const std::string& other : {this->file_, this->none_, std::string()}) {
@@ -75,7 +70,7 @@ TYPED_TEST(MachineTest, AMissingFileIsNamed) {
     EXPECT_NE(error.find('"' + missing + '"'), error.npos) << error;
     EXPECT_THROW(this->files_.append(missing, "x"), AutomationError);
   }
-  EXPECT_FALSE(std::filesystem::exists(this->none_));
+  EXPECT_FALSE(fs::exists(this->none_));
 }
 
 using SystemTest = MachineTest<SystemMachine>;
@@ -88,6 +83,28 @@ TEST_F(SystemTest, KnowsLocalTimeAndAFullDisk) {
   utimensat(AT_FDCWD, file_.c_str(), march, 0);
   EXPECT_EQ(files_.GetFile(file_).DateLastModified, (Date{2006, 3, 5, 14, 7, 9}));
   EXPECT_THROW(files_.append("/dev/full", "x"), AutomationError);
+}
+
+TEST_F(SystemTest, FoldersAreMadeOnDemandForTheUserAlone) {
+  const fs::path& root = folder_.path;
+  const fs::path temporary = root / "temporary" / ("paperway-" + std::to_string(geteuid()));
+  EXPECT_EQ(machine_.folders.work(), root / "data/paperway/work");
+  EXPECT_EQ(machine_.folders.program(), root / "data/paperway/program");
+  EXPECT_EQ(machine_.folders.temporary(), temporary);
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    EXPECT_EQ(entry.status().permissions(), fs::perms::owner_all) << entry.path();
+  }
+  fs::remove(temporary);
+  fs::create_directory_symlink(root, temporary);
+  EXPECT_THROW(machine_.folders.temporary(), AutomationError);
+}
+
+TEST_F(SystemTest, AFolderThatCannotBeMadeIsAnError) {
+  replaceFile(folder_.path / "data", "a file", "test");
+  EXPECT_THROW(machine_.folders.work(), AutomationError);
+  setenv("HOME", folder_.path.c_str(), 1);
+  setenv("XDG_DATA_HOME", "data", 1);  // a relative one counts for nothing
+  EXPECT_EQ(machine_.folders.work(), folder_.path / ".local/share/paperway/work");
 }
 
 TYPED_TEST(MachineTest, GivesBackWhatWasSaved) {

@@ -1,9 +1,9 @@
 #include "controls/rich_text.h"
 
-#include <gtest/gtest.h>
 #include <random>
 
 #include "controls/form.h"
+#include "support/expect_each.h"
 #include "support/test_folder.h"
 #include "util/automation_error.h"
 #include "util/input_file.h"
@@ -40,14 +40,11 @@ TEST_F(RichText, FilesComeAndGoByteForByte) {
 
 TEST_F(RichText, FindIgnoresCase) {
   box.Text = "Total TOTAL to\304l t\366tal \212";
-  const std::tuple<const char*, int, int, int> cases[] = {
-      {"total", 0, 99, 0}, {"total", 1, 99, 6},    {"total", 7, 99, -1},    {"total", 6, 10, -1},
-      {"total", 6, 11, 6}, {"TO\344L", 0, 99, 12}, {"t\326tal", 0, 99, 17}, {"\232", 0, 99, 23},
-      {"", 0, 99, -1},     {"x", 0, 99, -1},       {"total", 99, 99, -1},
-  };
-  for (const auto& [text, start, end, found] : cases) {
-    EXPECT_EQ(box.Find(text, start, end), found) << text;
-  }
+  expectEach([&](const char* text, int start, int end) { return box.Find(text, start, end); },
+             Row{"total", 0, 99, 0}, Row{"total", 1, 99, 6}, Row{"total", 7, 99, -1},
+             Row{"total", 6, 10, -1}, Row{"total", 6, 11, 6}, Row{"TO\344L", 0, 99, 12},
+             Row{"t\326tal", 0, 99, 17}, Row{"\232", 0, 99, 23}, Row{"", 0, 99, -1},
+             Row{"x", 0, 99, -1}, Row{"total", 99, 99, -1});
 }
 
 TEST_F(RichText, SelectionsEndAtTheTextsEnd) {

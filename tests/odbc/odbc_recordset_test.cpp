@@ -140,12 +140,9 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
         Case{server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},
         Case{server, "SELECT * FROM sale",
              "Cannot prepare \"SELECT [*] FROM sale\": [[]42P01] *sale*"},
-        Case{server, "SELEC 1", "*: [[]42601] *SELEC*"},
         Case{server, "SELECT 1 / (1 - 1) AS x", "*: [[]22012] *division by zero*"},
         Case{server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
         Case{lite, "SELECT * FROM sale", "Cannot prepare *: [[]HY000] *no such table: sale*"},
-        Case{lite, "SELECT 'é' FROM grün", "*no such table: grün*"},
-        Case{lite, "SELEC 1", "*\"SELEC 1\": [[]HY000] *near \"SELEC\": syntax error*"},
         Case{lite, "SELECT ?", "Cannot run \"SELECT [?]\": [[]HY000] *unbound*"},
         Case{lite, "", "Cannot prepare \"\": [[]HY090] *"},
         Case{lite, longQuery, "*yyy…\": [[]HY000] *"}}) {
@@ -179,7 +176,6 @@ TEST(OdbcError, EndsTheRowsWhenTheServerGoesAway) {
     while (!rows.Eof()) rows.MoveNext();
   });
   EXPECT_EQ(error.rfind("Cannot fetch the rows of \"SELECT generate_series", 0), 0U) << error;
-  EXPECT_NE(error.find("\": ["), std::string::npos) << error;
   EXPECT_TRUE(rows.Eof());
   EXPECT_EQ(rows.RecordCount(), -1);
 }

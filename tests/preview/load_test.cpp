@@ -44,18 +44,6 @@ TEST_F(Load, ComingToTheFrontOrResizingGoesBackToAllPages) {
   EXPECT_LE(form->Frame1.bottom(), form->Height);
 }
 
-TEST_F(Load, TakesItsArgumentsFromTheRunState) {
-  load(pages(1));
-  EXPECT_EQ(form->ComPaperHeight.Text, "6");
-  EXPECT_EQ(runState().ModPagelenth, 6);
-  runState().ModPagelenth = 11;
-  runState().ModCc12 = 1;
-  load(pages(1));
-  EXPECT_EQ(form->ComPaperHeight.Text, "11");
-  EXPECT_EQ(form->Ch12.Value, 1);
-  EXPECT_EQ(form->Ch17.Value, 0);
-}
-
 TEST_F(Load, HidesWhatIsSwitchedOff) {
   const std::pair<std::uint8_t RunState::*, const char*> cases[] = {
       {&RunState::ModRCont, "Check3 "},          {&RunState::ModREdit, "Check2 "},

@@ -15,7 +15,7 @@ class Panel : public Class1Test {
  protected:
   FrmReport& open(const std::string& text = "one\r\n\f\r\ntwo\r\n\f\r\nthree\r\n\f\r\n") {
     replaceFile(report_, text, "test");
-    class1_.PreviewReport({.Path1 = report_, .RCont = 1, .REdit = 1, .RColor = 1, .RPrint = 1});
+    class1_.PreviewReport(arguments_);
     form_ = std::dynamic_pointer_cast<FrmReport>(machine_.windows.forms.back());
     return *form_;
   }
@@ -43,6 +43,8 @@ class Panel : public Class1Test {
 
   std::shared_ptr<FrmReport> form_;
   const std::string report_ = path("report.txt");
+  PreviewReportArguments arguments_{
+      .Path1 = report_, .RCont = 1, .REdit = 1, .RColor = 1, .RPrint = 1};
   const std::string setup_ = printerSetup({.paperHeight = 6, .draft = true});
 };
 
@@ -192,8 +194,10 @@ TEST_F(Panel, PrintsThePagesThatWereChosen) {
 TEST_F(Panel, JobHasTheSettingsOfThePanel) {
   settings().setText(Key::Ttt, "0101");
   class1_.Pagelenth = 12;
+  arguments_.cc12 = 1;
   FrmReport& form = open("page\f");
-  form.Ch12.Value = form.Ch17.Value = 1;
+  EXPECT_EQ(form.Ch17.Value, 0);
+  form.Ch17.Value = 1;
   form.ChDraft.Value = 0;
   form.Text3.Text = "2";
   form.CboPrinters.Text = "Laser";

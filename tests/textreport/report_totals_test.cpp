@@ -89,9 +89,8 @@ class ReadAgain {
   void checkPageEnd() {
     const bool last = at_ + 1 == lines_.size();
     const Field field = last ? kTotal : kPageTotal;
-    bool any = last;
-    for (std::size_t i = 0; i < columns_.size(); ++i) any = any || shows(i, field);
-    if (!any) return;
+    const auto carries = [](const auto& column) { return column[kPageTotal] == "Y"; };
+    if (!last && std::none_of(columns_.begin(), columns_.end(), carries)) return;
     checkTotals(lines_[at_ - 2], field, sums_[kTotal]);
     const std::string& carried = last ? lines_[at_ - 2] : lines_[at_ + 1 + kHeadLines];
     EXPECT_EQ(carried, lines_[at_ - 2]) << "line " << at_;
@@ -116,20 +115,19 @@ TEST_F(ReportTotals, OfRandomReportsAddUpFromTheirRows) {
     for (int i = upTo(4); i >= 0; --i) {
       names.push_back("n" + std::to_string(i));
       const std::string total = oneOf({"Y", "N"});
-      columns.push_back({names.back(), "Heading", "11", "N", oneOf({"L", "R"}), "1", total,
+      columns.push_back({names.back(), "Heading", "11", "N", "R", "1", total,
                          total == "Y" ? oneOf({"Y", "N"}) : "N",
                          groups ? oneOf({"", "inner", "Count+inner"}) : "",
-                         groups ? oneOf({"", "outer", "Count+outer"}) : "",
-                         oneOf({"0", "#,##0", ""}), "", "", oneOf({"N", "N", "Y"}), "inner"});
+                         groups ? oneOf({"", "outer", "Count+outer"}) : "", oneOf({"0", "#,##0"}),
+                         "", "", oneOf({"N", "N", "Y"}), "inner"});
     }
     if (groups) columns[0][kInner] = "inner", columns[0][kOuter] = "outer";
     MemoryTable rows(names);
-    int outer = 0, inner = 0, outerGroups = 0, innerGroups = 0;
+    int outer = 0, inner = 0, innerGroups = 0;
     const int rowCount = upTo(120);
     for (int r = 0; r < rowCount; ++r) {
       const bool outerBegins = r == 0 || upTo(20) == 0;
       const bool innerBegins = r == 0 || upTo(4) == 0;
-      outerGroups += outerBegins;
       innerGroups += outerBegins || innerBegins;
       std::vector<Value> row = {"o" + std::to_string(outer += outerBegins),
                                 "i" + std::to_string(inner += innerBegins)};
@@ -146,11 +144,8 @@ TEST_F(ReportTotals, OfRandomReportsAddUpFromTheirRows) {
     again.check();
     EXPECT_EQ(again.rows, rowCount);
     EXPECT_EQ(again.totals[kInner], groups ? std::max(innerGroups, 1) : 0);
-    EXPECT_EQ(again.totals[kOuter], groups ? outerGroups : 0);
-    const bool carries = std::any_of(columns.begin(), columns.end(),
-                                     [](const auto& column) { return column[kPageTotal] == "Y"; });
-    EXPECT_EQ(again.totals[kTotal] + again.totals[kPageTotal],
-              carries ? std::count(bytes.begin(), bytes.end(), '\f') : 1);
+    EXPECT_EQ(again.totals[kOuter], groups ? outer : 0);
+    EXPECT_EQ(again.totals[kTotal], 1);
     if (HasFailure()) ADD_FAILURE() << "run " << run << "\n" << readable(bytes);
   }
 }

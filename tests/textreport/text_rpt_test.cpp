@@ -173,30 +173,21 @@ TEST_F(TextReport, AGroupFieldThatTheDataLacksIsToldBeforeAnythingIsTouched) {
 }
 
 TEST_F(TextReport, FailuresNameTheThingAndLeaveTheEarlierReport) {
-  struct Failure {
-    const char* reason;
-    std::string target;
-    const char* field = "item";
-    Value value = "a";
+  replaceFile(file_, "earlier", "test");
+  const auto failure = [&](const char* item, const std::string& target) {
+    MemoryTable rows({"item", "amount"}, {{item, 1.0}});
+    setColumns(kPlain);
+    TextRptArguments arguments{.Rs = rows, .TextFileName = target, .MPLine = 60};
+    return errorOf([&] { class1_.Text_Rpt(arguments); });
   };
-  for (const Failure& each :
-       {Failure{"\"nothing\"; the fields are item, amount", file_, "nothing"},
-        Failure{"\"item\" of row 1 of the data is not UTF-8", file_, "item", "caf\xE9"},
-        Failure{"/dev/full", "/dev/full"},
-        Failure{"missing/report.txt", path("missing/report.txt")}, Failure{"without a name", ""}}) {
-    MemoryTable rows({"item", "amount"}, {{each.value, 1.0}});
-    Columns columns = kPlain;
-    columns[0][0] = each.field;
-    setColumns(columns);
-    replaceFile(file_, "earlier", "test");
-    const std::string error =
-        errorOf([&] { class1_.Text_Rpt({.Rs = rows, .TextFileName = each.target, .MPLine = 60}); });
-    EXPECT_NE(error.find(each.reason), std::string::npos) << each.reason << " told as " << error;
-    EXPECT_EQ(bytesOf(file_), "earlier");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path), {}), 2) << error;
-  }
-  Class1 fresh(machine_.platform());
+  const std::string coded = failure("caf\xE9", file_);
+  EXPECT_NE(coded.find("\"item\" of row 1 of the data is not UTF-8"), coded.npos) << coded;
+  const std::string unnamed = failure("a", "");
+  EXPECT_NE(unnamed.find("without a name"), unnamed.npos) << unnamed;
+  EXPECT_EQ(bytesOf(file_), "earlier");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.path), {}), 2);
   MemoryTable rows = numbered(1);
+  Class1 fresh(machine_.platform());
   EXPECT_THROW(fresh.Text_Rpt({.Rs = rows, .TextFileName = path("x")}), AutomationError);
 }
 
