@@ -9,42 +9,34 @@ namespace {
 
 class DirectDesk {
  public:
-  explicit DirectDesk(const std::string& target) { file_.add({"P", target}); }
   Spooler& spooler() { return spooler_; }
 
+ protected:
+  void printTo(const std::string& target) { file_.add({"P", target}); }
+
+  TestFolder folder_;
+
  private:
-  TestFolder config_;
-  desktop::DirectPrinterFile file_{config_.path / "printers"};
+  desktop::DirectPrinterFile file_{folder_.path / "printers"};
   desktop::DirectSpooler spooler_{file_};
 };
 
 class SocketDesk : public DirectDesk {
  public:
-  explicit SocketDesk(std::shared_ptr<JobListener> listener = std::make_shared<JobListener>())
-      : DirectDesk("socket://" + listener->address()), listener_(std::move(listener)) {}
-  auto take() { return listener_->take(); }
+  SocketDesk() { printTo("socket://" + listener_.address()); }
+  auto take() { return listener_.take(); }
 
  private:
-  std::shared_ptr<JobListener> listener_;
+  JobListener listener_;
 };
 
-class FolderDesk : public DirectDesk {
- public:
-  explicit FolderDesk(const std::string& before, const std::string& after = "",
-                      std::shared_ptr<TestFolder> folder = std::make_shared<TestFolder>())
-      : DirectDesk(before + folder->path.string() + after), folder_(std::move(folder)) {}
-  std::string take() { return readFile(folder_->path / "out", "test"); }
-
- private:
-  std::shared_ptr<TestFolder> folder_;
+struct FileDesk : DirectDesk {
+  FileDesk() { printTo("file://" + (folder_.path / "out").string()); }
+  std::string take() { return readFile(folder_.path / "out", "test"); }
 };
 
-struct FileDesk : FolderDesk {
-  FileDesk() : FolderDesk("file://", "/out") {}
-};
-
-struct CommandDesk : FolderDesk {
-  CommandDesk() : FolderDesk("|cd ", " && cat > part && mv part out") {}
+struct CommandDesk : FileDesk {
+  CommandDesk() { printTo("|cd " + folder_.path.string() + " && cat > part && mv part out"); }
 };
 
 using Desks = testing::Types<SocketDesk, FileDesk, CommandDesk>;

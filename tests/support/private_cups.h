@@ -15,6 +15,7 @@
 
 #include "support/free_port.h"
 #include "support/test_folder.h"
+#include "util/input_file.h"
 
 namespace paperway {
 
@@ -76,11 +77,6 @@ class PrivateCups {
     cupsSetServer(server_.c_str());
   }
 
-  std::string errors() const {
-    std::ifstream log(at("log/error"));
-    return {std::istreambuf_iterator<char>(log), {}};
-  }
-
  private:
   std::string at(const std::string& name) const { return (folder_.path / name).string(); }
   void write(const std::string& name, const std::string& text) { std::ofstream(at(name)) << text; }
@@ -98,7 +94,7 @@ class PrivateCups {
       if (http != nullptr) return httpClose(http);
       usleep(50'000);
     }
-    FAIL() << "The print server does not start: " << errors();
+    FAIL() << "The print server does not start: " << readFile(at("log/error"), "test");
   }
 
   TestFolder folder_;

@@ -162,14 +162,11 @@ TEST_F(TextReport, AGroupFieldThatTheDataLacksIsToldBeforeAnythingIsTouched) {
   MemoryTable rows = numbered(1);
   Columns columns = kPlain;
   columns[0] = {"item", "Item", "10", "T", "L", "1", "N", "", "", "region"};
-  setColumns(columns);
   replaceFile(file_, "earlier", "test");
-  TextRptArguments arguments{.Rs = rows, .TextFileName = file_, .MPLine = 60, .Srno = 7};
-  class1_.Text_Rpt(arguments);
+  EXPECT_EQ(report(columns, {.Rs = rows, .MPLine = 60, .Srno = 7}), "earlier");
+  EXPECT_EQ(nextSerial_, 7);
   EXPECT_EQ(machine_.messageBox.shown.at(0).text,
             " Please Check for RecordSet \r\nregion\r\n Not found ");
-  EXPECT_EQ(arguments.Srno, 7);
-  EXPECT_EQ(bytesOf(file_), "earlier");
 }
 
 TEST_F(TextReport, FailuresNameTheThingAndLeaveTheEarlierReport) {
