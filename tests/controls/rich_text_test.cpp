@@ -119,7 +119,7 @@ TEST_F(RichText, KeysMoveByLinesWordsAndPages) {
              Row{keyDown, 0, Places(24, 24)}, Row{keyUp, smShift, Places(13, 24)},
              Row{keyLeft, 0, Places(13, 13)}, Row{keyHome, smCtrl, Places(0, 0)},
              Row{keyRight, smCtrl, Places(6, 6)}, Row{keyPageDown, smShift, Places(21, 6)},
-             Row{keyLeft, smCtrl, Places(15, 15)}, Row{'A', smCtrl, Places(24, 0)});
+             Row{'A', smCtrl, Places(24, 0)}, Row{keyLeft, smCtrl, Places(21, 21)});
 }
 
 TEST_F(RichText, EditsCanBeTakenBack) {

@@ -148,6 +148,7 @@ TEST(MessageBoxOnTheDesktop, ShowsTextsAsTheyStand) {
   for (const auto& [buttons, icon, drawn, press, given] : cases) {
     answer<QMessageBox>([expected = drawn, pressed = press](QMessageBox& box) {
       EXPECT_EQ(box.windowTitle() + "|" + box.text(), "Title | Select <b>Page</b>...!");
+      EXPECT_EQ(box.textFormat(), Qt::PlainText);
       EXPECT_EQ(box.icon(), expected);
       if (pressed == kEsc) return box.reject();
       QTest::mouseClick(static_cast<QWidget*>(box.button(pressed)), Qt::LeftButton);
