@@ -1,4 +1,5 @@
 #include "backends/desktop/system/direct_spooler.h"
+#include "backends/headless/printing.h"
 #include "contract/spooler_contract.h"
 #include "support/job_listener.h"
 #include "support/test_folder.h"
@@ -6,6 +7,21 @@
 
 namespace paperway {
 namespace {
+
+class HeadlessDesk {
+ public:
+  HeadlessDesk() { printers_.infos = {{"P", "", true}}; }
+  Spooler& spooler() { return spooler_; }
+  std::string take() {
+    while (spooler_.jobs.at(next_)->state != headless::Spooler::Job::State::ended) ++next_;
+    return spooler_.jobs.at(next_++)->bytes;
+  }
+
+ private:
+  headless::Printers printers_;
+  headless::Spooler spooler_{printers_};
+  std::size_t next_ = 0;
+};
 
 class DirectDesk {
  public:
@@ -39,7 +55,7 @@ struct CommandDesk : FileDesk {
   CommandDesk() { printTo("|cd " + folder_.path.string() + " && cat > part && mv part out"); }
 };
 
-using Desks = testing::Types<SocketDesk, FileDesk, CommandDesk>;
+using Desks = testing::Types<HeadlessDesk, SocketDesk, FileDesk, CommandDesk>;
 INSTANTIATE_TYPED_TEST_SUITE_P(Direct, SpoolerContract, Desks);
 
 }  // namespace

@@ -122,6 +122,10 @@ TEST_F(Tools, CaretPlacesBecomeColumnMarksWhilePicking) {
     user().tick("Timer1");
   }
   EXPECT_EQ(form->ColumnMarks, (std::vector<std::int16_t>{0, 3, 7, 0}));
+  form->ColumnMarkCount = 255;
+  user().click("Rt1");
+  user().tick("Timer1");
+  EXPECT_EQ(form->ColumnMarkCount, 0);
 }
 
 }  // namespace
