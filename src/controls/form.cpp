@@ -69,25 +69,19 @@ std::vector<Control*> Form::tabOrder() const {
   return order;
 }
 
-/// The one that shares the innermost container with the focus; of several, the first.
+/// Of several, those beside the focus come first, then those behind it.
 Control* Form::accessKeyTarget(char32_t character) const {
   const char32_t wanted = upperCase(character);
   const Control* beside = activeControl_ == nullptr ? nullptr : activeControl_->container;
-  const auto depthWithFocus = [this](const Control* control) {
-    int depth = 0;
-    for (const Control* outer = control->container; outer != nullptr; outer = outer->container) {
-      if (activeControl_ != nullptr && outer->holds(*activeControl_)) ++depth;
-    }
-    return depth;
-  };
   Control* target = nullptr;
   int nearest = -1;
   for (Control* control : controls_) {
     if (control->kind == ControlKind::menuItem || control->accessKey() != wanted) continue;
     if (!control->reachable()) continue;
-    const int depth = 2 * depthWithFocus(control) + (control->container == beside ? 1 : 0);
-    if (depth <= nearest) continue;
-    nearest = depth;
+    const bool behind = activeControl_ != nullptr && control->TabIndex > activeControl_->TabIndex;
+    const int near = (control->container == beside ? 2 : 0) + (behind ? 1 : 0);
+    if (near <= nearest) continue;
+    nearest = near;
     target = control;
   }
   return target;

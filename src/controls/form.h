@@ -75,7 +75,8 @@ class Form : public Geometry, public std::enable_shared_from_this<Form> {
   std::vector<Control*> tabOrder() const;
 
   /// Alt and a character: presses the button, ticks the box, selects the option, or moves the focus
-  /// behind the label. Where several have the character, those beside the focus come first.
+  /// behind the label. Where several have the character, those beside the focus come first, then
+  /// those behind it.
   bool pressAccessKey(char32_t character);
 
   /// Puts a menu up at a place of the form once the handler that asks for it has ended.

@@ -177,8 +177,10 @@ TEST_F(Panel, PrintsThePagesThatWereChosen) {
   EXPECT_EQ(machine_.spooler.jobs.back()->documentName, "RANGE.prn");
 
   machine_.messageBox.answers = {Answer::no};
+  form.Frame1.Visible = true;
   form.Op[2].SetFocus();
   form.pressAccessKey('p');  // of CmdOk in the panel, not of CmdPrint below it
+  EXPECT_TRUE(machine_.messageBox.answers.empty()) << "it has asked";
   range("0", "0");
   form.CmdOk.onClick();
   EXPECT_EQ(machine_.spooler.jobs.size(), 3U) << "refused at a question";
