@@ -23,18 +23,6 @@ struct PreviewOptions {
   Desk::Options desk;
 };
 
-/// Every feature of the window is on.
-PreviewReportArguments allOf(std::string file) {
-  return {.Path1 = std::move(file),
-          .RCont = 1,
-          .REdit = 1,
-          .RSearch = 1,
-          .RImport = 1,
-          .RExport = 1,
-          .RColor = 1,
-          .RPrint = 1};
-}
-
 void addSwitch(CLI::App& command, const std::string& name, std::uint8_t& feature,
                const std::string& help) {
   command.add_flag_callback(
@@ -98,7 +86,7 @@ void preview(const PreviewOptions& options) {
 void read(Desk& desk, const std::string& report) {
   Class1 window(desk.platform());
   window.Pagelenth = kUsualPaper;
-  window.PreviewReport(allOf(report));
+  window.PreviewReport(PreviewReportArguments::withEverything(report));
   desk.run();
 }
 
@@ -106,7 +94,7 @@ void addPreview(CLI::App& app) {
   CLI::App* command = app.add_subcommand("preview", "Open a report in a window to read it");
   const auto options = std::make_shared<PreviewOptions>();
   PreviewReportArguments& arguments = options->arguments;
-  arguments = allOf("");
+  arguments = PreviewReportArguments::withEverything("");
   command->add_option("FILE", options->file, "Report file, or any text file")->required();
   command->add_option("--page", options->page, "Begin with this page")
       ->type_name("N")

@@ -45,17 +45,21 @@ void Class1::Set_Repot_Format(Recordset& Rst) {
   }
 }
 
+PreviewReportArguments PreviewReportArguments::withEverything(std::string path) {
+  return {.Path1 = std::move(path),
+          .RCont = 1,
+          .REdit = 1,
+          .RSearch = 1,
+          .RImport = 1,
+          .RExport = 1,
+          .RColor = 1,
+          .RPrint = 1};
+}
+
 void Class1::Text_Rpt(TextRptArguments& arguments) {
   if (!writeTextReport(arguments, ReportFormat_, font_, platform_.messageBox)) return;
   if (arguments.Preview1 == 0) return;
-  PreviewReport({.Path1 = arguments.TextFileName,
-                 .RCont = 1,
-                 .REdit = 1,
-                 .RSearch = 1,
-                 .RImport = 1,
-                 .RExport = 1,
-                 .RColor = 1,
-                 .RPrint = 1});
+  PreviewReport(PreviewReportArguments::withEverything(arguments.TextFileName));
 }
 
 std::string Class1::TxtL(std::string_view DispField, std::int16_t sp1) {

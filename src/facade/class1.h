@@ -34,6 +34,9 @@ struct PreviewReportArguments {
   std::uint8_t cc17 = 0;         // 1: condensed
   std::uint8_t cc12 = 0;         // 1: 12 characters per inch
   std::uint8_t Tear = 0;         // 1: feed the stored tear lines; comes back as 1 or 0
+
+  /// Every feature of the window is on.
+  static PreviewReportArguments withEverything(std::string path);
 };
 
 /// The library's one public face. A host makes it, hands it recordsets and file names, and calls
