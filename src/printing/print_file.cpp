@@ -66,9 +66,15 @@ std::uint64_t wholePages(InputFile& file, const PrintStreamSettings& settings,
 
 std::string howFarItCame(InputFile& file, const PrintStreamSettings& settings,
                          const SpoolError& error) {
-  if (error.accepted() == 0) return error.description();
-  return std::string(error.description()) + " It has " +
-         std::to_string(wholePages(file, settings, error.accepted())) + " whole pages.";
+  std::string told = error.description();
+  if (error.accepted() == 0) return told;
+  try {
+    const std::uint64_t pages = wholePages(file, settings, error.accepted());
+    told += " It has " + std::to_string(pages) + " whole pages.";
+  } catch (const AutomationError&) {
+    // A pipe cannot be read twice; the printer's failure is what counts.
+  }
+  return told;
 }
 
 /// Gives the bytes of the file to the printer. False when there is no such printer.
