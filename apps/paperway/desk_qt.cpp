@@ -30,15 +30,16 @@ void requireDisplay() {
   throw std::runtime_error("There is no display to open a window on.");
 }
 
-/// Windows without a display stand on a screen of a common size. Qt reads the file when it starts.
+/// Windows without a display stand on a screen of a common size. Qt reads the file when it starts;
+/// whoever asks for the same scale writes the same.
 std::string offscreen(const std::filesystem::path& folder, double scale) {
-  const std::filesystem::path screen = folder / "screen.json";
-  OutputFile file(screen, "preview");
   const auto side = [scale](int pixels) { return std::to_string(std::lround(pixels * scale)); };
-  file.write(R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": )" + side(1920) +
-             R"(, "height": )" + side(1080) +
-             R"(, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
-  file.commit();
+  const std::filesystem::path screen = folder / ("screen-" + side(1920) + ".json");
+  replaceFile(screen,
+              R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": )" + side(1920) +
+                  R"(, "height": )" + side(1080) +
+                  R"(, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})",
+              "preview");
   return "offscreen:configfile=" + screen.string();
 }
 

@@ -204,8 +204,7 @@ std::string RichTextBox::copyText() const {
   std::string shown;
   if (!hasSelection()) return shown;
   std::string copy;
-  const bool closed = !text_.empty() && text_[text_.size() - 1] == '\f';
-  const std::size_t end = std::min(selectionEnd(), text_.size() - (closed ? 1 : 0));
+  const std::size_t end = std::min(selectionEnd(), textEnd());
   for (const FormatRuns::Run& run : formats_.runs(selectionBegin(), end)) {
     if (run.format.hidden()) continue;
     shown += CodePage::windows1252().decode(text_.view(run.begin, run.end, copy));

@@ -135,8 +135,8 @@ class SpLebalWidget : public QWidget, private TextMeasure {
     style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
   }
 
-  int wrappedHeight(std::string_view caption, const FontSpec& spec, int width) const override {
-    const QFontMetrics metrics(qt::font(spec, font()));
+  int wrappedHeight(std::string_view caption, const FontSpec& wanted, int width) const override {
+    const QFontMetrics metrics(qt::font(wanted, font()));
     return metrics
         .boundingRect(0, 0, width, 0, Qt::TextShowMnemonic | Qt::TextWordWrap, text(caption))
         .height();

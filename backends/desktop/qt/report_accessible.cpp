@@ -79,7 +79,7 @@ class ReportAccessible : public QAccessibleWidget, public QAccessibleTextInterfa
   }
   void scrollToSubstring(int begin, int) override { setCursorPosition(begin); }
   QString attributes(int offset, int* begin, int* end) const override {
-    told(around(at(offset), QAccessible::LineBoundary), begin, end);
+    tell(around(at(offset), QAccessible::LineBoundary), begin, end);
     return {};
   }
 
@@ -100,9 +100,12 @@ class ReportAccessible : public QAccessibleWidget, public QAccessibleTextInterfa
     const std::size_t end = std::max(stretch.begin, stretch.end);
     return qt::text(CodePage::windows1252().decode(box_.buffer().view(stretch.begin, end, copy)));
   }
-  QString told(const Stretch& stretch, int* begin, int* end) const {
+  static void tell(const Stretch& stretch, int* begin, int* end) {
     *begin = static_cast<int>(stretch.begin);
     *end = static_cast<int>(stretch.end);
+  }
+  QString told(const Stretch& stretch, int* begin, int* end) const {
+    tell(stretch, begin, end);
     return text(stretch);
   }
 
