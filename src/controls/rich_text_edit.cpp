@@ -72,6 +72,7 @@ std::size_t RichTextBox::previousStop(std::size_t offset) const {
 std::size_t RichTextBox::wordStop(std::size_t offset, bool forward) const {
   const auto classBeside = [&](std::size_t at) { return classOf(text_[forward ? at : at - 1]); };
   const std::size_t limit = forward ? textEnd() : 0;
+  offset = std::min(offset, textEnd());  // a selection may reach behind the closing form feed
   const auto skip = [&](auto&& wanted) {
     while (offset != limit && wanted(classBeside(offset))) {
       offset = forward ? nextStop(offset) : previousStop(offset);

@@ -122,6 +122,20 @@ TEST_F(RichText, KeysMoveByLinesWordsAndPages) {
              Row{'A', smCtrl, Places(24, 0)}, Row{keyLeft, smCtrl, Places(21, 21)});
 }
 
+TEST_F(RichText, WordKeysBehindTheClosingFormFeed) {
+  for (const char* page : {"\f", "", "\r\n\f", "one two\f"}) {
+    for (const int key : {keyRight, keyDelete, keyLeft, keyBack}) {
+      for (const bool byProgram : {true, false}) {
+        box.Text = page;
+        box.selectAll();
+        if (byProgram) box.SelLength = 1;
+        box.handleKey(key, smCtrl);
+        EXPECT_LE(box.caret(), box.Text.get().find_last_not_of('\f') + 1) << page << key;
+      }
+    }
+  }
+}
+
 TEST_F(RichText, EditsCanBeTakenBack) {
   box.Text = "bold mark";
   box.format(0, 4, {.bold = true});
