@@ -6,9 +6,9 @@
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/source.h"
-#include "textreport/layout.h"
-#include "textreport/report_format.h"
-#include "textreport/report_plan.h"
+#include "report/layout.h"
+#include "report/report_format.h"
+#include "report/report_plan.h"
 #include "util/format_pattern.h"
 
 namespace paperway::command {

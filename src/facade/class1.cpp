@@ -14,7 +14,7 @@
 #include "printing/print_file.h"
 #include "printing/print_panel.h"
 #include "printing/set_orientation.h"
-#include "textreport/layout.h"
+#include "report/layout.h"
 #include "util/automation_error.h"
 #include "util/colors.h"
 #include "util/extremes.h"

@@ -8,7 +8,7 @@
 
 #include "facade/recordset.h"
 #include "platform/platform.h"
-#include "textreport/report_format.h"
+#include "report/report_format.h"
 #include "textreport/text_rpt.h"
 #include "util/control_strings.h"
 
@@ -71,7 +71,7 @@ class Class1 {
   void Text_Rpt(TextRptArguments& arguments);
   void Text_Rpt(TextRptArguments&& arguments) { Text_Rpt(arguments); }
 
-  // Layout primitives: texts in fixed positions, counted in characters. See textreport/layout.h
+  // Layout primitives: texts in fixed positions, counted in characters. See report/layout.h
 
   /// The text without blanks at its ends, padded or cut to a width at its right (TxtL) or its left
   /// (TxtR). A width below 0 raises an AutomationError.

@@ -1,9 +1,9 @@
 #include "textreport/text_rpt.h"
 
 #include "facade/run_state.h"
-#include "textreport/layout.h"
+#include "report/layout.h"
+#include "report/report_plan.h"
 #include "textreport/report_lines.h"
-#include "textreport/report_plan.h"
 #include "util/automation_error.h"
 #include "util/code_page.h"
 #include "util/control_strings.h"

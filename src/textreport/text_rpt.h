@@ -5,7 +5,7 @@
 
 #include "facade/recordset.h"
 #include "platform/message_box.h"
-#include "textreport/report_format.h"
+#include "report/report_format.h"
 #include "util/control_strings.h"
 
 namespace paperway {

@@ -53,9 +53,9 @@ int floorOf(const std::string& file) {
   static const std::regex kGroundFloor("src/facade/(run_state|recordset|settings_store)\\..*");
   if (std::regex_match(file, kGroundFloor)) return 1;
   static const std::map<std::string, int> kFloors = {
-      {"src/util", 0},    {"src/platform", 1}, {"src/controls", 2}, {"src/textreport", 3},
-      {"src/preview", 3}, {"src/printing", 3}, {"src/html", 3},     {"src/excel", 3},
-      {"src/sticker", 3}, {"src/facade", 5}};
+      {"src/util", 0},       {"src/platform", 1}, {"src/controls", 2}, {"src/report", 2},
+      {"src/textreport", 3}, {"src/preview", 3},  {"src/printing", 3}, {"src/html", 3},
+      {"src/excel", 3},      {"src/sticker", 3},  {"src/facade", 5}};
   const auto found = kFloors.find(folderOf(file));
   if (found != kFloors.end()) return found->second;
   return file.starts_with("backends/") ? 4 : 6;

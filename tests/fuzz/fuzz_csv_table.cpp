@@ -2,7 +2,7 @@
 
 #include "backends/data/memory/csv_table.h"
 #include "fuzz/fuzz.h"
-#include "textreport/report_format.h"
+#include "report/report_format.h"
 #include "util/automation_error.h"
 
 using namespace paperway;

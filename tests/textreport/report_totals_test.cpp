@@ -3,7 +3,7 @@
 #include <random>
 #include <sstream>
 
-#include "textreport/report_fixture.h"
+#include "support/report_fixture.h"
 
 namespace paperway {
 namespace {

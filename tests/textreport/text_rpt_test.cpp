@@ -1,7 +1,7 @@
 #include <sstream>
 
 #include "support/expect_each.h"
-#include "textreport/report_fixture.h"
+#include "support/report_fixture.h"
 #include "util/code_page.h"
 
 namespace paperway {

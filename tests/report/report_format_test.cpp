@@ -1,7 +1,7 @@
-#include "textreport/report_format.h"
+#include "report/report_format.h"
 
 #include "support/expect_each.h"
-#include "textreport/report_fixture.h"
+#include "support/report_fixture.h"
 
 namespace paperway {
 namespace {

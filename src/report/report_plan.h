@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "facade/recordset.h"
-#include "textreport/report_format.h"
+#include "report/report_format.h"
 #include "util/format_pattern.h"
 
 namespace paperway {

@@ -1,6 +1,6 @@
-#include "textreport/report_plan.h"
+#include "report/report_plan.h"
 
-#include "textreport/layout.h"
+#include "report/layout.h"
 #include "util/automation_error.h"
 #include "util/code_page.h"
 #include "util/text.h"

@@ -1,4 +1,4 @@
-#include "textreport/layout.h"
+#include "report/layout.h"
 
 #include "support/error_of.h"
 #include "support/expect_each.h"

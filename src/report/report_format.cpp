@@ -1,4 +1,4 @@
-#include "textreport/report_format.h"
+#include "report/report_format.h"
 
 #include <cmath>
 #include <limits>

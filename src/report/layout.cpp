@@ -1,4 +1,4 @@
-#include "textreport/layout.h"
+#include "report/layout.h"
 
 #include "util/automation_error.h"
 
