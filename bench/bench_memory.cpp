@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "backends/data/memory/memory_table.h"
-#include "backends/data/sqlite/sqlite_recordset.h"
-#include "backends/headless/headless.h"
-#include "facade/class1.h"
+#include "paperway/class1.h"
+#include "paperway/headless.h"
+#include "paperway/memory.h"
+#include "paperway/sqlite.h"
 
 namespace paperway {
 namespace {

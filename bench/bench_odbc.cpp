@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "backends/data/odbc/odbc_recordset.h"
+#include "paperway/odbc.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <benchmark/benchmark.h>
 #include <filesystem>
 
-#include "backends/headless/headless.h"
 #include "bench/big_report.h"
-#include "facade/run_state.h"
+#include "paperway/headless.h"
 #include "preview/frm_report.h"
 #include "preview/page_styles.h"
+#include "session/run_state.h"
 
 namespace paperway {
 namespace {

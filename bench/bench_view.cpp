@@ -12,10 +12,10 @@
 #include "backends/desktop/qt/form_window.h"
 #include "backends/desktop/qt/report_view.h"
 #include "backends/desktop/qt/windows.h"
-#include "backends/headless/headless.h"
 #include "bench/big_report.h"
-#include "facade/run_state.h"
+#include "paperway/headless.h"
 #include "preview/frm_report.h"
+#include "session/run_state.h"
 
 namespace paperway {
 namespace {

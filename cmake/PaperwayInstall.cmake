@@ -1,5 +1,5 @@
-# find_package(paperway) and pkg-config. Headers keep their folders below include/paperway, so that
-# a host includes "facade/class1.h" as the library itself does.
+# find_package(paperway) and pkg-config. A host includes <paperway/class1.h>, as the library itself
+# does; nothing but include/ is installed.
 include(CMakePackageConfigHelpers)
 
 set(installed paperway_core paperway_headless paperway_system paperway_memory)
@@ -28,9 +28,7 @@ endif()
 install(TARGETS ${installed} EXPORT paperway ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT paperway NAMESPACE paperway:: FILE paperway-targets.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/paperway)
-install(DIRECTORY src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/paperway FILES_MATCHING PATTERN "*.h")
-install(DIRECTORY backends DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/paperway
-        FILES_MATCHING PATTERN "*.h")
+install(DIRECTORY include/paperway DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 configure_package_config_file(cmake/paperway-config.cmake.in paperway-config.cmake
   INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/paperway)

@@ -28,8 +28,9 @@ function(paperway_library name folder)
   set_target_properties(paperway_${name} PROPERTIES EXPORT_NAME ${name}
                                                     POSITION_INDEPENDENT_CODE ON)
   target_include_directories(paperway_${name} PUBLIC
-    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/paperway>)
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_compile_features(paperway_${name} PUBLIC cxx_std_20)
   paperway_compile_options(paperway_${name})
 endfunction()

@@ -4,10 +4,9 @@
 
 #include <exception>
 #include <iostream>
-
-#include "backends/data/sqlite/sqlite_recordset.h"
-#include "backends/headless/headless.h"
-#include "facade/class1.h"
+#include <paperway/class1.h>
+#include <paperway/headless.h>
+#include <paperway/sqlite.h>
 
 int main(int argc, char** argv) try {
   if (argc != 3) {

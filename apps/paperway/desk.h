@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/platform.h"
+#include "paperway/platform.h"
 
 namespace paperway {
 class Form;

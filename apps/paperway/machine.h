@@ -2,8 +2,8 @@
 
 #include "apps/paperway/commands.h"
 #include "backends/desktop/system/system.h"
-#include "backends/headless/headless.h"
-#include "platform/platform.h"
+#include "paperway/headless.h"
+#include "paperway/platform.h"
 
 namespace paperway::command {
 

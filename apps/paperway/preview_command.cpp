@@ -5,7 +5,7 @@
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
-#include "facade/class1.h"
+#include "paperway/class1.h"
 #include "preview/frm_report.h"
 
 namespace paperway::command {

@@ -14,12 +14,12 @@
 #include "apps/paperway/machine.h"
 #include "apps/paperway/stop_signals.h"
 #include "apps/paperway/user_printers.h"
-#include "facade/run_state.h"
 #include "preview/frm_report.h"
 #include "printing/chosen_pages.h"
 #include "printing/page_fit.h"
 #include "printing/page_range.h"
 #include "printing/print_file.h"
+#include "session/run_state.h"
 #include "util/input_file.h"
 
 namespace paperway::command {

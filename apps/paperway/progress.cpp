@@ -4,7 +4,7 @@
 #include <unistd.h>
 
 #include "apps/paperway/commands.h"
-#include "facade/run_state.h"
+#include "session/run_state.h"
 #include "util/format_pattern.h"
 
 namespace paperway::command {

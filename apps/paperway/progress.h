@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "apps/paperway/stop_signals.h"
-#include "facade/recordset.h"
+#include "paperway/recordset.h"
 
 namespace paperway::command {
 

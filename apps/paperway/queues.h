@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/printers.h"
-#include "platform/spooler.h"
+#include "paperway/platform/printers.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway::command {
 

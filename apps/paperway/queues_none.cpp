@@ -1,7 +1,7 @@
 // In place of queues_cups.cpp where the build has no print service.
 
 #include "apps/paperway/queues.h"
-#include "backends/headless/printing.h"
+#include "paperway/headless.h"
 
 namespace paperway::command {
 namespace {

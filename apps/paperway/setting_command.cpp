@@ -5,8 +5,8 @@
 
 #include "apps/paperway/commands.h"
 #include "backends/desktop/system/folders.h"
-#include "facade/settings_store.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "session/settings_store.h"
 
 namespace paperway::command {
 namespace {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "backends/data/memory/csv_table.h"
-#include "backends/data/odbc/odbc_recordset.h"
-#include "backends/data/sqlite/sqlite_recordset.h"
+#include "paperway/memory.h"
+#include "paperway/odbc.h"
+#include "paperway/sqlite.h"
 #include "util/text.h"
 
 namespace paperway::command {

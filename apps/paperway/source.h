@@ -5,7 +5,7 @@
 #include <string>
 
 #include "apps/paperway/progress.h"
-#include "facade/recordset.h"
+#include "paperway/recordset.h"
 
 namespace paperway::command {
 

@@ -8,7 +8,7 @@
 #include "apps/paperway/machine.h"
 #include "apps/paperway/progress.h"
 #include "apps/paperway/source.h"
-#include "facade/class1.h"
+#include "paperway/class1.h"
 
 namespace paperway::command {
 namespace {

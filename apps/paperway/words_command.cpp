@@ -4,7 +4,7 @@
 #include <string>
 
 #include "apps/paperway/commands.h"
-#include "util/value.h"
+#include "paperway/value.h"
 #include "util/words.h"
 
 namespace paperway::command {

@@ -1,9 +1,9 @@
-#include "backends/headless/headless.h"
+#include "paperway/headless.h"
 
 #include <algorithm>
 
 #include "controls/form.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway::headless {
 namespace {

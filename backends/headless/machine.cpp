@@ -1,7 +1,6 @@
-#include "backends/headless/machine.h"
-
 #include <fstream>
 
+#include "paperway/headless.h"
 #include "util/text.h"
 
 namespace paperway::headless {

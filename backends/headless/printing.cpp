@@ -1,6 +1,6 @@
-#include "backends/headless/printing.h"
-
 #include <algorithm>
+
+#include "paperway/headless.h"
 
 namespace paperway::headless {
 namespace {

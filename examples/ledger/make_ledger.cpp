@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-#include "backends/data/memory/csv_table.h"
+#include "paperway/memory.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "controls/common_dialog.h"
 
-#include "platform/dialogs.h"
+#include "paperway/platform/dialogs.h"
 #include "util/text.h"
 
 namespace paperway {

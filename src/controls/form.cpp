@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/windows.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/platform/windows.h"
 #include "util/text.h"
 
 namespace paperway {

@@ -1,7 +1,7 @@
 #include "controls/rich_text.h"
 
 #include "controls/text_search.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/code_page.h"
 #include "util/output_file.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "controls/form.h"
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 namespace {

@@ -1,22 +1,25 @@
-#include "facade/class1.h"
+#include "paperway/class1.h"
 
 #include <exception>
 
 #include "controls/form.h"
-#include "facade/run_state.h"
-#include "facade/settings_store.h"
-#include "platform/folders.h"
-#include "platform/message_box.h"
-#include "platform/printers.h"
+#include "paperway/automation_error.h"
+#include "paperway/platform/folders.h"
+#include "paperway/platform/message_box.h"
+#include "paperway/platform/printers.h"
+#include "paperway/platform/windows.h"
 #include "platform/system_tools.h"
-#include "platform/windows.h"
 #include "preview/frm_report.h"
 #include "printing/print_file.h"
 #include "printing/print_panel.h"
 #include "printing/set_orientation.h"
 #include "report/layout.h"
-#include "util/automation_error.h"
+#include "report/report_format.h"
+#include "session/run_state.h"
+#include "session/settings_store.h"
+#include "textreport/text_rpt.h"
 #include "util/colors.h"
+#include "util/control_strings.h"
 #include "util/extremes.h"
 #include "util/revision.h"
 #include "util/text_tools.h"
@@ -31,13 +34,21 @@ void showFailure(MessageBox& messageBox, long number, const char* description) {
 
 }  // namespace
 
-Class1::Class1(const Platform& platform) : Verson(kRevision), platform_(platform) {
+struct Class1::State {
+  ReportFormatTable ReportFormat;
+  DOSEFONTcHR font;
+};
+
+Class1::Class1(const Platform& platform)
+    : Verson(kRevision), platform_(platform), state_(std::make_unique<State>()) {
   platform_.folders.work();
 }
 
+Class1::~Class1() = default;
+
 void Class1::Set_Repot_Format(Recordset& Rst) {
   try {
-    readReportFormat(Rst, ReportFormat_);
+    readReportFormat(Rst, state_->ReportFormat);
   } catch (const AutomationError& error) {
     showFailure(platform_.messageBox, error.number(), error.description());
   } catch (const std::exception& error) {
@@ -57,7 +68,7 @@ PreviewReportArguments PreviewReportArguments::withEverything(std::string path) 
 }
 
 void Class1::Text_Rpt(TextRptArguments& arguments) {
-  if (!writeTextReport(arguments, ReportFormat_, font_, platform_.messageBox)) return;
+  if (!writeTextReport(arguments, state_->ReportFormat, state_->font, platform_.messageBox)) return;
   if (arguments.Preview1 == 0) return;
   PreviewReport(PreviewReportArguments::withEverything(arguments.TextFileName));
 }

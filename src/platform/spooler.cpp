@@ -1,4 +1,4 @@
-#include "platform/spooler.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway {
 namespace {

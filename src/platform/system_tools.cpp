@@ -2,9 +2,9 @@
 
 #include <filesystem>
 
-#include "platform/clock.h"
-#include "platform/file_system.h"
-#include "platform/system_names.h"
+#include "paperway/platform/clock.h"
+#include "paperway/platform/file_system.h"
+#include "paperway/platform/system_names.h"
 #include "util/code_page.h"
 #include "util/text.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "facade/run_state.h"
-#include "platform/shell.h"
-#include "platform/windows.h"
+#include "paperway/platform/shell.h"
+#include "paperway/platform/windows.h"
+#include "session/run_state.h"
 
 namespace paperway {
 namespace {

@@ -14,9 +14,9 @@
 #include "controls/form.h"
 #include "controls/rich_text.h"
 #include "controls/sp_lebal.h"
-#include "facade/settings_store.h"
-#include "platform/platform.h"
+#include "paperway/platform.h"
 #include "preview/page_table.h"
+#include "session/settings_store.h"
 #include "util/control_strings.h"
 
 namespace paperway {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/windows.h"
+#include "paperway/platform/windows.h"
 #include "preview/frm_report.h"
 
 namespace paperway {

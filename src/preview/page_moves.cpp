@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/message_box.h"
-#include "platform/windows.h"
+#include "paperway/platform/message_box.h"
+#include "paperway/platform/windows.h"
+#include "paperway/value.h"
 #include "preview/frm_report.h"
 #include "util/code_page.h"
 #include "util/text_tools.h"
-#include "util/value.h"
 
 namespace paperway {
 namespace {

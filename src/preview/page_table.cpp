@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "paperway/value.h"
 #include "preview/frm_report.h"
 #include "preview/page_styles.h"
-#include "util/value.h"
 
 namespace paperway {
 namespace {

@@ -4,11 +4,11 @@
 #include <algorithm>
 #include <utility>
 
-#include "facade/run_state.h"
-#include "platform/clipboard.h"
-#include "platform/file_system.h"
-#include "platform/shell.h"
+#include "paperway/platform/clipboard.h"
+#include "paperway/platform/file_system.h"
+#include "paperway/platform/shell.h"
 #include "preview/frm_report.h"
+#include "session/run_state.h"
 #include "util/revision.h"
 
 namespace paperway {

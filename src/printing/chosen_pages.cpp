@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "paperway/automation_error.h"
+#include "paperway/value.h"
 #include "printing/drawn_page.h"
-#include "util/automation_error.h"
-#include "util/value.h"
 
 namespace paperway {
 namespace {

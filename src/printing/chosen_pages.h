@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/platform.h"
-#include "platform/print_device.h"
+#include "paperway/platform.h"
+#include "paperway/platform/print_device.h"
 #include "preview/frm_report.h"
 #include "printing/page_fit.h"
 #include "printing/printer_pitch.h"

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "controls/rich_text.h"
-#include "platform/print_device.h"
+#include "paperway/platform/print_device.h"
 #include "printing/printer_pitch.h"
 
 namespace paperway {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/printers.h"
-#include "platform/spooler.h"
+#include "paperway/platform/printers.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway {
 

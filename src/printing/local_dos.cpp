@@ -1,9 +1,9 @@
 #include "printing/local_dos.h"
 
-#include "platform/folders.h"
-#include "platform/printers.h"
-#include "platform/shell.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/platform/folders.h"
+#include "paperway/platform/printers.h"
+#include "paperway/platform/shell.h"
 #include "util/input_file.h"
 #include "util/output_file.h"
 #include "util/shell_quote.h"

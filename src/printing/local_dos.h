@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/platform.h"
+#include "paperway/platform.h"
 
 namespace paperway {
 

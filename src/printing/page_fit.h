@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/printers.h"
+#include "paperway/platform/printers.h"
 #include "printing/printer_pitch.h"
 
 namespace paperway {

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "facade/run_state.h"
-#include "facade/settings_store.h"
-#include "platform/message_box.h"
-#include "platform/printers.h"
-#include "platform/spooler.h"
+#include "paperway/automation_error.h"
+#include "paperway/platform/message_box.h"
+#include "paperway/platform/printers.h"
+#include "paperway/platform/spooler.h"
 #include "printing/print_stream.h"
-#include "util/automation_error.h"
+#include "session/run_state.h"
+#include "session/settings_store.h"
 
 namespace paperway {
 namespace {

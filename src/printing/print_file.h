@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/platform.h"
+#include "paperway/platform.h"
 
 namespace paperway {
 

@@ -2,16 +2,16 @@
 
 #include <algorithm>
 
-#include "platform/file_system.h"
-#include "platform/folders.h"
-#include "platform/message_box.h"
-#include "platform/print_device.h"
+#include "paperway/automation_error.h"
+#include "paperway/platform/file_system.h"
+#include "paperway/platform/folders.h"
+#include "paperway/platform/message_box.h"
+#include "paperway/platform/print_device.h"
+#include "paperway/value.h"
 #include "printing/chosen_pages.h"
 #include "printing/local_dos.h"
 #include "printing/print_file.h"
 #include "printing/print_panel.h"
-#include "util/automation_error.h"
-#include "util/value.h"
 
 namespace paperway {
 namespace {

@@ -1,9 +1,9 @@
 #include "printing/print_panel.h"
 
-#include "facade/run_state.h"
-#include "platform/message_box.h"
+#include "paperway/platform/message_box.h"
+#include "paperway/value.h"
+#include "session/run_state.h"
 #include "util/text_tools.h"
-#include "util/value.h"
 
 namespace paperway {
 namespace {

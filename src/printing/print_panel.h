@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "platform/platform.h"
-#include "platform/printers.h"
+#include "paperway/platform.h"
+#include "paperway/platform/printers.h"
 #include "preview/frm_report.h"
 
 namespace paperway {

@@ -1,8 +1,8 @@
 #include "printing/set_orientation.h"
 
-#include "platform/message_box.h"
-#include "platform/printers.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/platform/message_box.h"
+#include "paperway/platform/printers.h"
 
 namespace paperway {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/platform.h"
+#include "paperway/platform.h"
 
 namespace paperway {
 

@@ -1,6 +1,6 @@
 #include "report/layout.h"
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway {
 namespace {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/text.h"
 
 namespace paperway {

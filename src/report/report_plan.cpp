@@ -1,7 +1,7 @@
 #include "report/report_plan.h"
 
+#include "paperway/automation_error.h"
 #include "report/layout.h"
-#include "util/automation_error.h"
 #include "util/code_page.h"
 #include "util/text.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "facade/recordset.h"
+#include "paperway/recordset.h"
 #include "report/report_format.h"
 #include "util/format_pattern.h"
 

@@ -1,10 +1,10 @@
 #include "textreport/text_rpt.h"
 
-#include "facade/run_state.h"
+#include "paperway/automation_error.h"
 #include "report/layout.h"
 #include "report/report_plan.h"
+#include "session/run_state.h"
 #include "textreport/report_lines.h"
-#include "util/automation_error.h"
 #include "util/code_page.h"
 #include "util/control_strings.h"
 #include "util/output_file.h"

@@ -2,7 +2,7 @@
 #include <chrono>
 #include <cmath>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "paperway/value.h"
 #include "util/digits.h"
-#include "util/value.h"
 
 namespace paperway {
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway {
 namespace {

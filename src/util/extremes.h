@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <span>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "paperway/value.h"
 #include "util/format_symbols.h"
-#include "util/value.h"
 
 namespace paperway {
 

@@ -3,9 +3,9 @@
 #include <optional>
 #include <string>
 
+#include "paperway/value.h"
 #include "util/format_symbols.h"
 #include "util/number_section.h"
-#include "util/value.h"
 
 namespace paperway {
 

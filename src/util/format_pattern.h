@@ -4,10 +4,10 @@
 #include <string_view>
 #include <variant>
 
+#include "paperway/value.h"
 #include "util/format_date.h"
 #include "util/format_number.h"
 #include "util/format_text.h"
-#include "util/value.h"
 
 namespace paperway {
 

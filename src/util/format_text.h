@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/value.h"
 #include "util/format_symbols.h"
-#include "util/value.h"
 
 namespace paperway {
 

@@ -6,7 +6,7 @@
 #include <system_error>
 #include <vector>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway {
 namespace {

@@ -1,6 +1,6 @@
 #include "util/text_tools.h"
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/code_page.h"
 #include "util/text.h"
 

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string_view>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway {
 namespace {

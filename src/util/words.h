@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-#include "platform/windows.h"
+#include "paperway/platform/windows.h"
 #include "support/sample_form.h"
 
 namespace paperway {

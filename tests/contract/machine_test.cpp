@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "backends/desktop/system/system.h"
-#include "backends/headless/headless.h"
+#include "paperway/headless.h"
 #include "support/error_of.h"
 #include "support/test_folder.h"
 #include "util/input_file.h"

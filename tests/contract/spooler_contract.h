@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/spooler.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway {
 

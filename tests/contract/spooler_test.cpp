@@ -1,6 +1,6 @@
 #include "backends/desktop/system/direct_spooler.h"
-#include "backends/headless/printing.h"
 #include "contract/spooler_contract.h"
+#include "paperway/headless.h"
 #include "support/job_listener.h"
 #include "support/test_folder.h"
 #include "util/input_file.h"

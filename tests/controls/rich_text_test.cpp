@@ -3,9 +3,9 @@
 #include <random>
 
 #include "controls/form.h"
+#include "paperway/automation_error.h"
 #include "support/expect_each.h"
 #include "support/test_folder.h"
-#include "util/automation_error.h"
 #include "util/input_file.h"
 #include "util/output_file.h"
 

@@ -1,6 +1,4 @@
-#include "backends/data/memory/memory_table.h"
-
-#include "backends/data/memory/csv_table.h"
+#include "paperway/memory.h"
 #include "support/error_of.h"
 #include "support/expect_each.h"
 #include "support/shown.h"

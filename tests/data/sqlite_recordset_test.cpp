@@ -1,8 +1,7 @@
-#include "backends/data/sqlite/sqlite_recordset.h"
-
 #include <fstream>
 #include <sqlite3.h>
 
+#include "paperway/sqlite.h"
 #include "support/error_of.h"
 #include "support/expect_each.h"
 #include "support/shown.h"

@@ -2,7 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "facade/settings_store.h"
+#include "session/settings_store.h"
 #include "support/class1_test.h"
 #include "support/expect_each.h"
 

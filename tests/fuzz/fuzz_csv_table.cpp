@@ -1,9 +1,9 @@
 #include <optional>
 
-#include "backends/data/memory/csv_table.h"
 #include "fuzz/fuzz.h"
+#include "paperway/automation_error.h"
+#include "paperway/memory.h"
 #include "report/report_format.h"
-#include "util/automation_error.h"
 
 using namespace paperway;
 

@@ -1,9 +1,9 @@
-#include "backends/headless/headless.h"
 #include "backends/headless/user.h"
 #include "fuzz/fuzz.h"
+#include "paperway/automation_error.h"
+#include "paperway/headless.h"
 #include "support/report_window.h"
 #include "support/test_folder.h"
-#include "util/automation_error.h"
 
 using namespace paperway;
 

@@ -1,7 +1,7 @@
 #include "fuzz/fuzz.h"
+#include "paperway/value.h"
 #include "util/code_page.h"
 #include "util/text.h"
-#include "util/value.h"
 
 using namespace paperway;
 

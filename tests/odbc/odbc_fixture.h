@@ -8,9 +8,9 @@
 #include <unistd.h>
 
 #include "../support/test_folder.h"
-#include "backends/data/odbc/odbc_recordset.h"
 #include "backends/data/odbc/odbc_session.h"
-#include "backends/data/sqlite/sqlite_recordset.h"
+#include "paperway/odbc.h"
+#include "paperway/sqlite.h"
 #include "support/error_of.h"
 
 namespace paperway {

@@ -1,6 +1,6 @@
 #include <filesystem>
 
-#include "facade/class1.h"
+#include "paperway/class1.h"
 #include "report_window.h"
 #include "support/error_of.h"
 #include "support/expect_each.h"

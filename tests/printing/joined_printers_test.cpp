@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "backends/headless/printing.h"
+#include "paperway/headless.h"
 
 namespace paperway {
 namespace {

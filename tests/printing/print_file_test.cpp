@@ -2,9 +2,9 @@
 
 #include <numeric>
 
-#include "facade/settings_store.h"
 #include "printing/local_dos.h"
 #include "printing/print_stream.h"
+#include "session/settings_store.h"
 #include "support/class1_test.h"
 #include "support/expect_each.h"
 

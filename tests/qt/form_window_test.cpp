@@ -9,9 +9,9 @@
 #include <gtest/gtest.h>
 
 #include "backends/desktop/qt/message_box.h"
+#include "paperway/automation_error.h"
 #include "qt_desk.h"
 #include "support/sample_form.h"
-#include "util/automation_error.h"
 
 namespace paperway {
 namespace {

@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 
 #include "backends/desktop/qt/windows.h"
-#include "backends/headless/headless.h"
+#include "paperway/headless.h"
 #include "qt_user.h"
 #include "support/test_folder.h"
 

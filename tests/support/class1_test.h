@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "backends/headless/headless.h"
-#include "facade/class1.h"
-#include "facade/run_state.h"
+#include "paperway/class1.h"
+#include "paperway/headless.h"
+#include "session/run_state.h"
 #include "support/error_of.h"
 #include "support/test_folder.h"
 #include "util/input_file.h"

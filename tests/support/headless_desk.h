@@ -1,7 +1,7 @@
 #pragma once
 
-#include "backends/headless/headless.h"
 #include "backends/headless/user.h"
+#include "paperway/headless.h"
 #include "support/test_folder.h"
 
 namespace paperway {

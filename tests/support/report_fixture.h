@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "backends/data/memory/memory_table.h"
+#include "paperway/memory.h"
 #include "support/class1_test.h"
 
 namespace paperway {

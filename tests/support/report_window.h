@@ -3,11 +3,11 @@
 #include <memory>
 #include <string_view>
 
-#include "facade/run_state.h"
-#include "platform/folders.h"
-#include "platform/platform.h"
-#include "platform/windows.h"
+#include "paperway/platform.h"
+#include "paperway/platform/folders.h"
+#include "paperway/platform/windows.h"
 #include "preview/frm_report.h"
+#include "session/run_state.h"
 #include "util/output_file.h"
 
 namespace paperway {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

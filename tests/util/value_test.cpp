@@ -1,4 +1,4 @@
-#include "util/value.h"
+#include "paperway/value.h"
 
 #include <cmath>
 #include <limits>

@@ -1,11 +1,10 @@
-#include "backends/data/memory/csv_table.h"
-
 #include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/memory.h"
 #include "util/input_file.h"
 #include "util/text.h"
 

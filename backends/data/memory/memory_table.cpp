@@ -1,9 +1,8 @@
-#include "backends/data/memory/memory_table.h"
-
 #include <algorithm>
 #include <limits>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/memory.h"
 
 namespace paperway {
 namespace {

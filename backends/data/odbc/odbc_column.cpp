@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstring>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/text.h"
 
 namespace paperway {

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "backends/data/odbc/odbc_connection.h"
-#include "util/value.h"
+#include "paperway/odbc.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

@@ -1,9 +1,8 @@
-#include "backends/data/odbc/odbc_connection.h"
-
 #include <array>
 
 #include "backends/data/odbc/odbc_session.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/odbc.h"
 #include "util/text.h"
 
 namespace paperway {

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/text.h"
 
 namespace paperway {

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway {
 namespace {

@@ -1,7 +1,6 @@
-#include "backends/data/odbc/odbc_recordset.h"
-
 #include "backends/data/odbc/odbc_cursor.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/odbc.h"
 
 namespace paperway {
 

@@ -4,8 +4,8 @@
 
 #include <string_view>
 
-#include "backends/data/odbc/odbc_connection.h"
 #include "backends/data/odbc/odbc_handle.h"
+#include "paperway/odbc.h"
 
 namespace paperway {
 

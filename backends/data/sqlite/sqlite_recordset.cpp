@@ -1,11 +1,10 @@
-#include "backends/data/sqlite/sqlite_recordset.h"
-
 #include <cerrno>
 #include <sqlite3.h>
 #include <system_error>
 #include <utility>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/sqlite.h"
 #include "util/text.h"
 
 namespace paperway {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cups/pwg.h>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/paper.h"
 #include "util/shell_quote.h"
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "backends/desktop/cups/connection.h"
-#include "platform/printers.h"
+#include "paperway/platform/printers.h"
 
 namespace paperway::desktop {
 

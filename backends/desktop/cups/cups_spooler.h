@@ -5,7 +5,7 @@
 #include <string>
 
 #include "backends/desktop/cups/connection.h"
-#include "platform/spooler.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway::desktop {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/clipboard.h"
+#include "paperway/platform/clipboard.h"
 
 namespace paperway::qt {
 

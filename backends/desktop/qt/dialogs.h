@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/dialogs.h"
+#include "paperway/platform/dialogs.h"
 
 namespace paperway::qt {
 

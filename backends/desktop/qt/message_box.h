@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/message_box.h"
+#include "paperway/platform/message_box.h"
 
 namespace paperway::qt {
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "platform/print_device.h"
-#include "platform/spooler.h"
+#include "paperway/platform/print_device.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway::qt {
 

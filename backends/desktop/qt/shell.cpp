@@ -4,7 +4,7 @@
 #include <QStandardPaths>
 
 #include "backends/desktop/qt/convert.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway::qt {
 

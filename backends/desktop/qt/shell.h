@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/shell.h"
+#include "paperway/platform/shell.h"
 
 namespace paperway::qt {
 

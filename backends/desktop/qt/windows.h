@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/windows.h"
+#include "paperway/platform/windows.h"
 
 class QEventLoop;
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "backends/desktop/system/local_time.h"
-#include "platform/clock.h"
+#include "paperway/platform/clock.h"
 
 namespace paperway::desktop {
 

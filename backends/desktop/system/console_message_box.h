@@ -3,7 +3,7 @@
 #include <istream>
 #include <ostream>
 
-#include "platform/message_box.h"
+#include "paperway/platform/message_box.h"
 
 namespace paperway::desktop {
 

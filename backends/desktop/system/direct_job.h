@@ -8,7 +8,7 @@
 #include <sys/types.h>
 
 #include "backends/desktop/system/direct_printers.h"
-#include "platform/spooler.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway::desktop {
 

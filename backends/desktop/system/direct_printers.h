@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/printers.h"
+#include "paperway/platform/printers.h"
 
 namespace paperway::desktop {
 

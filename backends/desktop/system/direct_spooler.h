@@ -4,7 +4,7 @@
 #include <string>
 
 #include "backends/desktop/system/direct_printers.h"
-#include "platform/spooler.h"
+#include "paperway/platform/spooler.h"
 
 namespace paperway::desktop {
 

@@ -11,7 +11,7 @@
 
 #include "backends/desktop/system/local_time.h"
 #include "backends/desktop/system/user_directories.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/output_file.h"
 
 namespace paperway::desktop {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/file_system.h"
-#include "platform/folders.h"
+#include "paperway/platform/file_system.h"
+#include "paperway/platform/folders.h"
 
 namespace paperway::desktop {
 

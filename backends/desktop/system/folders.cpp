@@ -6,7 +6,7 @@
 #include <unistd.h>
 
 #include "backends/desktop/system/user_directories.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway::desktop {
 namespace {

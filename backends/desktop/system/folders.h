@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/folders.h"
+#include "paperway/platform/folders.h"
 
 namespace paperway::desktop {
 

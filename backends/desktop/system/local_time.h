@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway::desktop {
 

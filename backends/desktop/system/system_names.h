@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system_names.h"
+#include "paperway/platform/system_names.h"
 
 namespace paperway::desktop {
 

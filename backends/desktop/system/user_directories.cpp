@@ -7,7 +7,7 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/output_file.h"
 
 namespace paperway::desktop {

@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 #include "backends/desktop/system/user_directories.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/input_file.h"
 #include "util/output_file.h"
 #include "util/text.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/user_store.h"
+#include "paperway/platform/user_store.h"
 
 namespace paperway::desktop {
 

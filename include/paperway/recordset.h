@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

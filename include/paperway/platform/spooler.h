@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 
 namespace paperway {
 

@@ -1,17 +1,17 @@
-#include "facade/settings_store.h"
+#include "session/settings_store.h"
 
 #include <filesystem>
 #include <iterator>
 #include <system_error>
 
-#include "platform/folders.h"
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
+#include "paperway/platform/folders.h"
+#include "paperway/value.h"
 #include "util/code_page.h"
 #include "util/ini_text.h"
 #include "util/input_file.h"
 #include "util/output_file.h"
 #include "util/text.h"
-#include "util/value.h"
 
 namespace paperway {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

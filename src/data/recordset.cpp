@@ -1,6 +1,6 @@
-#include "facade/recordset.h"
+#include "paperway/recordset.h"
 
-#include "util/automation_error.h"
+#include "paperway/automation_error.h"
 #include "util/text.h"
 
 namespace paperway {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "util/value.h"
+#include "paperway/value.h"
 
 namespace paperway {
 

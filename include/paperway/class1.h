@@ -2,15 +2,15 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "facade/recordset.h"
-#include "platform/platform.h"
-#include "report/report_format.h"
-#include "textreport/text_rpt.h"
-#include "util/control_strings.h"
+#include "paperway/arguments.h"
+#include "paperway/platform.h"
+#include "paperway/recordset.h"
+#include "paperway/value.h"
 
 namespace paperway {
 
@@ -19,25 +19,6 @@ struct Geometry;
 
 /// Published for hosts; no member takes it.
 enum class CaseTyp { Tital = 0, Uper = 1, Lover = 2 };
-
-/// The arguments of PreviewReport. The seven switches show (not 0) or hide a feature of the window.
-struct PreviewReportArguments {
-  std::string Path1{};  // report file, native path
-  std::uint8_t RCont = 0;
-  std::uint8_t REdit = 0;
-  std::uint8_t RSearch = 0;
-  std::uint8_t RImport = 0;
-  std::uint8_t RExport = 0;
-  std::uint8_t RColor = 0;
-  std::uint8_t RPrint = 0;
-  std::uint8_t DirectPrint = 0;  // 1: print at once, no window
-  std::uint8_t cc17 = 0;         // 1: condensed
-  std::uint8_t cc12 = 0;         // 1: 12 characters per inch
-  std::uint8_t Tear = 0;         // 1: feed the stored tear lines; comes back as 1 or 0
-
-  /// Every feature of the window is on.
-  static PreviewReportArguments withEverything(std::string path);
-};
 
 /// The library's one public face. A host makes it, hands it recordsets and file names, and calls
 /// its members in the order Guid_comp1, Pagelenth and PrinterName, Set_Repot_Format, Text_Rpt,
@@ -50,6 +31,9 @@ class Class1 {
  public:
   /// Makes sure that the work folder exists. The platform outlives the object.
   explicit Class1(const Platform& platform);
+  ~Class1();
+  Class1(const Class1&) = delete;
+  Class1& operator=(const Class1&) = delete;
 
   FileSystem* scr1 = nullptr;    // of the utility members; the platform's unless the host sets it
   std::uint8_t Pagelenth = 0;    // page length in inches, for PreviewReport
@@ -154,9 +138,10 @@ class Class1 {
 
   FileSystem& files();
 
+  struct State;
+
   Platform platform_;
-  ReportFormatTable ReportFormat_;
-  DOSEFONTcHR font_;
+  std::unique_ptr<State> state_;
 };
 
 }  // namespace paperway

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <initializer_list>
 #include <memory>
 #include <span>
@@ -9,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "facade/recordset.h"
+#include "paperway/recordset.h"
 
 namespace paperway {
 
@@ -99,5 +100,15 @@ class MemoryTable final : public Recordset {
   std::vector<std::unique_ptr<char[]>> blocks_;  // the texts; never moved, so cells point into them
   std::size_t used_ = 0;                         // bytes of the last block
 };
+
+/// A table of texts from comma-separated values (UTF-8, a byte order mark allowed; lines end in LF
+/// or CR LF). The first line names the columns. A cell that holds a comma, a quote or a line end
+/// stands in quotes, a quote within it doubled. An empty cell is null, one of two quotes an empty
+/// text. Empty lines do not count. Anything else is an AutomationError that names `fileName`, the
+/// line and the reason.
+MemoryTable parseCsv(std::string_view text, std::string_view fileName);
+
+/// The same from a file.
+MemoryTable readCsvFile(const std::filesystem::path& path);
 
 }  // namespace paperway

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-#include "facade/recordset.h"
+#include "paperway/recordset.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

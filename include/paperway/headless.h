@@ -1,0 +1,241 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "paperway/automation_error.h"
+#include "paperway/platform.h"
+#include "paperway/platform/clipboard.h"
+#include "paperway/platform/clock.h"
+#include "paperway/platform/dialogs.h"
+#include "paperway/platform/file_system.h"
+#include "paperway/platform/folders.h"
+#include "paperway/platform/message_box.h"
+#include "paperway/platform/print_device.h"
+#include "paperway/platform/printers.h"
+#include "paperway/platform/shell.h"
+#include "paperway/platform/spooler.h"
+#include "paperway/platform/system_names.h"
+#include "paperway/platform/user_store.h"
+#include "paperway/platform/windows.h"
+
+namespace paperway::headless {
+
+/// Shows the same moment until it is set to another.
+class Clock : public paperway::Clock {
+ public:
+  Date now() override { return time; }
+
+  Date time{2006, 3, 5, 14, 7, 9};
+};
+
+class SystemNames : public paperway::SystemNames {
+ public:
+  std::string computerName() override { return computer; }
+  std::string userName() override { return user; }
+
+  std::string computer = "HEADLESS";
+  std::string user = "nobody";
+};
+
+/// Works on real files, so that what it makes can be opened; names and dates come from a script.
+class FileSystem : public paperway::FileSystem {
+ public:
+  explicit FileSystem(std::filesystem::path temporary) : temporary_(std::move(temporary)) {}
+
+  std::string GetSpecialFolder(SpecialFolder folder) override;
+  std::string GetTempName() override;
+  File GetFile(const std::string& path) override;
+  bool FolderExists(const std::string& path) override;
+  void createFolder(const std::string& path) override;
+  void append(const std::string& path, std::string_view bytes) override;
+
+  std::vector<std::string> calls;          // "append /folder/file"
+  std::map<std::string, Date> modified;    // by path; other files were last changed in 2006
+  std::optional<AutomationError> failure;  // raised by every call but FolderExists
+
+ private:
+  void note(const std::string& call);
+
+  std::filesystem::path temporary_;
+  int tempNames_ = 0;
+};
+
+/// Keeps its texts in memory.
+class UserStore : public paperway::UserStore {
+ public:
+  std::string get(std::string_view application, std::string_view section, std::string_view key,
+                  std::string_view fallback) override;
+  void save(std::string_view application, std::string_view section, std::string_view key,
+            std::string_view value) override;
+
+  std::map<std::vector<std::string>, std::string> values;  // by lower-case address
+  std::optional<AutomationError> failure;                  // raised by every call
+};
+
+/// Printers by a list. The first is the default one.
+class Printers : public paperway::Printers {
+ public:
+  std::vector<PrinterInfo> list() override { return infos; }
+  std::string current() override;
+  void setCurrent(const std::string& printer) override;
+  std::optional<PageSettings> settings(const std::string& printer) override;
+  void keep(const std::string& printer, const PageSettings& settings) override;
+  std::string sendCommand(const std::string& printer, const std::filesystem::path& file) override;
+
+  const PrinterInfo* find(const std::string& printer) const;
+
+  std::vector<PrinterInfo> infos{{"Dot Matrix", "headless", true}, {"Laser", "headless", false}};
+  std::string currentPrinter;
+  std::map<std::string, PageSettings> kept{{"Laser", {}}};  // printers that keep settings
+  std::vector<std::string> calls;                           // "keep Laser 2 9"
+  std::optional<AutomationError> failure;                   // raised by keep()
+};
+
+/// Keeps the documents that it gets for the printers of a list.
+class Spooler : public paperway::Spooler {
+ public:
+  struct Job {
+    enum class State { open, ended, cancelled };
+
+    std::string printer;
+    std::string documentName;
+    DocumentFormat format = DocumentFormat::raw;
+    std::string bytes;
+    State state = State::open;
+  };
+
+  explicit Spooler(const Printers& printers) : printers_(printers) {}
+
+  std::unique_ptr<PrintJob> open(const std::string& printer) override;
+
+  std::vector<std::shared_ptr<Job>> jobs;    // of started documents, newest last
+  std::optional<std::uint64_t> breaksAfter;  // bytes that a job takes before the printer goes away
+  bool answers = true;                       // false: no print service
+
+ private:
+  const Printers& printers_;
+};
+
+/// Keeps the pages drawn. Printers of the list that are raw refuse them.
+class PrintDevice : public paperway::PrintDevice {
+ public:
+  struct Drawn {
+    StyledDocument document;
+    std::vector<PrintedPage> pages;
+    bool ended = false;
+  };
+
+  explicit PrintDevice(const Printers& printers) : printers_(printers) {}
+
+  std::unique_ptr<StyledJob> start(const StyledDocument& document) override;
+
+  std::vector<std::shared_ptr<Drawn>> documents;  // newest last
+
+ private:
+  const Printers& printers_;
+};
+
+/// Keeps what was said; answers from a script, and with the last button once that is used up.
+class MessageBox : public paperway::MessageBox {
+ public:
+  struct Shown {
+    std::string text;
+    std::string title;
+    Buttons buttons;
+    Icon icon;
+  };
+
+  Answer show(std::string_view text, std::string_view title, Buttons buttons, Icon icon) override;
+
+  std::vector<Shown> shown;
+  std::vector<Answer> answers;  // taken from the front
+};
+
+/// Keeps the forms that were shown, newest last, and brings each to the front as a desktop would.
+class Windows : public paperway::Windows {
+ public:
+  void show(std::shared_ptr<Form> form) override;
+  ScreenSize screen() override { return screenSize; }
+  void doEvents() override;
+
+  std::vector<std::shared_ptr<Form>> forms;
+  ScreenSize screenSize{15360, 11520};
+  std::function<void()> waitingEvents;  // what doEvents lets run
+};
+
+class Clipboard : public paperway::Clipboard {
+ public:
+  std::string text() override { return content; }
+  void setText(std::string_view text) override { content = text; }
+
+  std::string content;
+};
+
+/// Keeps the questions; answers from a script, and is cancelled once that is used up.
+class Dialogs : public paperway::Dialogs {
+ public:
+  std::optional<std::filesystem::path> openFile(const FileQuestion& question) override;
+  std::optional<std::filesystem::path> saveFile(const FileQuestion& question) override;
+  std::optional<std::uint32_t> color(std::uint32_t start) override;
+
+  std::vector<FileQuestion> questions;
+  std::vector<std::optional<std::filesystem::path>> files;  // taken from the front
+  std::vector<std::optional<std::uint32_t>> colors;         // taken from the front
+};
+
+/// Keeps the commands that would have been started.
+class Shell : public paperway::Shell {
+ public:
+  void start(const std::vector<std::string>& command) override;
+  std::optional<std::vector<std::string>> calculator() override { return calculatorCommand; }
+
+  std::vector<std::vector<std::string>> started;
+  std::optional<std::vector<std::string>> calculatorCommand{{"calculator"}};
+  bool fails = false;
+};
+
+/// Folders below one root.
+class Folders : public paperway::Folders {
+ public:
+  explicit Folders(std::filesystem::path root) : root_(std::move(root)) {}
+  std::filesystem::path work() override;
+  std::filesystem::path program() override;
+  std::filesystem::path temporary() override;
+
+ private:
+  std::filesystem::path folder(const char* name) const;
+  std::filesystem::path root_;
+};
+
+/// A machine without a screen: for tests and servers.
+struct Headless {
+  explicit Headless(const std::filesystem::path& root) : folders(root), files(root / "temporary") {}
+
+  MessageBox messageBox;
+  Windows windows;
+  Folders folders;
+  Clipboard clipboard;
+  Dialogs dialogs;
+  Shell shell;
+  FileSystem files;
+  Clock clock;
+  SystemNames names;
+  UserStore userStore;
+  Printers printers;
+  Spooler spooler{printers};
+  PrintDevice printDevice{printers};
+
+  Platform platform() {
+    return {messageBox, windows, folders,   clipboard, dialogs,  shell,      files,
+            clock,      names,   userStore, spooler,   printers, printDevice};
+  }
+};
+
+}  // namespace paperway::headless
