@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/shared_text.h"
+#include "printed/shared_text.h"
 
 namespace paperway {
 

@@ -15,7 +15,7 @@
 #include "controls/rich_text.h"
 #include "controls/sp_lebal.h"
 #include "paperway/platform.h"
-#include "preview/page_table.h"
+#include "printed/page_table.h"
 #include "session/settings_store.h"
 #include "util/control_strings.h"
 

@@ -6,8 +6,8 @@
 #include "paperway/platform.h"
 #include "paperway/platform/print_device.h"
 #include "preview/frm_report.h"
+#include "printed/printer_pitch.h"
 #include "printing/page_fit.h"
-#include "printing/printer_pitch.h"
 
 namespace paperway {
 

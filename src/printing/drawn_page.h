@@ -4,7 +4,7 @@
 
 #include "controls/rich_text.h"
 #include "paperway/platform/print_device.h"
-#include "printing/printer_pitch.h"
+#include "printed/printer_pitch.h"
 
 namespace paperway {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "paperway/platform/printers.h"
-#include "printing/printer_pitch.h"
+#include "printed/printer_pitch.h"
 
 namespace paperway {
 

@@ -1,4 +1,4 @@
-#include "controls/shared_text.h"
+#include "printed/shared_text.h"
 
 #include <algorithm>
 #include <cstdio>

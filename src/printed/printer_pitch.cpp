@@ -1,4 +1,4 @@
-#include "printing/printer_pitch.h"
+#include "printed/printer_pitch.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "controls/shared_text.h"
+#include "printed/shared_text.h"
 
 namespace paperway {
 

@@ -1,4 +1,4 @@
-#include "preview/page_table.h"
+#include "printed/page_table.h"
 
 #include <algorithm>
 #include <string>

@@ -1,4 +1,4 @@
-#include "printing/page_range.h"
+#include "printed/page_range.h"
 
 #include <algorithm>
 
