@@ -32,6 +32,10 @@ void Windows::show(std::shared_ptr<Form> form) {
   form->activate();
 }
 
+void Windows::repaint() {
+  if (repainted) repainted();
+}
+
 void Windows::doEvents() {
   if (waitingEvents) waitingEvents();
 }

@@ -164,10 +164,12 @@ class Windows : public paperway::Windows {
   void show(std::shared_ptr<Form> form) override;
   ScreenSize screen() override { return screenSize; }
   void doEvents() override;
+  void repaint() override;
 
   std::vector<std::shared_ptr<Form>> forms;
   ScreenSize screenSize{15360, 11520};
   std::function<void()> waitingEvents;  // what doEvents lets run
+  std::function<void()> repainted;      // a look at the screen at that moment
 };
 
 class Clipboard : public paperway::Clipboard {

@@ -7,6 +7,7 @@
 #include "paperway/platform/folders.h"
 #include "paperway/platform/message_box.h"
 #include "paperway/platform/print_device.h"
+#include "paperway/platform/windows.h"
 #include "paperway/value.h"
 #include "printing/chosen_pages.h"
 #include "printing/local_dos.h"
@@ -43,9 +44,22 @@ void PrintPanel::printRaw() {
     if (form_.Tend.Tag == "0") return;
   }
   if (!isConfirmed()) return;
-  saveChosenPages();
+  withPanelAway([this] {
+    saveChosenPages();
+    PrintReport();
+  });
+}
+
+/// A job holds the window up: the panel goes first, and comes back when there was no job.
+void PrintPanel::withPanelAway(const std::function<void()>& job) {
   form_.Frame1.Visible = false;
-  PrintReport();
+  platform_.windows.repaint();
+  try {
+    job();
+  } catch (...) {
+    form_.Frame1.Visible = true;
+    throw;
+  }
 }
 
 void PrintPanel::saveChosenPages() {
@@ -97,8 +111,7 @@ void PrintPanel::printStyled() {
     const std::string printer = platform_.printers.current();
     StyledDocument document{.name = documentNameOf(form_.ReportPath), .printer = printer};
     document.settings = platform_.printers.settings(printer).value_or(PageSettings{});
-    drawChosenPages(form_, document, platform_.printDevice);
-    form_.Frame1.Visible = false;
+    withPanelAway([&] { drawChosenPages(form_, document, platform_.printDevice); });
   } catch (const AutomationError& error) {
     platform_.messageBox.show(error.description(), "Printer Error Information",
                               MessageBox::Buttons::ok, MessageBox::Icon::information);

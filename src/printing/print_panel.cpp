@@ -1,5 +1,7 @@
 #include "printing/print_panel.h"
 
+#include <algorithm>
+
 #include "paperway/platform/message_box.h"
 #include "paperway/value.h"
 #include "session/run_state.h"
@@ -105,6 +107,10 @@ void PrintPanel::FillPrinterList() {
   for (const PrinterInfo& printer : platform_.printers.list()) {
     form_.CboPrinters.AddItem(printer.DeviceName);
   }
+  showDefaultPrinter();
+}
+
+void PrintPanel::showDefaultPrinter() {
   if (form_.CboPrinters.ListCount() == 0) return;
   const std::string current = platform_.printers.current();
   std::string& name = runState().ModPrinterName;
@@ -113,8 +119,21 @@ void PrintPanel::FillPrinterList() {
   form_.LaDefult.Caption = "Defult Printer :" + current;
 }
 
+/// Printers may have been installed while the window stood open.
+void PrintPanel::addNewPrinters() {
+  ComboBox& box = form_.CboPrinters;
+  const bool wasEmpty = box.ListCount() == 0;
+  for (const PrinterInfo& printer : platform_.printers.list()) {
+    const std::vector<std::string>& known = box.List();
+    const bool isNew = std::find(known.begin(), known.end(), printer.DeviceName) == known.end();
+    if (isNew) box.AddItem(printer.DeviceName);
+  }
+  if (wasEmpty) showDefaultPrinter();
+}
+
 void PrintPanel::CmdPrint_Click() {
   form_.Frame1.Visible = true;
+  addNewPrinters();
   settingsOf_.reset();
   showFit();
   ComboBox& printers = form_.CboPrinters;

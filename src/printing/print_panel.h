@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -54,7 +55,11 @@ class PrintPanel {
   /// Writes a setting that differs from what is stored.
   void keep(ReportViewKey key, const std::string& text) const;
 
+  void showDefaultPrinter();
+  void addNewPrinters();
+
   bool isConfirmed();
+  void withPanelAway(const std::function<void()>& job);
   void printRaw();
   void printStyled();
   void saveChosenPages();

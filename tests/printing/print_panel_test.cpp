@@ -110,6 +110,14 @@ TEST_F(Panel, ListsThePrintersAndSaysWhenThereIsNone) {
   click("CmdPrint");
   EXPECT_EQ(lastMessage(), "No Printers Installed to do the Print job");
   EXPECT_EQ(machine_.messageBox.shown.back().title, "Information Window");
+  machine_.printers.infos = {{"First", "", true}, {"Second", "", true}};
+  click("CmdPrint");
+  EXPECT_EQ(form_->CboPrinters.List(), (std::vector<std::string>{"First", "Second"}))
+      << "installed while the window stood open";
+  EXPECT_EQ(form_->LaDefult.Caption, "Defult Printer :First");
+  machine_.printers.infos.push_back({"Third", "", true});
+  click("CmdPrint");
+  EXPECT_EQ(form_->CboPrinters.ListCount(), 3);
 }
 
 TEST_F(Panel, MarksWhatIsChosen) {
@@ -162,7 +170,13 @@ TEST_F(Panel, RangeIsMadeToFitTheReport) {
 
 TEST_F(Panel, PrintsThePagesThatWereChosen) {
   FrmReport& form = open();
+  std::string seen;
+  machine_.windows.repainted = [&] {
+    seen += form.Frame1.Visible ? "panel" : "page";
+    seen += machine_.spooler.jobs.empty() ? " " : " late ";
+  };
   EXPECT_EQ(print(), setup_ + "one\r\n\ftwo\r\n\fthree\r\n\f");
+  EXPECT_EQ(seen, "page ") << "the job holds the window up";
   EXPECT_FALSE(form.Frame1.Visible);
   EXPECT_EQ(lastMessage(), "Are You Sure You Want To Print & Printer is Ready and Online ...");
 

@@ -125,6 +125,18 @@ TEST_F(FormWindowTest, WaitingEventsRunWithinAHandler) {
   EXPECT_TRUE(stopped);
 }
 
+TEST_F(FormWindowTest, ALongHandlerCanShowWhatItChanged) {
+  const QWidget& panel = user.widget("Panel");
+  bool seen = false;
+  form->CmdOk.onClick = [&] {
+    form->Panel.Visible = true;
+    desk.windows.repaint();
+    seen = panel.isVisible();
+  };
+  user.click("CmdOk");
+  EXPECT_TRUE(seen);
+}
+
 TEST(WindowsOnTheDesktop, RunEndsWithTheLastOne) {
   QtDesk desk;
   const auto only = std::make_shared<SampleForm>();

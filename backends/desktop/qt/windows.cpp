@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QScreen>
+#include <QTimer>
 #include <algorithm>
 
 #include "backends/desktop/qt/convert.h"
@@ -13,6 +14,7 @@ namespace {
 
 /// A loop that gives way thousands of times a second need not repaint as often.
 constexpr std::chrono::milliseconds kBetweenRepaints{15};
+constexpr std::chrono::milliseconds kUncovering{50};
 
 }  // namespace
 
@@ -52,6 +54,14 @@ void Windows::doEvents() {
   for (FormWindow* window : std::vector(windows_)) window->sync();
   QApplication::processEvents();
   lastSync_ = std::chrono::steady_clock::now();
+}
+
+/// The screen may need a moment to ask for what a dialog has covered.
+void Windows::repaint() {
+  for (FormWindow* window : std::vector(windows_)) window->sync();
+  QEventLoop loop;
+  QTimer::singleShot(kUncovering, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 void Windows::run() {

@@ -21,6 +21,7 @@ class Windows : public paperway::Windows {
   void show(std::shared_ptr<Form> form) override;
   ScreenSize screen() override;
   void doEvents() override;
+  void repaint() override;
 
   /// Lets the user work until the last window is closed.
   void run();

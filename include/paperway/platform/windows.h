@@ -26,6 +26,10 @@ class Windows {
   /// Lets waiting events of all windows run, then returns. Handlers may run within this call, and a
   /// form may be unloaded by them.
   virtual void doEvents() = 0;
+
+  /// Brings what the windows show up to date before a long piece of work. What the user does
+  /// meanwhile waits.
+  virtual void repaint() = 0;
 };
 
 }  // namespace paperway
