@@ -29,6 +29,10 @@ echo "The report is $demo/ledger.txt, its first page on paper $demo/page1.pdf."
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   "$paperway" preview "$demo/ledger.txt"
 else
+  if [ -z "$("$paperway" printers 2>/dev/null)" ]; then # the panel is to have one to show
+    export XDG_CONFIG_HOME=$PWD/$demo/config
+    "$paperway" printers add Demo "file://$PWD/$demo/printed.bin"
+  fi
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/preview.png"
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/print.png" --do CmdPrint
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/setting.png" --do Label4

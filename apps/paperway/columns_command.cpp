@@ -6,6 +6,7 @@
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/source.h"
+#include "apps/paperway/visible.h"
 #include "report/layout.h"
 #include "report/report_format.h"
 #include "report/report_plan.h"
@@ -68,9 +69,9 @@ void printColumns(const ReportFormatTable& table) {
   const auto line = [](std::string_view number, std::string_view field, std::string_view heading,
                        std::string_view width, std::string_view type, std::string_view side,
                        std::string_view pattern, std::string_view duty) {
-    std::string text = TxtR(number, 3) + "  " + TxtL(field, 16) + " " + TxtL(heading, 16) + " " +
-                       TxtR(width, 7) + "  " + TxtL(type, 7) + TxtL(side, 6) + TxtL(pattern, 16) +
-                       " " + std::string(duty);
+    std::string text = TxtR(number, 3) + "  " + TxtL(visible(field), 16) + " " +
+                       TxtL(visible(heading), 16) + " " + TxtR(width, 7) + "  " + TxtL(type, 7) +
+                       TxtL(side, 6) + TxtL(visible(pattern), 16) + " " + visible(duty);
     text.erase(text.find_last_not_of(' ') + 1);
     std::cout << text << "\n";
   };
@@ -119,7 +120,8 @@ void printWidths(std::size_t width, double paper) {
 }
 
 void warn(std::size_t number, const ColumnFormat& column, const std::string& what) {
-  std::cerr << "Warning: column " << number << " (" << column.fNM << ") " << what << ".\n";
+  std::cerr << "Warning: column " << number << " (" << visible(column.fNM) << ") " << visible(what)
+            << ".\n";
 }
 
 /// Things that are allowed and hardly meant.

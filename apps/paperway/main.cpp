@@ -2,9 +2,13 @@
 #include <clocale>
 #include <exception>
 #include <iostream>
+#include <optional>
+#include <unistd.h>
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/stop_signals.h"
+#include "apps/paperway/usage.h"
+#include "apps/paperway/visible.h"
 
 namespace {
 
@@ -14,7 +18,7 @@ constexpr int kSignalled = 128;
 
 int run(CLI::App& app, int argc, char** argv) {
   try {
-    app.parse(argc, argv);
+    app.parse(paperway::command::wordsFor(app, argc, argv));
     return 0;
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kUsage;
@@ -25,7 +29,7 @@ int run(CLI::App& app, int argc, char** argv) {
       std::cerr << "paperway: stopped.\n";
       return kSignalled + signal;
     }
-    std::cerr << "paperway: " << error.what() << "\n";
+    std::cerr << "paperway: " << paperway::command::visible(error.what()) << "\n";
     return kFailed;
   }
 }
@@ -33,9 +37,13 @@ int run(CLI::App& app, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  const paperway::command::VisibleControls errors(std::cerr);
+  std::optional<paperway::command::VisibleControls> output;
+  if (isatty(STDOUT_FILENO) != 0) output.emplace(std::cout);
   CLI::App app{"Takes the rows of a database to paper.", "paperway"};
   app.set_version_flag("--version", std::string("paperway ") + PAPERWAY_VERSION);
   app.require_subcommand(1);
+  app.failure_message(paperway::command::usageMessage);
   app.get_formatter()->column_width(34);
   paperway::command::addText(app);
   paperway::command::addColumns(app);

@@ -5,8 +5,11 @@
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
+#include "apps/paperway/machine.h"
 #include "paperway/class1.h"
 #include "preview/frm_report.h"
+#include "printing/print_panel.h"
+#include "report/layout.h"
 
 namespace paperway::command {
 namespace {
@@ -44,11 +47,34 @@ void goTo(FrmReport& form, int page) {
   form.CmdNxt.Enabled = page < form.PageCount();
 }
 
+enum class Act { none, click, type };
+
+/// What --do can do with a control.
+Act actOn(const Control& control) {
+  switch (control.kind) {
+    case ControlKind::textBox:
+      return control.onDblClick ? Act::none : Act::type;  // not into a box of colour
+    case ControlKind::button:
+    case ControlKind::checkBox:
+    case ControlKind::optionButton:
+    case ControlKind::label:
+    case ControlKind::picture:
+      return control.onClick ? Act::click : Act::none;
+    default:
+      return Act::none;
+  }
+}
+
 /// "NAME" clicks a control, "NAME=TEXT" types a text and Enter into it.
 void perform(Form& form, const std::string& act) {
   const std::size_t equals = act.find('=');
   Control& control = form.at(act.substr(0, equals));
-  if (equals == std::string::npos) {
+  const Act wanted = equals == std::string::npos ? Act::click : Act::type;
+  if (actOn(control) != wanted) {
+    throw std::runtime_error(control.name + (wanted == Act::click ? " is nothing to click."
+                                                                  : " is nothing to type into."));
+  }
+  if (wanted == Act::click) {
     form.moveFocus(&control);
     if (!control.click()) throw std::runtime_error(control.name + " cannot be clicked now.");
     return;
@@ -58,6 +84,21 @@ void perform(Form& form, const std::string& act) {
   box.Text = act.substr(equals + 1);
   int key = keyReturn;
   box.keyPress(key);
+}
+
+/// A line for each control of the report window that --do can act on.
+std::string controlsToActOn() {
+  Machine machine;
+  FrmReport form(machine.platform());
+  PrintPanel::bind(form, machine.platform());
+  std::string lines;
+  for (const Control* control : form.controls()) {
+    const Act act = actOn(*control);
+    if (act == Act::none) continue;
+    const std::string name = control->name + (act == Act::type ? "=TEXT" : "");
+    lines += "  " + TxtL(name, 16) + control->accessibleName() + "\n";
+  }
+  return lines;
 }
 
 void preview(const PreviewOptions& options) {
@@ -110,7 +151,6 @@ void addPreview(CLI::App& app) {
   addSwitch(*command, "--no-edit", arguments.REdit, "Leave out the editing of pages");
   addSwitch(*command, "--no-search", arguments.RSearch, "Leave out the search");
   addSwitch(*command, "--no-import", arguments.RImport, "Leave out the opening of other files");
-  addSwitch(*command, "--no-export", arguments.RExport, "Leave out the export");
   addSwitch(*command, "--no-color", arguments.RColor, "Leave out the settings");
   addSwitch(*command, "--no-print", arguments.RPrint, "Leave out printing");
   addSwitch(*command, "--no-continuous", arguments.RCont, "Leave out the view of all pages in one");
@@ -134,18 +174,21 @@ void addPreview(CLI::App& app) {
       ->needs(picture);
   command
       ->add_option("--do", options->acts,
-                   "Before the picture, click a control by its name (Command2), or type into one "
-                   "(Text4=total); may be given again")
+                   "Before the picture, click a control of the window by its name (Command2), or "
+                   "type into one (Text4=total); may be given again. The names are below")
       ->type_name("ACT")
       ->expected(1)
       ->allow_extra_args(false)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
       ->needs(picture);
-  command->footer(
-      "Examples:\n"
-      "  paperway preview ledger.txt\n"
-      "  paperway preview ledger.txt --no-print --page 3\n"
-      "  paperway preview ledger.txt --picture page3.png --page 3 --scale 2");
+  command->footer([] {
+    return "Examples:\n"
+           "  paperway preview ledger.txt\n"
+           "  paperway preview ledger.txt --no-print --page 3\n"
+           "  paperway preview ledger.txt --picture page3.png --page 3 --scale 2\n"
+           "Controls for --do:\n" +
+           controlsToActOn();
+  });
   command->callback([options] {
     if (!options->size.empty() && (options->size[0] < 960 || options->size[1] < 480)) {
       throw CLI::ValidationError("--size", "the window is at least 960,480");

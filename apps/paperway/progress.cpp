@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "apps/paperway/commands.h"
+#include "apps/paperway/visible.h"
 #include "session/run_state.h"
 #include "util/format_pattern.h"
 
@@ -22,7 +23,7 @@ std::string grouped(std::int64_t number) {
 Progress::Progress() : terminal_(isatty(STDERR_FILENO) != 0) {}
 
 Progress::~Progress() {
-  if (onShow_) std::cerr << "\r\033[K";
+  if (onShow_) std::clog << "\r\033[K";
 }
 
 void Progress::look() {
@@ -32,7 +33,7 @@ void Progress::look() {
   if (now - start_ < kBeforeFirstLine || now - shown_ < kBetweenLines) return;
   shown_ = now;
   onShow_ = true;
-  std::cerr << "\r\033[K" << line() << std::flush;
+  std::clog << "\r\033[K" << line() << std::flush;
 }
 
 std::string Progress::line() const {
@@ -46,7 +47,7 @@ std::string Progress::line() const {
 void Progress::finish(const std::string& fileName) {
   if (!onShow_) return;
   onShow_ = false;
-  std::cerr << "\r\033[K" << fileName << ": " << line() << "\n";
+  std::clog << "\r\033[K" << visible(fileName) << ": " << line() << "\n";
 }
 
 }  // namespace paperway::command

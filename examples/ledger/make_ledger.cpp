@@ -291,9 +291,15 @@ void makeLedger(const std::filesystem::path& file, std::int64_t rows) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  constexpr char kUsage[] = "usage: make_ledger FILE [ROWS]\n";
+  const std::string_view first = argc > 1 ? argv[1] : "";
+  if (first == "--help" || first == "-h") {
+    std::fputs(kUsage, stdout);
+    return 0;
+  }
   const std::int64_t rows = argc > 2 ? std::atoll(argv[2]) : 4000;
-  if (argc < 2 || argc > 3 || rows < 1) {
-    std::fprintf(stderr, "usage: make_ledger FILE [ROWS]\n");
+  if (first.empty() || first.starts_with('-') || argc > 3 || rows < 1) {
+    std::fputs(kUsage, stderr);
     return 2;
   }
   try {

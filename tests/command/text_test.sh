@@ -22,6 +22,8 @@ text --out - --title Sales --title "" --title Third --serial 1 --pitch 136 >>e.t
 tail -n +2 e.txt | cmp -s - a.txt || fail "standard output that is appended to"
 [ "$(grep -c $'\f' a.txt)" -gt 5 ] || fail "pages"
 tr -d '\033' <a.txt | grep '^EThirdF' >/dev/null || fail "an empty title leaves its place out"
+text --out empty.txt --title=Sales --title= --title=Third --serial=1 --pitch=136
+same a.txt empty.txt
 
 # Errors name the thing; nothing is written.
 run="$paperway text --db ledger.db --columns $columns --out x.txt"
