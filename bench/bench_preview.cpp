@@ -29,7 +29,8 @@ struct Window {
     form->activate();
   }
   headless::Headless machine{fs::absolute("bench_preview_home")};
-  std::shared_ptr<FrmReport> form = std::make_shared<FrmReport>(machine.platform());
+  std::shared_ptr<FrmReport> form =
+      std::make_shared<FrmReport>(machine.platform(), RunContext::ofThread());
 };
 
 Window& window() {

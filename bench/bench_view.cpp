@@ -37,7 +37,7 @@ class Window {
     state = RunState();
     state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRPrint = 1;
     state.ModPath1 = report().string();
-    form = std::make_shared<FrmReport>(machine_.platform().with(windows_));
+    form = std::make_shared<FrmReport>(machine_.platform().with(windows_), RunContext::ofThread());
     form->load();
     windows_.show(form);
     frame();

@@ -89,7 +89,7 @@ void perform(Form& form, const std::string& act) {
 /// A line for each control of the report window that --do can act on.
 std::string controlsToActOn() {
   Machine machine;
-  FrmReport form(machine.platform());
+  FrmReport form(machine.platform(), RunContext());
   PrintPanel::bind(form, machine.platform());
   std::string lines;
   for (const Control* control : form.controls()) {

@@ -161,7 +161,7 @@ void printRaw(const PrintOptions& options) {
     warn(fitWarnings(extentOf(file, options), rawRoom(user.printers.settings(arguments.printerName),
                                                       arguments.paperHeight)));
   }
-  if (!PrintFile(arguments, platform)) throw Told();
+  if (!PrintFile(arguments, platform, runState())) throw Told();
 }
 
 void choosePages(FrmReport& form, const PrintOptions& options) {
@@ -192,8 +192,8 @@ PageSettings paperFor(const PrintOptions& options, const ReportExtent& report, P
 void printStyled(const PrintOptions& options) {
   const std::unique_ptr<Desk> desk = Desk::open({.screenless = true});
   const Platform platform = desk->platform();
-  runState().ModPath1 = options.file;
-  FrmReport form(platform);
+  FrmReport form(platform, RunContext());
+  form.run->ModPath1 = options.file;
   form.load();
   choosePages(form, options);
   const ReportExtent report = drawnExtentOfChosen(form);

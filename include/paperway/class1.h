@@ -10,6 +10,7 @@
 #include "paperway/arguments.h"
 #include "paperway/platform.h"
 #include "paperway/recordset.h"
+#include "paperway/run_context.h"
 #include "paperway/value.h"
 
 namespace paperway {
@@ -25,12 +26,12 @@ enum class CaseTyp { Tital = 0, Uper = 1, Lover = 2 };
 /// PreviewReport.
 ///
 /// Texts are UTF-8, paths native, both std::string. Failures are AutomationErrors, unless a member
-/// says that it shows a message. One thread uses an object; the run state that the windows share is
-/// one a thread.
+/// says that it shows a message. One thread uses an object. Objects of a thread share their run
+/// state, with one another and with their windows, unless they are given contexts of their own.
 class Class1 {
  public:
-  /// Makes sure that the work folder exists. The platform outlives the object.
-  explicit Class1(const Platform& platform);
+  /// Makes sure that the work folder exists. The platform outlives the object and its windows.
+  explicit Class1(const Platform& platform, RunContext context = RunContext::ofThread());
   ~Class1();
   Class1(const Class1&) = delete;
   Class1& operator=(const Class1&) = delete;
@@ -141,6 +142,7 @@ class Class1 {
   struct State;
 
   Platform platform_;
+  RunContext run_;
   std::unique_ptr<State> state_;
 };
 

@@ -39,8 +39,11 @@ struct Class1::State {
   DOSEFONTcHR font;
 };
 
-Class1::Class1(const Platform& platform)
-    : Verson(kRevision), platform_(platform), state_(std::make_unique<State>()) {
+Class1::Class1(const Platform& platform, RunContext context)
+    : Verson(kRevision),
+      platform_(platform),
+      run_(std::move(context)),
+      state_(std::make_unique<State>()) {
   platform_.folders.work();
 }
 
@@ -91,7 +94,7 @@ std::string Class1::Print_line(std::int16_t Start_pos, std::string_view Print_st
 }
 
 void Class1::PreviewReport(PreviewReportArguments& arguments) {
-  RunState& state = runState();
+  RunState& state = *run_;
   state.ModPagelenth = Pagelenth;
   state.ModPrinterName = PrinterName;
   state.ModCc17 = arguments.cc17;
@@ -105,14 +108,14 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModRColor = arguments.RColor;
   state.ModRPrint = arguments.RPrint;
   state.ModPath1 = arguments.Path1;
-  const auto form = std::make_shared<FrmReport>(platform_);
+  const auto form = std::make_shared<FrmReport>(platform_, run_);
   PrintPanel::bind(*form, platform_);
   form->load();
   platform_.windows.show(form);
 }
 
 void Class1::printDirectly(PreviewReportArguments& arguments) {
-  RunState& state = runState();
+  RunState& state = *run_;
   arguments.Tear = arguments.Tear == 1 ? 1 : 0;
   if (state.ModPrinterName.empty()) state.ModPrinterName = platform_.printers.current();
   PrintFileArguments print{.fileName = arguments.Path1,
@@ -123,11 +126,11 @@ void Class1::printDirectly(PreviewReportArguments& arguments) {
                            .semiCond = arguments.cc12,
                            .copies = 1,
                            .tear = arguments.Tear};
-  PrintFile(print, platform_);
+  PrintFile(print, platform_, *run_);
 }
 
 bool Class1::RtWindows1() const {
-  return runState().ModWindowOpen;
+  return run_->ModWindowOpen;
 }
 
 void Class1::Set_Orientation(std::string_view PL, std::int16_t Page_Sz) {
@@ -145,7 +148,7 @@ void Class1::WriteIniValue(const std::string& INIpath, std::string_view PutKey,
 }
 
 void Class1::Guid_comp1(std::string Guid_comp1) {
-  runState().ModGuidComp = std::move(Guid_comp1);
+  run_->ModGuidComp = std::move(Guid_comp1);
 }
 
 std::string Class1::NumToText(double Num) {

@@ -22,8 +22,11 @@ constexpr std::pair<int, ReportViewKey> kStoredColors[] = {
 
 }  // namespace
 
-FrmReport::FrmReport(const Platform& platform)
-    : Form("FrmReport"), platform_(platform), CommonDialog1(platform.dialogs) {
+FrmReport::FrmReport(const Platform& platform, RunContext context)
+    : Form("FrmReport"),
+      run(std::move(context)),
+      platform_(platform),
+      CommonDialog1(platform.dialogs) {
   Caption = " Report View";
   nameControls();
   arrange();
@@ -32,22 +35,22 @@ FrmReport::FrmReport(const Platform& platform)
 }
 
 ReportViewSettings FrmReport::settings() const {
-  return ReportViewSettings(settingsPath(platform_.folders, runState().ModGuidComp));
+  return ReportViewSettings(settingsPath(platform_.folders, run->ModGuidComp));
 }
 
 void FrmReport::Form_Load() {
-  const bool windowWasOpen = runState().ModWindowOpen;
+  const bool windowWasOpen = run->ModWindowOpen;
   try {
     loadSteps();
   } catch (...) {
-    runState().ModWindowOpen = windowWasOpen;  // no window opens
+    run->ModWindowOpen = windowWasOpen;  // no window opens
     throw;
   }
 }
 
 void FrmReport::loadSteps() {
-  RunState& state = runState();
-  const auto run = [](const std::function<void()>& step) {
+  RunState& state = *run;
+  const auto take = [](const std::function<void()>& step) {
     if (step) step();
   };
   state.ModWindowOpen = true;
@@ -57,14 +60,14 @@ void FrmReport::loadSteps() {
   Ch12.Value = state.ModCc12 != 0 ? 1 : 0;
   dosFont = DOSEFONTcHR();
   applySwitches();
-  run(printSteps.readTearSettings);
+  take(printSteps.readTearSettings);
   ColumnMarks.assign(11, 0);
   ColumnMarkCount = 0;
   readColors();
-  run(printSteps.readPrintMode);
+  take(printSteps.readPrintMode);
   for (const int index : {0, 1, 3}) Lb[index].ForeColor = TXt[index].BackColor;
   Rt1.BackColor = TXt[4].BackColor;
-  run(printSteps.FillPrinterList);
+  take(printSteps.FillPrinterList);
   loadReport();
   showPageNumber();
   ApplyPageStyles();
@@ -73,7 +76,7 @@ void FrmReport::loadSteps() {
 }
 
 void FrmReport::applySwitches() {
-  const RunState& state = runState();
+  const RunState& state = *run;
   CmdPrint.Visible = true;
   if (state.ModRCont == 0) Check3.Visible = false;
   if (state.ModREdit == 0) Check2.Visible = false;
@@ -98,8 +101,8 @@ void FrmReport::readColors() {
 
 /// A report that cannot be read leaves the one on show as it is.
 void FrmReport::loadReport() {
-  Rt1.LoadFile(runState().ModPath1);
-  ReportPath = runState().ModPath1;
+  Rt1.LoadFile(run->ModPath1);
+  ReportPath = run->ModPath1;
   PageText = PageTable(Rt1.loaded());
   CurrentPage = 0;
   showPage();
@@ -124,7 +127,7 @@ void FrmReport::Form_Activate() {
 }
 
 void FrmReport::Form_Unload() {
-  runState().ModWindowOpen = false;
+  run->ModWindowOpen = false;
 }
 
 void FrmReport::TXt_DblClick(int index) {

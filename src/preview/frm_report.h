@@ -15,21 +15,24 @@
 #include "controls/rich_text.h"
 #include "controls/sp_lebal.h"
 #include "paperway/platform.h"
+#include "paperway/run_context.h"
 #include "printed/page_table.h"
 #include "session/settings_store.h"
 #include "util/control_strings.h"
 
 namespace paperway {
 
-/// The window in which a report file is read page by page. Its arguments are those of the run
-/// state at the moment of load(), which raises an AutomationError when the report cannot be read.
+/// The window in which a report file is read page by page. Its arguments are those of its run
+/// context at the moment of load(), which raises an AutomationError when the report cannot be read.
 ///
 /// What other parts of the system do on it is bound from outside before load(): the hooks of the
 /// controls of Frame1 and of the tear and mode settings in Frame6, of CmdPrint, JeweledButton1,
 /// CmdExelExp, Label8 and Label10, and the steps below. What is not bound is not offered.
 class FrmReport : public Form {
  public:
-  explicit FrmReport(const Platform& platform);
+  FrmReport(const Platform& platform, RunContext context);
+
+  const RunContext run;
 
   /// Steps of the load that belong to the print panel, each run where its name stands in the load.
   struct PrintSteps {

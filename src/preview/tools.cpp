@@ -90,11 +90,11 @@ void FrmReport::CmdImport_Click() {
   CommonDialog1.ShowOpen();
   if (CommonDialog1.FileName.empty()) return;
   const std::string before =
-      std::exchange(runState().ModPath1, platform_.files.GetFile(CommonDialog1.FileName).ShortPath);
+      std::exchange(run->ModPath1, platform_.files.GetFile(CommonDialog1.FileName).ShortPath);
   try {
     loadSteps();
   } catch (...) {
-    runState().ModPath1 = before;  // the report on show is still the one before
+    run->ModPath1 = before;  // the report on show is still the one before
     throw;
   }
 }
@@ -162,7 +162,7 @@ void FrmReport::Form_MouseMove(const MouseEvent&) {
 
 void FrmReport::JeExit_Click() {
   unload();
-  runState().ModWindowOpen = false;
+  run->ModWindowOpen = false;
 }
 
 void FrmReport::Timer1_Timer() {

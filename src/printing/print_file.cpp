@@ -19,8 +19,9 @@ void tell(MessageBox& messageBox, const std::string& text) {
                   MessageBox::Icon::information);
 }
 
-void takeStoredTearLines(PrintFileArguments& arguments, Folders& folders) {
-  const ReportViewSettings settings(settingsPath(folders, runState().ModGuidComp));
+void takeStoredTearLines(PrintFileArguments& arguments, Folders& folders,
+                         const std::string& company) {
+  const ReportViewSettings settings(settingsPath(folders, company));
   const TearLines lines = settings.tearLines();
   arguments.linesIn = static_cast<std::uint8_t>(std::max(lines.in, 0));
   arguments.linesOut = static_cast<std::uint8_t>(std::max(lines.out, 0));
@@ -99,10 +100,12 @@ std::string documentNameOf(std::string fileName) {
   return fileName.substr(fileName.rfind('\\') + 1);
 }
 
-bool PrintFile(PrintFileArguments& arguments, const Platform& platform) {
+bool PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run) {
   try {
-    if (arguments.tear == 1) takeStoredTearLines(arguments, platform.folders);
-    runState().ModDosFont = DOSEFONTcHR{};
+    if (arguments.tear == 1) {
+      takeStoredTearLines(arguments, platform.folders, run.ModGuidComp);
+    }
+    run.ModDosFont = DOSEFONTcHR{};
     if (!exists(arguments.fileName)) {
       tell(platform.messageBox, "File " + arguments.fileName + " does not exists");
       return false;

@@ -7,6 +7,8 @@
 
 namespace paperway {
 
+struct RunState;
+
 struct PrintFileArguments {
   std::string fileName{};     // native path
   std::string printerName{};  // DeviceName; empty: the current printer
@@ -22,7 +24,7 @@ struct PrintFileArguments {
 
 /// Sends a report file to a printer as one raw document. What goes wrong is told in a message; true
 /// when the printer took the whole job.
-bool PrintFile(PrintFileArguments& arguments, const Platform& platform);
+bool PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run);
 
 /// Of the job that prints this file: the name behind the last separator.
 std::string documentNameOf(std::string fileName);

@@ -97,7 +97,7 @@ void PrintPanel::PrintReport() {
       .tear = static_cast<std::uint8_t>(form_.Chtear.Value),
       .linesIn = lines(form_.Comtear),
       .linesOut = lines(form_.ComtearOut)};
-  PrintFile(arguments, platform_);
+  PrintFile(arguments, platform_, *form_.run);
 }
 
 void PrintPanel::printStyled() {

@@ -113,7 +113,7 @@ void PrintPanel::FillPrinterList() {
 void PrintPanel::showDefaultPrinter() {
   if (form_.CboPrinters.ListCount() == 0) return;
   const std::string current = platform_.printers.current();
-  std::string& name = runState().ModPrinterName;
+  std::string& name = form_.run->ModPrinterName;
   if (name.empty()) name = current;
   form_.CboPrinters.Text = name;
   form_.LaDefult.Caption = "Defult Printer :" + current;

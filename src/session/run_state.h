@@ -3,12 +3,13 @@
 #include <cstdint>
 #include <string>
 
+#include "paperway/run_context.h"
 #include "util/control_strings.h"
 
 namespace paperway {
 
-/// The channel between Class1 and the windows, which read their arguments when they load. One copy
-/// a thread, shared by all Class1 objects of that thread. Paths are native, texts UTF-8.
+/// The channel between Class1 and the windows, which read their arguments when they load: what a
+/// RunContext holds. Paths are native, texts UTF-8.
 struct RunState {
   std::uint8_t ModPagelenth = 0;  // inches
   std::string ModPrinterName;
@@ -34,9 +35,9 @@ struct RunState {
   std::int64_t pagesDone = 0;
 };
 
+/// That of the thread's own context.
 inline RunState& runState() {
-  thread_local RunState state;
-  return state;
+  return *RunContext::ofThread();
 }
 
 }  // namespace paperway

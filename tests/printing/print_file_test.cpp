@@ -66,7 +66,7 @@ TEST_F(PrintFileTest, SaysWhatStopsAJob) {
   const auto print = [&](const std::string& file, const std::string& printer) {
     PrintFileArguments arguments{
         .fileName = file, .printerName = printer, .paperHeight = 12, .copies = 2};
-    EXPECT_FALSE(PrintFile(arguments, machine_.platform()));
+    EXPECT_FALSE(PrintFile(arguments, machine_.platform(), runState()));
     return message();
   };
   EXPECT_EQ(print("/no/such/file", "Nobody"), "File /no/such/file does not exists");

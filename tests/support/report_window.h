@@ -24,7 +24,7 @@ inline std::shared_ptr<FrmReport> makeReportWindow(const Platform& platform,
                                                    std::string_view report) {
   runState().ModPath1 = (platform.folders.work() / "report.prn").string();
   replaceFile(runState().ModPath1, report, "test");
-  return std::make_shared<FrmReport>(platform);
+  return std::make_shared<FrmReport>(platform, RunContext::ofThread());
 }
 
 /// The window as the user meets it: loaded and brought to the front.
