@@ -76,8 +76,8 @@ void printColumns(const ReportFormatTable& table) {
     std::cout << text << "\n";
   };
   line("#", "Field", "Heading", "Width", "Type", "Side", "Pattern", "Beside its cells");
-  for (std::size_t i = 0; i < columnCount(table); ++i) {
-    const ColumnFormat& column = table[i];
+  for (std::size_t i = 0; i < table.columnCount(); ++i) {
+    const ColumnFormat& column = table.records[i];
     line(std::to_string(i + 1), column.fNM, column.fHeder,
          std::to_string(column.Sz) + "+" + std::to_string(column.Spc), typeName(column),
          column.Ali == U'L' ? "left" : "right", column.Frmt, duties(column));
@@ -86,8 +86,8 @@ void printColumns(const ReportFormatTable& table) {
 
 std::size_t lineWidth(const ReportFormatTable& table) {
   std::size_t width = 0;
-  for (std::size_t i = 0; i < columnCount(table); ++i) {
-    width += static_cast<std::size_t>(table[i].Sz) + table[i].Spc;
+  for (std::size_t i = 0; i < table.columnCount(); ++i) {
+    width += static_cast<std::size_t>(table.records[i].Sz) + table.records[i].Spc;
   }
   return width;
 }
@@ -128,12 +128,12 @@ void warn(std::size_t number, const ColumnFormat& column, const std::string& wha
 void printWarnings(const ReportFormatTable& table) {
   std::string group1;
   std::string group2;
-  for (std::size_t i = 0; i < columnCount(table); ++i) {
-    if (!table[i].GTot1.empty()) group1 = table[i].GTot1;
-    if (!table[i].GTot2.empty()) group2 = table[i].GTot2;
+  for (std::size_t i = 0; i < table.columnCount(); ++i) {
+    if (!table.records[i].GTot1.empty()) group1 = table.records[i].GTot1;
+    if (!table.records[i].GTot2.empty()) group2 = table.records[i].GTot2;
   }
-  for (std::size_t i = 0; i < columnCount(table); ++i) {
-    const ColumnFormat& column = table[i];
+  for (std::size_t i = 0; i < table.columnCount(); ++i) {
+    const ColumnFormat& column = table.records[i];
     const std::size_t number = i + 1;
     if (std::u32string_view(U"TDN").find(column.Dtyp) == std::u32string_view::npos) {
       warn(number, column,
@@ -156,24 +156,24 @@ void printWarnings(const ReportFormatTable& table) {
 
 /// Every field that the table names, looked for in the data.
 void checkFields(const ReportFormatTable& table, const Recordset& rows) {
-  for (std::size_t i = 0; i < columnCount(table); ++i) {
-    const ColumnFormat& column = table[i];
+  for (std::size_t i = 0; i < table.columnCount(); ++i) {
+    const ColumnFormat& column = table.records[i];
     if (std::string_view(typeName(column)) != "none") rows.fieldOrdinal(column.fNM);
     if (!column.GTot1.empty()) rows.fieldOrdinal(column.GTot1);
     if (!column.GTot2.empty()) rows.fieldOrdinal(column.GTot2);
   }
-  const std::string& duplicate = table.front().DupPrintField;
-  if (columnCount(table) > 0 && !duplicate.empty()) rows.fieldOrdinal(duplicate);
+  const std::string& duplicate = table.records.front().DupPrintField;
+  if (!duplicate.empty()) rows.fieldOrdinal(duplicate);
 }
 
 void printReport(const ColumnsOptions& options) {
-  ReportFormatTable table;
+  std::shared_ptr<ReportFormatTable> table;
   readReportFormat(*options.source.columns(options.columns), table);
-  planReport(table);  // refuses what no report could be made of
-  printColumns(table);
-  printWidths(lineWidth(table), options.paper);
-  printWarnings(table);
-  if (!options.data.empty()) checkFields(table, *options.source.rows(options.data));
+  planReport(table.get(), kTextRules, "columns");  // refuses what no report could be made of
+  printColumns(*table);
+  printWidths(lineWidth(*table), options.paper);
+  printWarnings(*table);
+  if (!options.data.empty()) checkFields(*table, *options.source.rows(options.data));
 }
 
 }  // namespace

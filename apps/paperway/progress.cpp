@@ -5,7 +5,6 @@
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/visible.h"
-#include "session/run_state.h"
 #include "util/format_pattern.h"
 
 namespace paperway::command {
@@ -26,7 +25,8 @@ Progress::~Progress() {
   if (onShow_) std::clog << "\r\033[K";
 }
 
-void Progress::look() {
+void Progress::tell(const ReportProgress& done) {
+  done_ = done;
   if (StopSignals::raised() != 0) throw Interrupted();
   if (!terminal_) return;
   const auto now = Clock::now();
@@ -37,11 +37,10 @@ void Progress::look() {
 }
 
 std::string Progress::line() const {
-  const RunState& state = runState();
   const double seconds = std::chrono::duration<double>(Clock::now() - start_).count();
-  const double rate = seconds > 0 ? static_cast<double>(state.rowsDone) / seconds : 0;
-  return grouped(state.rowsDone) + " rows, " + grouped(static_cast<std::int64_t>(rate)) +
-         " rows/s, " + grouped(state.pagesDone) + " pages";
+  const double rate = seconds > 0 ? static_cast<double>(done_.rows) / seconds : 0;
+  return grouped(done_.rows) + " rows, " + grouped(static_cast<std::int64_t>(rate)) + " rows/s, " +
+         grouped(done_.pages) + " pages";
 }
 
 void Progress::finish(const std::string& fileName) {

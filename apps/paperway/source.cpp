@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/paperway/stop_signals.h"
 #include "paperway/memory.h"
 #include "paperway/odbc.h"
 #include "paperway/sqlite.h"
@@ -30,13 +31,6 @@ bool isStatement(std::string_view text) {
   return false;
 }
 
-template <typename Rows, typename Database>
-std::unique_ptr<Recordset> open(const Database& database, const std::string& statement,
-                                Progress* progress) {
-  if (progress == nullptr) return std::make_unique<Rows>(database, statement);
-  return std::make_unique<Watched<Rows>>(*progress, database, statement);
-}
-
 }  // namespace
 
 void Source::addOptions(CLI::App& app) {
@@ -47,16 +41,16 @@ void Source::addOptions(CLI::App& app) {
       ->excludes(file);
 }
 
-std::unique_ptr<Recordset> Source::rows(const std::string& statement, Progress* progress) const {
+std::unique_ptr<Recordset> Source::rows(const std::string& statement) const {
   if (!odbc.empty()) {
     const OdbcConnection connection(odbc);
     connection.stopWhen(isStopped);
-    return open<OdbcRecordset>(connection, statement, progress);
+    return std::make_unique<OdbcRecordset>(connection, statement);
   }
   if (db.empty()) throw CLI::RequiredError("--db or --odbc");
   const SqliteDatabase database(db);
   database.stopWhen(isStopped);
-  return open<SqliteRecordset>(database, statement, progress);
+  return std::make_unique<SqliteRecordset>(database, statement);
 }
 
 std::unique_ptr<Recordset> Source::columns(const std::string& fileOrStatement) const {

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 
-#include "apps/paperway/progress.h"
 #include "paperway/recordset.h"
 
 namespace paperway::command {
@@ -16,8 +15,8 @@ struct Source {
 
   void addOptions(CLI::App& app);
 
-  /// The rows of a statement; it tells `progress`, when there is one, of each move.
-  std::unique_ptr<Recordset> rows(const std::string& statement, Progress* progress = nullptr) const;
+  /// The rows of a statement.
+  std::unique_ptr<Recordset> rows(const std::string& statement) const;
 
   /// A column table: the rows of a statement, or a file of comma-separated values.
   std::unique_ptr<Recordset> columns(const std::string& fileOrStatement) const;

@@ -27,7 +27,7 @@ struct TextOptions {
   bool preview = false;
 };
 
-TextRptArguments arguments(const TextOptions& options, Recordset& rows) {
+TextRptArguments arguments(const TextOptions& options, Recordset& rows, Progress& progress) {
   std::vector<std::string> titles = options.titles;
   titles.resize(kTitles);
   return {.Rs = rows,
@@ -39,7 +39,8 @@ TextRptArguments arguments(const TextOptions& options, Recordset& rows) {
           .Tital5 = titles[4],
           .MPLine = static_cast<std::uint8_t>(options.lines),
           .Srno = options.serial,
-          .C_80_96_136 = static_cast<std::uint8_t>(options.pitch)};
+          .C_80_96_136 = static_cast<std::uint8_t>(options.pitch),
+          .onProgress = [&progress](const ReportProgress& done) { progress.tell(done); }};
 }
 
 void writeText(const TextOptions& options) {
@@ -48,8 +49,8 @@ void writeText(const TextOptions& options) {
   Progress progress;
   report.Set_Repot_Format(*options.source.columns(options.columns));
   machine.throwIfTold();
-  const auto rows = options.source.rows(options.data, &progress);
-  report.Text_Rpt(arguments(options, *rows));
+  const auto rows = options.source.rows(options.data);
+  report.Text_Rpt(arguments(options, *rows, progress));
   machine.throwIfTold();
   progress.finish(options.out);
 }

@@ -1,11 +1,22 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "paperway/recordset.h"
 
 namespace paperway {
+
+/// How far a report is.
+struct ReportProgress {
+  std::int64_t rows = 0;   // done
+  std::int64_t pages = 0;  // ended
+};
+
+/// Told every few hundred rows, and once more before the report is put in place. What it throws
+/// ends the report, which then leaves nothing behind, and reaches who asked for it.
+using ReportProgressCallback = std::function<void(const ReportProgress&)>;
 
 /// The arguments of Class1's larger members: the published names in the published order, for
 /// designated initialisers. What a member gives back is written into them. Texts are UTF-8, paths
@@ -23,6 +34,7 @@ struct TextRptArguments {
   std::int32_t Srno = 0;         // first serial number, 0 for none; the next free one comes back
   std::uint8_t C_80_96_136 = 0;  // pitch: 80, 96, 136 columns; any other: no pitch control
   std::uint8_t Preview1 = 0;     // above 0: the finished report opens in the preview
+  ReportProgressCallback onProgress{};
 };
 
 /// The seven switches show (not 0) or hide a feature of the window.

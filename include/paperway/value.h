@@ -106,6 +106,9 @@ struct Decimal {
 void appendDefaultText(std::string& out, const ValueView& value);
 std::string defaultText(ValueView value);
 
+/// The text of a number as a decimal: at most 15 significant digits and 28 places, no exponent.
+void appendDecimalText(std::string& out, double number);
+
 /// The number text: the default text with one leading blank in place of a plus sign and no zero
 /// before the point (" .5", "-.5", " 12").
 std::string numberText(double number);

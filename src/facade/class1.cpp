@@ -35,7 +35,7 @@ void showFailure(MessageBox& messageBox, long number, const char* description) {
 }  // namespace
 
 struct Class1::State {
-  ReportFormatTable ReportFormat;
+  std::shared_ptr<ReportFormatTable> ReportFormat;  // none before Set_Repot_Format
   DOSEFONTcHR font;
 };
 
@@ -71,7 +71,13 @@ PreviewReportArguments PreviewReportArguments::withEverything(std::string path) 
 }
 
 void Class1::Text_Rpt(TextRptArguments& arguments) {
-  if (!writeTextReport(arguments, state_->ReportFormat, state_->font, platform_.messageBox)) return;
+  try {
+    writeTextReport(arguments, state_->ReportFormat, state_->font);
+  } catch (const MissingGroupField& missing) {
+    platform_.messageBox.show(" Please Check for RecordSet \r\n" + missing.field() +
+                              "\r\n Not found ");
+    return;
+  }
   if (arguments.Preview1 == 0) return;
   PreviewReport(PreviewReportArguments::withEverything(arguments.TextFileName));
 }

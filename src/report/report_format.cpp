@@ -89,10 +89,6 @@ bool takeCountMarker(std::string& groupField) {
   return found;
 }
 
-std::string fontTag(const std::string& font) {
-  return "<font face='" + font + "'>";
-}
-
 /// The fields that a column table may leave out.
 struct OptionalFields {
   explicit OptionalFields(const Recordset& rst)
@@ -106,7 +102,7 @@ struct OptionalFields {
   bool dupPrintYN, dupPrintField, fontSize, groupHeader, groupHeaderFont, groupHeaderFontSize;
 };
 
-void readSalaryFields(const RowReader& row, const OptionalFields& has, ColumnFormat& column) {
+void readStyleFields(const RowReader& row, const OptionalFields& has, ColumnFormat& column) {
   if (has.fontSize) {
     column.FontSize = row.realOrZero("FontSize");
     if (column.FontSize == 0) column.CellClass = "<Q>";
@@ -117,7 +113,7 @@ void readSalaryFields(const RowReader& row, const OptionalFields& has, ColumnFor
 }
 
 void readColumn(const RowReader& row, const OptionalFields& has, ColumnFormat& column) {
-  readSalaryFields(row, has, column);
+  readStyleFields(row, has, column);
   column.fNM = row.text("fNM");
   column.fHeder = row.text("fHeder");
   column.Sz = row.integer<std::int16_t>("Sz");
@@ -133,7 +129,7 @@ void readColumn(const RowReader& row, const OptionalFields& has, ColumnFormat& c
   column.BoldGroup1 = row.letter("BoldGroup1", "");
   column.BoldGroup2 = row.letter("BoldGroup2", "");
   column.AllPageTot = row.letter("AllPageTot", "N");
-  column.FontNm = fontTag(row.text("FontNm", "Arial Narrow"));
+  column.FontNm = row.text("FontNm", "Arial Narrow");
   column.DupPrintYN = has.dupPrintYN ? row.text("DupPrintYN", "N") : "N";
   column.DupPrintField = has.dupPrintField ? row.text("DupPrintField", "") : "";
 }
@@ -156,9 +152,9 @@ std::size_t countRows(Recordset& rst) {
 
 }  // namespace
 
-void readReportFormat(Recordset& rst, ReportFormatTable& table) {
+void readReportFormat(Recordset& rst, std::shared_ptr<ReportFormatTable>& table) {
   const std::size_t rows = countRows(rst);
-  table.assign(rows + 1, ColumnFormat{});
+  table = std::make_shared<ReportFormatTable>(rows);
   rst.MoveFirst();
   const OptionalFields has(rst);
   for (std::size_t i = 0; !rst.Eof(); ++i) {
@@ -167,7 +163,7 @@ void readReportFormat(Recordset& rst, ReportFormatTable& table) {
                             "The column table has more rows than the " + std::to_string(rows) +
                                 " that its count says.");
     }
-    readColumn(RowReader(rst, i + 1), has, table[i]);
+    readColumn(RowReader(rst, i + 1), has, table->records[i]);
     rst.MoveNext();
   }
 }

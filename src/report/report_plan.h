@@ -7,6 +7,7 @@
 
 #include "paperway/recordset.h"
 #include "report/report_format.h"
+#include "report/report_rules.h"
 #include "util/format_pattern.h"
 
 namespace paperway {
@@ -20,13 +21,16 @@ struct ColumnPlan {
   bool total = false;      // feeds and shows the grand total
   bool pageTotal = false;  // shows the running total at each page's end and top
   bool blankOnDuplicate = false;
-  bool feedsGroup1 = false;  // names the group that the report uses
-  bool feedsGroup2 = false;
+  bool takesPlace = true;   // in lines of totals
+  bool feedsInner = false;  // names the group that the report uses
+  bool feedsOuter = false;
+  bool countsInner = false;  // feeds it 1 a row, not its numbers
+  bool countsOuter = false;
   std::size_t ordinal = 0;  // of the field; unused when the type is none
   std::size_t width = 0;
   std::size_t spaces = 0;
   FormatPattern pattern;
-  ColumnFormat* format = nullptr;  // holds the running totals
+  const ColumnFormat* format = nullptr;
 };
 
 /// One group level: the field whose change begins a group, and the look of its header.
@@ -38,25 +42,29 @@ struct GroupPlan {
   bool isUsed() const { return !field.empty(); }
 };
 
-/// A report laid out before its first row.
+/// A report laid out before its first row. The column table lives as long.
 struct ReportPlan {
-  std::vector<ColumnPlan> columns;
-  GroupPlan group1;  // inner
-  GroupPlan group2;  // outer
-  bool pageTotals = false;
-  bool hasDuplicates = false;
+  const char* caller;  // whom errors name
+  ReportRules rules;
+  std::vector<ColumnPlan> columns{};
+  GroupPlan inner{};             // first level
+  GroupPlan outer{};             // second level
+  bool pageTotals = false;       // a column carries its total from page to page
+  std::string duplicateField{};  // empty: no row is a duplicate
   std::size_t duplicateOrdinal = 0;
-  std::string headRow;  // bytes of the code page, without serial-number column
 };
 
-/// Reads columns, group levels and headings off the table. No field is looked for yet.
-ReportPlan planReport(ReportFormatTable& table);
+/// Reads columns and group levels off the table, which may be missing. No field is looked for yet.
+ReportPlan planReport(const ReportFormatTable* table, const ReportRules& rules, const char* caller);
 
-/// Binds columns and duplicate field to the fields of the data; a missing one raises kItemNotFound.
-void bindFields(ReportPlan& plan, const ReportFormatTable& table, const Recordset& rows);
+/// Binds columns, groups and duplicate field to the fields of the data; a missing one raises
+/// kItemNotFound.
+void bindFields(ReportPlan& plan, const Recordset& rows);
 
-/// The bytes of a text in the report's code page. A text that is not UTF-8 raises kTypeMismatch,
-/// which begins with `what` ("The title Tital1").
-std::string reportBytes(std::string_view text, std::string_view what);
+/// Raises the kTypeMismatch of a text that is not UTF-8, which begins with `what` ("Tital1").
+[[noreturn]] void raiseNotUtf8(std::string_view text, std::string_view what, const char* caller);
+
+/// The same, unless the text is UTF-8.
+void requireText(std::string_view text, std::string_view what, const char* caller);
 
 }  // namespace paperway

@@ -29,10 +29,6 @@ struct RunState {
   bool ModWindowOpen = false;  // a report window is open
   std::string ModGuidComp;     // company or installation number; names the settings file
   DOSEFONTcHR ModDosFont;      // control strings of the last print
-
-  /// Counters of the Text_Rpt in progress, for a host that shows progress from its own recordset.
-  std::int64_t rowsDone = 0;
-  std::int64_t pagesDone = 0;
 };
 
 /// That of the thread's own context.

@@ -1,19 +1,34 @@
 #pragma once
 
-#include <cstdint>
+#include <memory>
 #include <string>
+#include <utility>
 
 #include "paperway/arguments.h"
-#include "paperway/platform/message_box.h"
+#include "paperway/automation_error.h"
 #include "report/report_format.h"
 #include "util/control_strings.h"
 
 namespace paperway {
 
-/// Writes the report of the rows under the table, whose totals it feeds. False when a group field
-/// is missing from the rows: a message has said so, and nothing was touched. Every other failure is
-/// an AutomationError, after which an earlier report of that name stands as it was.
-bool writeTextReport(TextRptArguments& arguments, ReportFormatTable& table, const DOSEFONTcHR& font,
-                     MessageBox& messageBox);
+/// The rows lack the field of a group level.
+class MissingGroupField : public AutomationError {
+ public:
+  MissingGroupField(std::string field, const char* source)
+      : AutomationError(kItemNotFound, source,
+                        "The data has no field \"" + field + "\" to group by."),
+        field_(std::move(field)) {}
+
+  const std::string& field() const { return field_; }
+
+ private:
+  std::string field_;
+};
+
+/// Writes the report of the rows under the table, whose totals it feeds. A failure is an
+/// AutomationError, after which an earlier report of that name stands as it was. Before a
+/// MissingGroupField nothing has been touched.
+void writeTextReport(TextRptArguments& arguments, const std::shared_ptr<ReportFormatTable>& table,
+                     const DOSEFONTcHR& font);
 
 }  // namespace paperway

@@ -32,6 +32,18 @@ void NumberFormat::append(std::string& out, const ValueView& value) const {
   }
 }
 
+void NumberFormat::appendDecimal(std::string& out, double number) const {
+  if (number == 0 || sectionOf(number)) {
+    appendNumber(out, number);
+  } else {
+    appendDecimalText(out, number);
+  }
+}
+
+const std::optional<NumberSection>& NumberFormat::sectionOf(double number) const {
+  return number < 0 && negative_ ? negative_ : positive_;
+}
+
 /// A number that rounds to zero is shown as zero is.
 template <class Number>
 void NumberFormat::appendNumber(std::string& out, Number number) const {
@@ -40,7 +52,7 @@ void NumberFormat::appendNumber(std::string& out, Number number) const {
     return;
   }
   const bool ownSign = number < 0 && negative_;
-  const auto& section = ownSign ? negative_ : positive_;
+  const auto& section = sectionOf(static_cast<double>(number));
   if (!section || !std::isfinite(static_cast<double>(number))) {
     appendDefaultText(out, number);
   } else if (!section->append(out, number, !ownSign)) {

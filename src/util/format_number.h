@@ -16,10 +16,14 @@ class NumberFormat {
 
   void append(std::string& out, const ValueView& value) const;
 
+  /// The default text, where the pattern asks for it, is that of a decimal: without an exponent.
+  void appendDecimal(std::string& out, double number) const;
+
  private:
   template <class Number>
   void appendNumber(std::string& out, Number number) const;
   void appendZero(std::string& out) const;
+  const std::optional<NumberSection>& sectionOf(double number) const;
   void appendText(std::string& out, std::string_view text) const;
 
   std::optional<NumberSection> positive_;  // none: the default text

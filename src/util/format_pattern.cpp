@@ -87,6 +87,24 @@ void FormatPattern::append(std::string& out, const ValueView& value) const {
   }
 }
 
+void FormatPattern::appendDecimal(std::string& out, double number) const {
+  std::string text;
+  switch (format_.index()) {
+    case 1:
+      std::get<1>(format_).appendDecimal(out, number);
+      break;
+    case 2:
+      std::get<2>(format_).append(out, number);
+      break;
+    case 3:
+      appendDecimalText(text, number);
+      std::get<3>(format_).append(out, text);
+      break;
+    default:
+      appendDecimalText(out, number);
+  }
+}
+
 std::string FormatPattern::operator()(ValueView value) const {
   std::string text;
   append(text, value);

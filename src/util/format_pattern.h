@@ -27,6 +27,10 @@ class FormatPattern {
   void append(std::string& out, const ValueView& value) const;
   std::string operator()(ValueView value) const;
 
+  /// The same of a total, which is a decimal: where the pattern leaves a number its default text,
+  /// it has no exponent.
+  void appendDecimal(std::string& out, double number) const;
+
  private:
   std::variant<std::monostate, NumberFormat, DateFormat, TextFormat> format_;
 };

@@ -14,6 +14,7 @@ namespace paperway {
 namespace {
 
 constexpr int kSignificantDigits = 15;
+constexpr int kDecimalPlaces = 28;
 
 bool isDigit(char c) {
   return c >= '0' && c <= '9';
@@ -284,6 +285,18 @@ std::string defaultText(ValueView value) {
   std::string text;
   appendDefaultText(text, value);
   return text;
+}
+
+void appendDecimalText(std::string& out, double number) {
+  if (!std::isfinite(number)) return appendNotFinite(out, number);
+  Decimal decimal = Decimal::fromDouble(number);
+  decimal.keepDigits(decimal.exponent + kDecimalPlaces);
+  if (decimal.isZero()) {
+    out += '0';
+    return;
+  }
+  if (decimal.negative) out += '-';
+  appendPlain(out, decimal);
 }
 
 std::string numberText(double number) {

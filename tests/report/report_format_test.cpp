@@ -22,24 +22,24 @@ MemoryTable changed(const std::string& field, const Value& value, const Names& m
   return MemoryTable(names, {row});
 }
 
-ReportFormatTable read(MemoryTable rows) {
-  ReportFormatTable columns;
-  readReportFormat(rows, columns);
+std::vector<ColumnFormat> read(MemoryTable rows) {
+  std::shared_ptr<ReportFormatTable> table;
+  readReportFormat(rows, table);
   EXPECT_TRUE(rows.Eof());
-  return columns;
+  return table->records;
 }
 
 TEST(ReportFormat, NullsAndMissingFieldsTakeTheirDefaults) {
-  const ReportFormatTable columns = read(changed("", {}));
+  const std::vector<ColumnFormat> columns = read(changed("", {}));
   ASSERT_EQ(columns.size(), 2u);  // one empty record behind the columns
   const ColumnFormat& c = columns[0];
   EXPECT_EQ(std::u32string({c.Dtyp, c.Ali, c.Lt, c.AllPageTot, c.BoldGroup1}), U"TLYN ");
   EXPECT_EQ(c.Spc, 2);
-  EXPECT_EQ(c.FontNm, "<font face='Arial Narrow'>");
+  EXPECT_EQ(c.FontNm, "Arial Narrow");
   EXPECT_EQ(c.DupPrintYN, "N");
   EXPECT_EQ(c.CellClass + c.GroupHeader + c.G_H_FontNm + c.GTot1 + c.Frmt, "");
 
-  const ReportFormatTable salary = read(
+  const std::vector<ColumnFormat> salary = read(
       changed("Dtyp", "", {"FONTSIZE", "groupheader", "G_H_FontNm", "G_H_fontsize", "dupprintyn"},
               {std::monostate{}, std::monostate{}, "Arial", "7.5", std::monostate{}}));
   EXPECT_EQ(salary[0].Dtyp, U' ');

@@ -1,3 +1,4 @@
+#include <functional>
 #include <sstream>
 
 #include "support/expect_each.h"
@@ -138,6 +139,73 @@ TEST_F(TextReport, TotalsOutliveARunUntilTheTableIsReadAnew) {
   report(kPlain, {.Rs = rows, .MPLine = 60});
   class1_.Text_Rpt({.Rs = rows, .TextFileName = path("again.txt"), .MPLine = 60});
   EXPECT_NE(bytesOf(path("again.txt")).find("    6.00\r\n"), std::string::npos);
+}
+
+TEST_F(TextReport, TotalsAreDecimalsOfFifteenDigits) {
+  const auto total = [&](const char* side, std::size_t width, const char* pattern,
+                         const std::vector<double>& values) {
+    MemoryTable rows({"n"});
+    for (const double value : values) rows.addRow({value});
+    const std::string bytes =
+        report({{"n", "N", std::to_string(width), "N", side, "0", "Y", "", "", "", pattern}},
+               {.Rs = rows, .MPLine = 60});
+    return bytes.substr(bytes.rfind(std::string(width, '-')) - width - 2, width);
+  };
+  const std::vector<double> large = {6e14, 6e14}, small = {0.1, 0.2, -0.3};
+  expectEach(
+      total, Row{"R", 17, "", large, " 1200000000000000"}, Row{"L", 8, "", small, "0.000000"},
+      Row{"R", 17, "General Number", large, " 1200000000000000"},
+      Row{"R", 5, "0.00", small, " 0.00"}, Row{"R", 18, ">@", large, "  1200000000000000"},
+      Row{"R", 9, "0E+00", large, "    1E+15"}, Row{"R", 3, "", std::vector<double>{1e-29}, "  0"},
+      Row{"R", 17, "", std::vector<double>{-1e15, 0.5}, "-1000000000000000"});
+}
+
+/// Rows on which something is done at each move to the next one.
+struct BusyRows : Recordset {
+  MemoryTable rows;
+  std::function<void()> work;
+
+  BusyRows(MemoryTable table, std::function<void()> task) : rows(std::move(table)), work(task) {}
+  void MoveFirst() override { rows.MoveFirst(); }
+  void MoveLast() override { rows.MoveLast(); }
+  void MoveNext() override { work(), rows.MoveNext(); }
+  bool Eof() const override { return rows.Eof(); }
+  std::int64_t RecordCount() const override { return rows.RecordCount(); }
+  std::size_t fieldCount() const override { return rows.fieldCount(); }
+  std::string_view fieldName(std::size_t ordinal) const override { return rows.fieldName(ordinal); }
+  ValueView value(std::size_t ordinal) const override { return rows.value(ordinal); }
+};
+
+TEST_F(TextReport, OneIsWrittenWithinAnother) {
+  MemoryTable inner = numbered(3);
+  const Columns innerColumns = {{"amount", "A", "8", "N", "R", "0", "Y", "Y"}};
+  const std::string innerAlone = report(innerColumns, {.Rs = inner, .MPLine = 7});
+  MemoryTable alone = numbered(60);
+  const std::string outerAlone = report(kPlain, {.Rs = alone, .MPLine = 60, .Srno = 1});
+  int written = 0;
+  BusyRows outer(numbered(60), [&] {
+    setColumns(innerColumns);
+    class1_.Text_Rpt({.Rs = inner, .TextFileName = path("inner.txt"), .MPLine = 7});
+    written += bytesOf(path("inner.txt")) == innerAlone;
+  });
+  EXPECT_EQ(report(kPlain, {.Rs = outer, .MPLine = 60, .Srno = 1}), outerAlone);
+  EXPECT_EQ(written, 60);
+}
+
+TEST_F(TextReport, TellsItsProgressAndStopsWhenTold) {
+  MemoryTable rows = numbered(600);
+  std::vector<std::pair<std::int64_t, std::int64_t>> told;
+  const auto listen = [&](const ReportProgress& done) { told.emplace_back(done.rows, done.pages); };
+  report(kPlain, {.Rs = rows, .MPLine = 60, .onProgress = listen});
+  EXPECT_EQ(told, (decltype(told){{256, 4}, {512, 9}, {600, 12}}));
+
+  replaceFile(file_, "earlier", "test");
+  const auto stop = [](const ReportProgress&) { throw std::runtime_error("stop"); };
+  EXPECT_THROW(report(kPlain, {.Rs = rows, .MPLine = 60, .onProgress = stop}), std::runtime_error);
+  EXPECT_EQ(bytesOf(file_), "earlier");
+  rows = numbered(2);
+  class1_.Text_Rpt({.Rs = rows, .TextFileName = file_, .MPLine = 60});  // the sums so far stay
+  EXPECT_NE(bytesOf(file_).find("32899.00\r\n"), std::string::npos);
 }
 
 TEST_F(TextReport, OpensInThePreviewWhenAsked) {
