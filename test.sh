@@ -14,7 +14,7 @@ sources() { git ls-files -- 'src/*' 'backends/*' 'apps/*' 'tests/*' 'examples/*'
 step "Format"
 sources '\.(h|cpp|c)$' | xargs clang-format --dry-run -Werror
 
-step "Everything, warnings as errors"
+step "Everything, with sanitizers, warnings as errors"
 cmake --preset dev
 cmake --build --preset dev
 
@@ -23,16 +23,10 @@ cmake --preset core -DPAPERWAY_TESTS=OFF -DPAPERWAY_WERROR=ON
 cmake --build --preset core
 
 step "Static checks"
-grep -oE '"file": "[^"]+"' build/dev/compile_commands.json | cut -d '"' -f 4 |
+cmake --preset tidy >/dev/null
+grep -oE '"file": "[^"]+"' build/tidy/compile_commands.json | cut -d '"' -f 4 |
   grep -E "^$PWD/(src|backends|apps)/" | sort -u |
-  xargs -P "$(nproc)" -n 8 clang-tidy --quiet -p build/dev 2>/dev/null
-
-step "Sanitizers"
-cmake --preset asan
-cmake --build --preset asan
-
-step "Tests under the sanitizers"
-ctest --preset asan -j "$(nproc)"
+  xargs -P "$(nproc)" -n 8 clang-tidy --quiet -p build/tidy 2>/dev/null
 
 step "Tests"
 ctest --preset dev -j "$(nproc)"

@@ -14,8 +14,28 @@ function(paperway_compile_options target)
   endif()
 endfunction()
 
-# paperway_library(name folder): a static library of every .cpp below folder, known as
-# paperway::name, whose headers are included from the root that holds the folder.
+set(PAPERWAY_STANDARD_HEADERS
+  <algorithm> <array> <charconv> <chrono> <cmath> <cstdint> <cstdio> <cstdlib> <cstring> <filesystem>
+  <fstream> <functional> <iostream> <map> <memory> <optional> <stdexcept> <string> <string_view>
+  <system_error> <utility> <vector>)
+
+# paperway_precompile(target headers... ): the standard headers and these are compiled once for the
+# target. Every source still includes what it needs: PAPERWAY_PCH=OFF builds without.
+function(paperway_precompile target)
+  if(PAPERWAY_PCH)
+    target_precompile_headers(${target} PRIVATE ${PAPERWAY_STANDARD_HEADERS} ${ARGN})
+  endif()
+endfunction()
+
+# The same for a target whose compile flags are those of `owner`, which has them already.
+function(paperway_precompiled_by target owner)
+  if(PAPERWAY_PCH)
+    target_precompile_headers(${target} REUSE_FROM ${owner})
+  endif()
+endfunction()
+
+# paperway_library(name folder headers... ): a static library of every .cpp below folder, known as
+# paperway::name, whose headers are included from the root that holds the folder; `headers` are precompiled.
 function(paperway_library name folder)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
   if(NOT sources)
@@ -33,4 +53,9 @@ function(paperway_library name folder)
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_compile_features(paperway_${name} PUBLIC cxx_std_20)
   paperway_compile_options(paperway_${name})
+  if(name STREQUAL core OR ARGN)
+    paperway_precompile(paperway_${name} ${ARGN})
+  else()
+    paperway_precompiled_by(paperway_${name} paperway_core)
+  endif()
 endfunction()
