@@ -8,7 +8,7 @@
 #include <sys/resource.h>
 
 #include "backends/desktop/system/direct_spooler.h"
-#include "printing/page_fit.h"
+#include "printed/report_extent.h"
 #include "printing/print_stream.h"
 #include "util/input_file.h"
 

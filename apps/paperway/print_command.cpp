@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -14,18 +13,16 @@
 #include "apps/paperway/machine.h"
 #include "apps/paperway/stop_signals.h"
 #include "apps/paperway/user_printers.h"
-#include "preview/frm_report.h"
-#include "printed/page_range.h"
-#include "printing/chosen_pages.h"
+#include "printed/page_ranges.h"
+#include "printing/drawn_report.h"
 #include "printing/page_fit.h"
 #include "printing/print_file.h"
 #include "session/run_state.h"
+#include "session/settings_store.h"
 #include "util/input_file.h"
 
 namespace paperway::command {
 namespace {
-
-constexpr std::int64_t kToTheEnd = INT64_MAX;
 
 struct PrintOptions {
   std::string file;
@@ -37,30 +34,21 @@ struct PrintOptions {
   std::vector<int> tear{0, 0};
   bool styled = false;
   std::string pdf;
-  std::int64_t first = 1;
-  std::int64_t last = kToTheEnd;
+  PageRanges chosen = PageRange{0, PageRanges::kToTheEnd};
 };
 
-/// "3-7", "3-" or "3".
 void readPages(PrintOptions& options) {
   if (options.pages.empty()) return;
-  const char* const end = options.pages.data() + options.pages.size();
-  auto read = std::from_chars(options.pages.data(), end, options.first);
-  options.last = options.first;
-  if (read.ec == std::errc() && read.ptr != end && *read.ptr == '-') {
-    options.last = kToTheEnd;
-    ++read.ptr;
-    if (read.ptr != end) read = std::from_chars(read.ptr, end, options.last);
-  }
-  const bool isRange = options.last >= options.first;
-  if (read.ec != std::errc() || read.ptr != end || options.first < 1 || !isRange) {
-    throw CLI::ValidationError("--pages", "takes a page or a range, such as 3-7");
-  }
+  const auto chosen = PageRanges::read(options.pages);
+  if (!chosen) throw CLI::ValidationError("--pages", "takes pages and ranges, such as 1,3,7-9,12-");
+  options.chosen = *chosen;
 }
 
-void requirePage(const PrintOptions& options, std::int64_t pages) {
-  if (options.first <= pages) return;
-  throw std::runtime_error(options.file + " has " + std::to_string(pages) + " pages.");
+void requirePages(const PrintOptions& options, std::int64_t count) {
+  const auto missing = options.chosen.missing(count);
+  if (!missing) return;
+  throw std::runtime_error(options.file + " has " + std::to_string(count) + " pages, and no page " +
+                           std::to_string(*missing + 1) + ".");
 }
 
 void warn(const std::vector<std::string>& warnings) {
@@ -68,7 +56,7 @@ void warn(const std::vector<std::string>& warnings) {
 }
 
 ReportExtent extentOf(const std::string& file, const PrintOptions& options) {
-  ExtentScan scan({options.pitch == 12, options.pitch == 17}, false, options.first);
+  ExtentScan scan({options.pitch == 12, options.pitch == 17}, Pen::Widths::printed, options.chosen);
   readBlocks(file, "PrintFile", [&](std::string_view block) { scan.block(block); });
   return scan.end();
 }
@@ -81,7 +69,7 @@ class FileToPrint {
     folder_ = folders.temporary() / ("print-" + std::to_string(getpid()));
     std::filesystem::create_directories(folder_);
     path_ = folder_ / std::filesystem::path(options.file).filename();
-    requirePage(options, writePages(options.file, options.first, options.last, path_));
+    requirePages(options, writePages(options.file, options.chosen, path_));
   }
   ~FileToPrint() {
     std::error_code ignored;
@@ -164,14 +152,6 @@ void printRaw(const PrintOptions& options) {
   if (!PrintFile(arguments, platform, runState())) throw Told();
 }
 
-void choosePages(FrmReport& form, const PrintOptions& options) {
-  requirePage(options, form.PageCount());
-  form.Op[2].Value = true;
-  form.Tst.Text = std::to_string(options.first);
-  form.Tend.Text = std::to_string(std::min(options.last, form.PageCount()));
-  form.Text3.Text = std::to_string(options.copies);
-}
-
 /// The printer's paper. A file takes the first that holds the report: the usual one, upright or
 /// across, or wide fanfold.
 PageSettings paperFor(const PrintOptions& options, const ReportExtent& report, Printers& printers) {
@@ -192,18 +172,19 @@ PageSettings paperFor(const PrintOptions& options, const ReportExtent& report, P
 void printStyled(const PrintOptions& options) {
   const std::unique_ptr<Desk> desk = Desk::open({.screenless = true});
   const Platform platform = desk->platform();
-  FrmReport form(platform, RunContext());
-  form.run->ModPath1 = options.file;
-  form.load();
-  choosePages(form, options);
-  const ReportExtent report = drawnExtentOfChosen(form);
+  const ReportDocument file = ReportDocument::read(options.file);
+  const std::int64_t count = file.pages().PageCount();
+  requirePages(options, count);
+  const ReportViewSettings settings(settingsPath(platform.folders, RunContext()->ModGuidComp));
+  const DrawnReport drawn{file, options.chosen.within(count), storedLook(settings), options.copies};
+  const ReportExtent report = drawn.extent();
   StyledDocument document{.name = documentNameOf(options.file),
                           .printer = options.printer,
                           .file = options.pdf,
                           .settings = paperFor(options, report, platform.printers)};
   if (document.printer.empty()) document.printer = platform.printers.current();
   warn(fitWarnings(report, sheetRoom(document.settings)));
-  drawChosenPages(form, document, platform.printDevice);
+  drawn.draw(document, platform.printDevice);
 }
 
 }  // namespace
@@ -215,7 +196,7 @@ void addPrint(CLI::App& app) {
   print->add_option("--printer", options->printer, "A printer of \"paperway printers\"")
       ->type_name("NAME")
       ->default_str("the default printer");
-  print->add_option("--pages", options->pages, "These pages alone")->type_name("3-7");
+  print->add_option("--pages", options->pages, "These pages alone")->type_name("1,3,7-9,12-");
   print->add_option("--copies", options->copies, "How often")
       ->type_name("N")
       ->check(CLI::Range(0, 255))
@@ -246,7 +227,7 @@ void addPrint(CLI::App& app) {
   print->footer(
       "Examples:\n"
       "  paperway print ledger.txt --printer Matrix --pitch 17 --paper 12 --tear 3,5\n"
-      "  paperway print ledger.txt --pages 3-7 --copies 2\n"
+      "  paperway print ledger.txt --pages 1,3,7-9 --copies 2\n"
       "  paperway print ledger.txt --styled --printer Laser\n"
       "  paperway print ledger.txt --pages 1 --pdf first.pdf");
   print->callback([options] {

@@ -8,8 +8,6 @@
 namespace paperway {
 namespace {
 
-constexpr double kFallbackSize = 11.25;
-
 std::size_t offsetOf(std::int64_t position, std::size_t size, const char* property) {
   if (position < 0) {
     throw AutomationError(AutomationError::kInvalidCall, "RichTextBox",
@@ -24,7 +22,7 @@ RichTextBox::RichTextBox(Form& owner, std::string itsName, Control* itsContainer
     : Control(owner, ControlKind::richText, std::move(itsName), itsContainer) {
   BackColor = kWindowBackground;
   ForeColor = kWindowText;
-  Font = {"Courier New", kFallbackSize};
+  Font = BaseLook().font;
 }
 
 void RichTextBox::LoadFile(const std::filesystem::path& path) {
@@ -161,15 +159,7 @@ StyledLine RichTextBox::lineBounds(std::uint64_t line) const {
 }
 
 std::vector<StyledRun> RichTextBox::styledRuns(std::size_t begin, std::size_t end) const {
-  std::vector<StyledRun> runs;
-  std::string copy;
-  for (const FormatRuns::Run& run : formats_.runs(begin, end)) {
-    const CharFormat& format = run.format;
-    runs.push_back({run.begin, std::string(text_.view(run.begin, run.end, copy)),
-                    format.size > 0 ? format.size : Font.Size, format.color.value_or(ForeColor),
-                    format.bold || Font.Bold, format.underline || Font.Underline, format.hidden()});
-  }
-  return runs;
+  return paperway::styledRuns(text_, formats_, begin, end, {Font, ForeColor});
 }
 
 StyledLine RichTextBox::styledLine(std::uint64_t line) const {

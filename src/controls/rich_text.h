@@ -10,20 +10,10 @@
 #include "controls/accessor.h"
 #include "controls/control.h"
 #include "controls/format_runs.h"
+#include "controls/styled_runs.h"
 #include "controls/text_buffer.h"
 
 namespace paperway {
-
-/// Characters of one look, with everything that a device needs to draw them.
-struct StyledRun {
-  std::size_t begin;  // offset in the text
-  std::string bytes;  // windows-1252
-  double size;        // points
-  Color color;
-  bool bold;
-  bool underline;
-  bool hidden;  // a speck: takes no room to speak of
-};
 
 /// A line without its line end, and without the form feed that closes the text.
 struct StyledLine {

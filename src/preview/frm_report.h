@@ -16,7 +16,8 @@
 #include "controls/sp_lebal.h"
 #include "paperway/platform.h"
 #include "paperway/run_context.h"
-#include "printed/page_table.h"
+#include "preview/report_document.h"
+#include "printed/page_ranges.h"
 #include "session/settings_store.h"
 #include "util/control_strings.h"
 
@@ -39,8 +40,8 @@ class FrmReport : public Form {
     std::function<void()> readTearSettings;
     std::function<void()> readPrintMode;
     std::function<void()> FillPrinterList;
-    /// One styled page of a Windows print, as it was asked for in Text3.
-    std::function<void(const std::vector<StyledLine>&)> printPage;
+    /// Draws the chosen pages on the printer, as often as Text3 says.
+    std::function<void()> drawPages;
   };
   PrintSteps printSteps;
   /// Keeps the bound parts alive as long as the form.
@@ -68,10 +69,19 @@ class FrmReport : public Form {
   void ReportSetting(RichTextBox& Richtex, std::string_view Search, std::string_view Search1,
                      std::string_view seting);
   void ApplyPageStyles();
-  /// Leaves the pages chosen in Op styled in RT3, or, with CmdOk.Tag "1", prints them.
+  /// Draws the chosen pages when CmdOk.Tag is "1", else leaves them styled in RT3.
   void PrintExport();
-  /// The chosen pages, each followed by a form feed, as the text of RT3.
-  void collectPages(std::int64_t first, std::int64_t last);
+  void styleExportCopy();
+  /// The pages that Op, Tst and Tend say, whether the report has them or not.
+  PageRange chosenPages() const;
+  /// The same for PrintExport, which tells a range in 16 bits: an AutomationError beyond them.
+  PageRange exportedPages() const;
+  /// These pages, each followed by a form feed, as the text of RT3.
+  void collectPages(const PageRange& pages);
+
+  /// The report on show, and how its pages look; what is edited in Rt1 is not in it.
+  ReportDocument document() const { return ReportDocument(PageText); }
+  PageLook pageLook() const;
 
   // Moves and search.
   void CmdFst_Click();

@@ -1,30 +1,37 @@
 #include "preview/page_styles.h"
 
 namespace paperway {
-namespace {
 
-constexpr double kSpeck = 1;  // points
+PageLook storedLook(const ReportViewSettings& settings) {
+  return {.wide = settings.color(ReportViewKey::BBold),
+          .bold = settings.color(ReportViewKey::Bold),
+          .condensed = settings.color(ReportViewKey::Cond)};
+}
 
-}  // namespace
+std::array<StylePass, 6> windowPasses(const DOSEFONTcHR& font) {
+  return {{{font.Con, font.Coff, "cond"},
+           {font.UnLOn, font.UnLoff, "uline"},
+           {font.Bon, font.Boff, "bold"},
+           {font.BBon, font.BBoff, "bbld"},
+           {font.C96, font.C80, "c96"},
+           {"\x1BG", "\x1BH", "HB"}}};
+}
 
-void stylePairs(RichTextBox& Richtex, std::string_view Search, std::string_view Search1,
-                const FormatChange& style) {
-  const TextBuffer& text = Richtex.buffer();
-  const FormatChange hide{.size = kSpeck, .color = kWhite};
-  for (std::size_t from = 0;;) {
-    const std::size_t start = text.find(Search, from);
-    if (start == std::string_view::npos) break;
-    const std::size_t styled = start + Search.size();
-    Richtex.format(start, styled, hide);
-    const std::size_t end = text.find(Search1, start);
-    if (end == std::string_view::npos) break;
-    Richtex.format(end, end + Search1.size(), hide);
-    if (end < styled) break;  // an end mark inside the start mark
-    Richtex.format(styled, end, style);
-    from = end;
+std::array<StylePass, 4> exportPasses(const DOSEFONTcHR& font) {
+  return {{{font.Con, font.Coff, "cond"},
+           {font.UnLOn, font.UnLoff, "uline"},
+           {font.BBon, font.BBoff, "bbold"},
+           {font.Bon, font.Boff, "bold"}}};
+}
+
+FormatChange styleOf(std::string_view setting, const PageLook& look) {
+  if (setting == "bold") return {.color = look.bold, .bold = true};
+  if (setting == "cond") return {.size = look.zoomed ? 9.25 : 7, .color = look.condensed};
+  if (setting == "uline") return {.underline = true};
+  if (setting == "bbld") {
+    return {.size = look.zoomed ? 29 : 20, .color = look.wide, .bold = true};
   }
-  Richtex.SelStart = 0;
-  Richtex.SelLength = 1;
+  return {};
 }
 
 }  // namespace paperway

@@ -9,7 +9,7 @@ namespace paperway {
 
 PageTable::PageTable(std::shared_ptr<const SharedText> report)
     : report_(std::move(report)),
-      count_(std::max<std::int64_t>(1, static_cast<std::int64_t>(report_->formFeeds().total()))) {}
+      count_(pageCount(static_cast<std::int64_t>(report_->formFeeds().total()))) {}
 
 /// Offset of the form feed that ends a page; the text's end when it has none.
 std::size_t PageTable::endOf(std::int64_t index) const {

@@ -8,6 +8,12 @@
 
 namespace paperway {
 
+/// Pages of a report with so many form feeds: each ends at its own, and a report without any is
+/// one.
+constexpr std::int64_t pageCount(std::int64_t formFeeds) {
+  return formFeeds > 0 ? formFeeds : 1;
+}
+
 /// A report file cut at its form feeds. Each page ends at its form feed; a file without any is one
 /// page; text behind the last form feed of a file that has some is no page. Pages count from 0. The
 /// table holds no text and takes no time to make, however many pages there are.

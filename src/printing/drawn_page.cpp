@@ -1,75 +1,62 @@
 #include "printing/drawn_page.h"
 
-#include <algorithm>
+#include <string>
 
+#include "printed/printed_reader.h"
 #include "util/code_page.h"
 
 namespace paperway {
 namespace {
 
-constexpr int kTab = 8;
-constexpr double kRounding = 1e-6;
-
-/// Lays the characters of one line out from left to right.
-class LineDrawing {
+/// Takes the page's text run by run, and makes a text to draw of what stands in one run at one
+/// pitch.
+class PageDrawing {
  public:
-  explicit LineDrawing(PrinterPitch& pitch) : pitch_(pitch) {}
+  explicit PageDrawing(PrinterPitch pitch) : reader_(*this, Pen(pitch, Pen::Widths::drawn)) {}
+  PageDrawing(const PageDrawing&) = delete;
+  PageDrawing& operator=(const PageDrawing&) = delete;
 
-  PrintedLine draw(const StyledLine& line) {
-    std::string bytes;
-    for (const StyledRun& run : line.runs) bytes += run.bytes;
-    std::size_t begin = 0;
-    std::size_t at = 0;
-    for (const StyledRun& run : line.runs) {
-      const std::size_t end = begin + run.bytes.size();
-      while (at < end) at += step(std::string_view(bytes).substr(at), run);
-      flush(run);
-      begin = end;
-    }
-    pitch_.command("\n");
-    return std::move(printed_);
+  void add(const StyledRun& run) {
+    run_ = &run;
+    reader_.block(run.bytes);
   }
+
+  PrintedPage end() {
+    reader_.end();
+    if (!line_.empty()) page_.push_back(std::move(line_));
+    return std::move(page_);
+  }
+
+  const PrinterPitch& pitch() const { return reader_.pen().pitch(); }
 
  private:
-  /// Takes one character, or one command, which may reach into the next run.
-  std::size_t step(std::string_view bytes, const StyledRun& run) {
-    const bool isControl = static_cast<unsigned char>(bytes[0]) < ' ';
-    if (isControl) flush(run);
-    if (bytes[0] == '\t') tab();
-    if (bytes[0] == '\r') left_ = 0;
-    if (bytes[0] == '\b') left_ = std::max(0.0, left_ - 1 / pitch_.singleCpi());
-    const std::size_t length = pitch_.command(bytes);
-    if (length > 0) return length;
-    if (!run.hidden) text_ += bytes[0];
-    return 1;
+  friend class PrintedReader<PageDrawing>;
+  void text(std::string_view bytes, const Pen& pen) {
+    if (run_->hidden) return;
+    const Color ink = isSystemColor(run_->color) ? 0 : run_->color;
+    line_.push_back({CodePage::windows1252().decode(bytes), pen.left(), pen.cpi(), ink, run_->bold,
+                     run_->underline});
   }
-
-  void flush(const StyledRun& run) {
-    if (text_.empty()) return;
-    const double cpi = pitch_.singleCpi();
-    const Color ink = isSystemColor(run.color) ? 0 : run.color;
-    printed_.push_back(
-        {CodePage::windows1252().decode(text_), left_, cpi, ink, run.bold, run.underline});
-    left_ += static_cast<double>(text_.size()) / cpi;
-    text_.clear();
+  void code(std::string_view, const Pen&) {}
+  bool lineEnd(const Pen&) {
+    page_.push_back(std::exchange(line_, {}));
+    return true;
   }
+  void pageEnd(const Pen&) {}
 
-  void tab() {
-    const double width = kTab / pitch_.singleCpi();
-    left_ = (static_cast<double>(static_cast<int>(left_ / width + kRounding)) + 1) * width;
-  }
-
-  PrinterPitch& pitch_;
-  PrintedLine printed_;
-  std::string text_;  // of one run, at one pitch
-  double left_ = 0;
+  const StyledRun* run_ = nullptr;
+  PrintedLine line_;
+  PrintedPage page_;
+  PrintedReader<PageDrawing> reader_;
 };
 
 }  // namespace
 
-PrintedPage drawnPage(const std::vector<StyledLine>& lines, PrinterPitch& pitch) {
-  PrintedPage page;
-  for (const StyledLine& line : lines) page.push_back(LineDrawing(pitch).draw(line));
+PrintedPage drawnPage(const std::vector<StyledRun>& runs, PrinterPitch& pitch) {
+  PageDrawing drawing(pitch);
+  for (const StyledRun& run : runs) drawing.add(run);
+  PrintedPage page = drawing.end();
+  pitch = drawing.pitch();
   return page;
 }
 

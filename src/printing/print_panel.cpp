@@ -44,6 +44,7 @@ void PrintPanel::bind(FrmReport& form, const Platform& platform) {
 void PrintPanel::bindLook() {
   form_.printSteps.FillPrinterList = [this] { FillPrinterList(); };
   form_.CmdPrint.onClick = [this] { CmdPrint_Click(); };
+  form_.printSteps.drawPages = [this] { job_.draw(); };
   form_.CmdOk.onClick = [this] { CmdOk_Click(); };
   form_.CmdCancel.onClick = [this] { CmdCancel_Click(); };
   for (OptionButton& option : form_.Op) option.onClick = [this] { Op_Click(); };
@@ -201,9 +202,12 @@ void PrintPanel::VScroll1_Change() {
 
 /// The job knows no greater number.
 void PrintPanel::Text3_Change() {
-  if (leadingNumber(form_.Text3.Text.get()) > kMostCopies) {
-    form_.Text3.Text = std::to_string(kMostCopies);
+  copiesCut_ = leadingNumber(form_.Text3.Text.get()) > kMostCopies;
+  if (copiesCut_) {
+    form_.Text3.Text = std::to_string(kMostCopies);  // which is a change too
+    copiesCut_ = true;
   }
+  showFit();
 }
 
 void PrintPanel::Tst_KeyPress(int& key) const {
@@ -227,6 +231,16 @@ void PrintPanel::Tend_Validate() {
   showFit();
 }
 
+void PrintPanel::CmdOk_Click() {
+  if (form_.OptWinMode.Value) return job_.printDrawn();
+  form_.PrintPartFile.clear();
+  if (form_.Op[2].Value) {
+    Tend_Validate();
+    if (form_.Tend.Tag == "0") return;
+  }
+  job_.printRaw();
+}
+
 void PrintPanel::Comtear_Change() {
   if (form_.Comtear.Tag != ".") return;
   keep(ReportViewKey::Ttt,
@@ -241,6 +255,52 @@ void PrintPanel::Check5_Click() {
 
 void PrintPanel::ChL_Click() {
   keep(ReportViewKey::chl, std::to_string(form_.ChL.Value));
+}
+
+/// Asked of the print service once for each printer that is chosen: it may be slow.
+const std::optional<PageSettings>& PrintPanel::settings() {
+  const std::string printer = form_.CboPrinters.Text;
+  if (settingsOf_ == printer) return settings_;
+  settingsOf_ = printer;
+  const std::vector<std::string>& known = form_.CboPrinters.List();
+  const bool isKnown = std::find(known.begin(), known.end(), printer) != known.end();
+  settings_ = isKnown ? platform_.printers.settings(printer) : std::nullopt;
+  return settings_;
+}
+
+void PrintPanel::showFit() {
+  if (!form_.Frame1.Visible) return;
+  form_.LbFit.Caption = fitText();
+  form_.LbFit.ToolTipText = form_.LbFit.Caption;
+}
+
+std::string PrintPanel::fitText() {
+  if (copiesCut_) return "A job takes " + std::to_string(kMostCopies) + " copies at most.";
+  const PageRange pages = form_.chosenPages();
+  if (pages.empty()) return "No page of the report is chosen.";
+  const ReportExtent extent =
+      form_.OptWinMode.Value ? drawnByPanel(form_, pages).extent() : rawExtent(pages);
+  return fitLine(fitWarnings(extent, room()));
+}
+
+/// The current page is printed as it is on show, with edits.
+ReportExtent PrintPanel::rawExtent(const PageRange& pages) const {
+  const PrinterPitch pitch(form_.Ch12.Value == 1, form_.Ch17.Value == 1);
+  constexpr auto kPrinted = Pen::Widths::printed;
+  if (!form_.Op[1].Value) return form_.document().extent(pages, pitch, kPrinted);
+  ExtentScan scan(pitch, kPrinted, pages);
+  const TextBuffer& shown = form_.Rt1.buffer();
+  for (std::size_t at = 0; at < std::min(shown.size(), kMeasuredBytes);) {
+    const std::string_view piece = shown.pieceAt(at).substr(0, kMeasuredBytes);
+    scan.block(piece);
+    at += piece.size();
+  }
+  return scan.end();
+}
+
+PaperRoom PrintPanel::room() {
+  if (form_.OptWinMode.Value) return sheetRoom(settings().value_or(PageSettings{}));
+  return rawRoom(settings(), paperHeightOf(form_));
 }
 
 }  // namespace paperway

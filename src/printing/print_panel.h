@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,6 +7,8 @@
 #include "paperway/platform.h"
 #include "paperway/platform/printers.h"
 #include "preview/frm_report.h"
+#include "printing/page_fit.h"
+#include "printing/panel_job.h"
 
 namespace paperway {
 
@@ -45,9 +46,7 @@ class PrintPanel {
   void Check5_Click();
   void ChL_Click();
 
-  // The job.
   void CmdOk_Click();
-  void PrintReport();
 
  private:
   void bindLook();
@@ -58,22 +57,19 @@ class PrintPanel {
   void showDefaultPrinter();
   void addNewPrinters();
 
-  bool isConfirmed();
-  void withPanelAway(const std::function<void()>& job);
-  void printRaw();
-  void printStyled();
-  void saveChosenPages();
-  std::string keepPart(const char* name, const RichTextBox& box);
-
   /// Says in the panel what will not fit on the paper.
   void showFit();
   std::string fitText();
+  ReportExtent rawExtent(const PageRange& pages) const;
+  PaperRoom room();
   const std::optional<PageSettings>& settings();
 
   FrmReport& form_;
   Platform platform_;
+  PanelJob job_{form_, platform_};
   std::optional<std::string> settingsOf_;  // the printer whose settings are known
   std::optional<PageSettings> settings_;
+  bool copiesCut_ = false;  // Text3 asked for more than a job takes
 };
 
 }  // namespace paperway

@@ -23,8 +23,10 @@ expect 0 '' $print
 expect 0 '' $print --pages 2- --copies 2 --paper 12 --tear 1,1
 { setup12 '\033jH' && printf '\r\ntwo\r\n\fcaf\351\r\n\f\r\ntwo\r\n\fcaf\351\r\n\f%40s\r\n' ''; } |
   cmp -s - program || fail "a range, twice, with tear lines"
-expect 1 'report.txt has 3 pages.' $print --pages 4
-expect 2 'takes a page or a range' $print --pages 3-2
+expect 0 '' $print --pages 3,1
+{ setup12 && printf 'one\r\n\fcaf\351\r\n\f'; } | cmp -s - program || fail "pages of a list"
+expect 1 'report.txt has 3 pages, and no page 4.' $print --pages 1,4
+expect 2 'takes pages and ranges' $print --pages 3-2
 expect 2 'excludes' $print --styled --pitch 12
 expect 1 'File none.txt does not exists' "$paperway" print none.txt
 expect 1 'Elsewhere' $print --printer Elsewhere
@@ -39,6 +41,8 @@ if $print --pdf all.pdf 2>said; then
   [ "$(pdftotext -layout all.pdf - | tr -d '\n')" = $'one\ftwo\fcafé\f' ] || fail "the text of the PDF"
   expect 0 '' $print --pages 3 --copies 2 --pdf two.pdf
   [ "$(pdftotext two.pdf - | tr -d '\n')" = $'café\fcafé\f' ] || fail "two copies of page 3"
+  expect 0 '' $print --pages 1,3 --pdf two.pdf
+  [ "$(pdftotext two.pdf - | tr -d '\n')" = $'one\fcafé\f' ] || fail "a PDF of pages 1 and 3"
   expect 1 'It is written to directly and takes raw text alone' $print --styled
   expect 1 'none/all.pdf' $print --pdf none/all.pdf
 else

@@ -1,5 +1,5 @@
 #include "fuzz/fuzz.h"
-#include "printing/page_fit.h"
+#include "printed/report_extent.h"
 #include "printing/print_stream.h"
 
 using namespace paperway;

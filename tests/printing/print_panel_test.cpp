@@ -222,8 +222,10 @@ TEST_F(Panel, JobHasTheSettingsOfThePanel) {
   const std::string tail = std::string(40, ' ') + "\r\n";
   EXPECT_EQ(print(), printerSetup(expected) + "page\fpage\f" + tail);
   EXPECT_EQ(machine_.spooler.jobs.back()->printer, "Laser");
+  form.Frame1.Visible = true;
   form.Text3.Text = "256";
-  EXPECT_EQ(form.Text3.Text, "255");
+  EXPECT_EQ(form.Text3.Text.get() + ": " + form.LbFit.Caption,
+            "255: A job takes 255 copies at most.");
   form.Text3.Text = "0";
   EXPECT_EQ(print(), printerSetup(expected) + tail);
   form.Chtear.Value = 0;
@@ -262,6 +264,21 @@ TEST_F(Panel, WindowsModeDrawsStyledPages) {
   range("3", "3");
   print();
   EXPECT_EQ(machine_.printDevice.documents.at(1)->pages.at(0), page2) << "at the report's pitch";
+
+  const auto refusal = [&](const char* first, const char* last, const char* copies) {
+    range(first, last);
+    form.Text3.Text = copies;
+    print();
+    EXPECT_TRUE(form.Frame1.Visible && form.CmdOk.Tag == "0");
+    return lastMessage();
+  };
+  expectEach(refusal,
+             Row{"3", "4", "1",
+                 "The pages \"3\" to \"4\" cannot be drawn: the report has the pages 1 to 3."},
+             Row{"1", "32769", "1", "A range can reach to page 32768, not to \"32769\"."},
+             Row{"2", "2", "1", "There is nothing to print: the pages are empty."},
+             Row{"1", "1", "0", "There is nothing to print: no page, or no copy."});
+  EXPECT_EQ(machine_.printDevice.documents.size(), 3U) << "one was begun";
 }
 
 TEST_F(Panel, SaysQuietlyWhatWillNotFit) {

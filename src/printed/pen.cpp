@@ -1,0 +1,156 @@
+#include "printed/pen.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace paperway {
+namespace {
+
+constexpr char kEscape = '\x1B';
+constexpr double kTabColumns = 8;
+constexpr double kRounding = 1e-6;  // columns
+
+constexpr bool isOn(char parameter) {
+  return parameter == 1 || parameter == '1';
+}
+
+char byteAt(std::string_view code, std::size_t offset) {
+  return offset < code.size() ? code[offset] : '\0';
+}
+
+}  // namespace
+
+void PrinterPitch::obey(std::string_view code) {
+  switch (byteAt(code, 0)) {
+    case kEscape:
+      return obeyEscape(byteAt(code, 1), byteAt(code, 2));
+    case '\x0E':
+      wideLine_ = true;
+      break;
+    case '\x0F':
+      condensed_ = true;
+      break;
+    case '\x12':
+      condensed_ = false;
+      break;
+    case '\x14':
+    case '\r':
+    case '\v':
+      wideLine_ = false;
+      break;
+    default:
+      break;
+  }
+}
+
+void PrinterPitch::obeyEscape(char letter, char parameter) {
+  switch (letter) {
+    case 'P':
+      base_ = 10;
+      break;
+    case 'M':
+      base_ = 12;
+      break;
+    case 'g':
+      base_ = 15;
+      break;
+    case 'W':
+      wide_ = isOn(parameter);
+      break;
+    case '\x0E':
+      wideLine_ = true;
+      break;
+    case '\x0F':
+      condensed_ = true;
+      break;
+    case '!':
+      selectAll(static_cast<unsigned char>(parameter));
+      break;
+    case '@':
+      *this = PrinterPitch();
+      break;
+    default:
+      break;
+  }
+}
+
+void PrinterPitch::selectAll(unsigned mask) {
+  base_ = (mask & 1) != 0 ? 12 : 10;
+  condensed_ = (mask & 4) != 0;
+  wide_ = (mask & 32) != 0;
+}
+
+double PrinterPitch::singleCpi() const {
+  if (!condensed_ || base_ == 15) return base_;
+  return base_ == 12 ? 20 : 120.0 / 7;
+}
+
+void PrintedStyle::obey(std::string_view code) {
+  if (byteAt(code, 0) != kEscape) return;
+  const char parameter = byteAt(code, 2);
+  switch (byteAt(code, 1)) {
+    case 'E':
+    case 'F':
+      bold = code[1] == 'E';
+      break;
+    case 'G':
+    case 'H':
+      doubleStrike = code[1] == 'G';
+      break;
+    case '4':
+    case '5':
+      italic = code[1] == '4';
+      break;
+    case '-':
+      underline = isOn(parameter);
+      break;
+    case '!':
+      bold = (parameter & 8) != 0;
+      doubleStrike = (parameter & 16) != 0;
+      italic = (parameter & 64) != 0;
+      underline = (parameter & 128) != 0;
+      break;
+    case '@':
+      *this = {};
+      break;
+    default:
+      break;
+  }
+}
+
+void Pen::obey(std::string_view code) {
+  switch (byteAt(code, 0)) {
+    case '\t':
+      return tab();
+    case '\b':
+      return moveTo(std::max(0.0, left() - 1 / cpi_));
+    case '\r':
+      moveTo(0);
+      break;
+    default:
+      style_.obey(code);
+      break;
+  }
+  pitch_.obey(code);
+  if (cpiInForce() == cpi_) return;
+  moveTo(left());
+  cpi_ = cpiInForce();
+}
+
+void Pen::endLine() {
+  pitch_.endLine();
+  cpi_ = cpiInForce();
+  moveTo(0);
+}
+
+void Pen::moveTo(double left) {
+  from_ = left;
+  count_ = 0;
+}
+
+void Pen::tab() {
+  const double columns = left() * cpi_;
+  moveTo((std::floor(columns / kTabColumns + kRounding) + 1) * kTabColumns / cpi_);
+}
+
+}  // namespace paperway
