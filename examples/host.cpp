@@ -20,6 +20,7 @@ int main(int argc, char** argv) try {
   paperway::headless::Headless machine("host-files");  // a machine without a screen
   paperway::Class1 report(machine.platform());
   report.Set_Repot_Format(columns);
+  if (!report.formatIsWhole()) throw *report.lastFailure();  // an earlier report stays
   report.Text_Rpt({.Rs = rows,
                    .TextFileName = argv[2],
                    .Tital1 = "Sales ledger",
@@ -27,8 +28,8 @@ int main(int argc, char** argv) try {
                    .MPLine = 60,
                    .Srno = 1,
                    .C_80_96_136 = 136});
-  for (const auto& message : machine.messageBox.shown) std::cerr << message.text << "\n";
-  return machine.messageBox.shown.empty() ? 0 : 1;
+  if (report.lastFailure() != nullptr) throw *report.lastFailure();
+  return 0;
 } catch (const std::exception& error) {
   std::cerr << "host: " << error.what() << "\n";
   return 1;

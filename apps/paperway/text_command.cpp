@@ -48,10 +48,10 @@ void writeText(const TextOptions& options) {
   Class1 report(machine.platform());
   Progress progress;
   report.Set_Repot_Format(*options.source.columns(options.columns));
-  machine.throwIfTold();
+  if (!report.formatIsWhole()) throw Told();
   const auto rows = options.source.rows(options.data);
   report.Text_Rpt(arguments(options, *rows, progress));
-  machine.throwIfTold();
+  if (report.lastFailure() != nullptr) throw Told();
   progress.finish(options.out);
 }
 

@@ -5,6 +5,7 @@
 
 #include "apps/paperway/commands.h"
 #include "paperway/value.h"
+#include "util/numbers.h"
 #include "util/words.h"
 
 namespace paperway::command {

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "paperway/arguments.h"
+#include "paperway/automation_error.h"
 #include "paperway/platform.h"
 #include "paperway/recordset.h"
 #include "paperway/run_context.h"
@@ -45,8 +46,16 @@ class Class1 {
   // Text report
 
   /// Reads the columns of a report. A failure is shown as a message; the call then returns with the
-  /// table as far as it was filled.
+  /// table as far as it was filled. A host that does not want a report of half its columns asks
+  /// formatIsWhole().
   void Set_Repot_Format(Recordset& Rst);
+
+  /// Whether the last Set_Repot_Format read the whole table; false before the first.
+  bool formatIsWhole() const;
+
+  /// What the last Set_Repot_Format or Text_Rpt showed in a message instead of raising it; null
+  /// when it showed none.
+  const AutomationError* lastFailure() const;
 
   /// Writes a paged report file of the rows, under the table that Set_Repot_Format read. Call that
   /// before every report: running totals stay in the table. A group field that the rows lack is

@@ -32,10 +32,6 @@ std::optional<Date> serialToDate(double serial);
 /// any other text, or for a day that does not exist.
 std::optional<Date> parseIsoDate(std::string_view text);
 
-/// 0 Sunday to 6 Saturday; 1 to 366.
-int dayOfWeek(const Date& date);
-int dayOfYear(const Date& date);
-
 /// A typed value of a row: null, text (UTF-8), number or date.
 using Value = std::variant<std::monostate, std::string, double, std::int64_t, Date>;
 
@@ -75,57 +71,5 @@ class ValueView {
     Date date_;
   };
 };
-
-/// The decimal digits of a number: 0.d1d2d3… × 10^exponent, d1 not 0; zero has no digits.
-struct Decimal {
-  static constexpr int kMaxDigits = 20;
-
-  bool negative = false;
-  int count = 0;            // digits in use, no trailing zeros
-  int exponent = 0;         // place of the point, counted from the first digit
-  char digits[kMaxDigits];  // '0' to '9', `count` of them
-
-  /// At most 15 significant digits, rounded half away from zero on the shortest decimal form.
-  /// A value that is not finite gives zero digits; ask std::isfinite first where it matters.
-  static Decimal fromDouble(double number);
-  static Decimal fromInteger(std::int64_t number);
-
-  bool isZero() const { return count == 0; }
-
-  /// Rounds to the first `kept` digits, half away from zero. With `kept` 0 the place before the
-  /// first digit is what is kept, and below 0 nothing is.
-  void keepDigits(int kept);
-
-  /// The nearest double.
-  double toDouble() const;
-};
-
-/// The default text form (UTF-8). Null is empty. A real has at most 15 significant digits and no
-/// trailing zeros, with an exponent ("1E+15", "1E-05") from 1E15 up and below 0.0001; an integer
-/// has all its digits. A date is "m/d/yyyy", with " h:mm:ss AM/PM" behind it when it has a time.
-void appendDefaultText(std::string& out, const ValueView& value);
-std::string defaultText(ValueView value);
-
-/// The text of a number as a decimal: at most 15 significant digits and 28 places, no exponent.
-void appendDecimalText(std::string& out, double number);
-
-/// The number text: the default text with one leading blank in place of a plus sign and no zero
-/// before the point (" .5", "-.5", " 12").
-std::string numberText(double number);
-
-/// The leading-number rule (Val): leading blanks are skipped, then a sign, digits and one "." are
-/// read as far as they go; no number gives 0.
-double leadingNumber(std::string_view text);
-
-/// The nearest whole number, the even one of two that are as near; none is beyond 1E15.
-std::int64_t wholeNumber(double number);
-
-/// The number that a value stands for in a number column: null is 0, a number is itself at 15
-/// significant digits, any other value is its default text read by leadingNumber.
-double columnNumber(const ValueView& value);
-
-/// The number that the whole of a text says ("12", " -1.5 ", "1E3"), blanks around it allowed;
-/// nothing when it says anything else.
-std::optional<double> parseNumber(std::string_view text);
 
 }  // namespace paperway

@@ -4,6 +4,8 @@
 
 #include "controls/form.h"
 #include "paperway/value.h"
+#include "util/numbers.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

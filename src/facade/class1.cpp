@@ -1,6 +1,7 @@
 #include "paperway/class1.h"
 
 #include <exception>
+#include <optional>
 
 #include "controls/form.h"
 #include "paperway/automation_error.h"
@@ -23,19 +24,22 @@
 #include "util/extremes.h"
 #include "util/revision.h"
 #include "util/text_tools.h"
+#include "util/value_text.h"
 #include "util/words.h"
 
 namespace paperway {
 namespace {
 
-void showFailure(MessageBox& messageBox, long number, const char* description) {
-  messageBox.show(numberText(static_cast<double>(number)) + "\r\n" + description);
+std::string numberAndReason(const AutomationError& error) {
+  return numberText(static_cast<double>(error.number())) + "\r\n" + error.description();
 }
 
 }  // namespace
 
 struct Class1::State {
   std::shared_ptr<ReportFormatTable> ReportFormat;  // none before Set_Repot_Format
+  bool formatIsWhole = false;
+  std::optional<AutomationError> lastFailure;
   DOSEFONTcHR font;
 };
 
@@ -50,13 +54,28 @@ Class1::Class1(const Platform& platform, RunContext context)
 Class1::~Class1() = default;
 
 void Class1::Set_Repot_Format(Recordset& Rst) {
+  state_->lastFailure.reset();
+  state_->formatIsWhole = false;
+  const auto tell = [this](const AutomationError& error) {
+    state_->lastFailure = error;
+    platform_.messageBox.show(numberAndReason(error));
+  };
   try {
     readReportFormat(Rst, state_->ReportFormat);
+    state_->formatIsWhole = true;
   } catch (const AutomationError& error) {
-    showFailure(platform_.messageBox, error.number(), error.description());
+    tell(error);
   } catch (const std::exception& error) {
-    showFailure(platform_.messageBox, AutomationError::kApplicationDefined, error.what());
+    tell({AutomationError::kApplicationDefined, "Set_Repot_Format", error.what()});
   }
+}
+
+bool Class1::formatIsWhole() const {
+  return state_->formatIsWhole;
+}
+
+const AutomationError* Class1::lastFailure() const {
+  return state_->lastFailure ? &*state_->lastFailure : nullptr;
 }
 
 PreviewReportArguments PreviewReportArguments::withEverything(std::string path) {
@@ -71,9 +90,11 @@ PreviewReportArguments PreviewReportArguments::withEverything(std::string path) 
 }
 
 void Class1::Text_Rpt(TextRptArguments& arguments) {
+  state_->lastFailure.reset();
   try {
     writeTextReport(arguments, state_->ReportFormat, state_->font);
   } catch (const MissingGroupField& missing) {
+    state_->lastFailure = missing;
     platform_.messageBox.show(" Please Check for RecordSet \r\n" + missing.field() +
                               "\r\n Not found ");
     return;

@@ -7,6 +7,7 @@
 #include "paperway/platform/system_names.h"
 #include "util/code_page.h"
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

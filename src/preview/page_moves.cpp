@@ -8,6 +8,7 @@
 #include "paperway/value.h"
 #include "preview/frm_report.h"
 #include "util/code_page.h"
+#include "util/numbers.h"
 #include "util/text_tools.h"
 
 namespace paperway {

@@ -7,6 +7,7 @@
 #include "paperway/value.h"
 #include "preview/frm_report.h"
 #include "preview/page_styles.h"
+#include "util/numbers.h"
 
 namespace paperway {
 

@@ -9,9 +9,9 @@
 #include "paperway/platform/folders.h"
 #include "paperway/platform/message_box.h"
 #include "paperway/platform/windows.h"
-#include "paperway/value.h"
 #include "printing/local_dos.h"
 #include "printing/print_file.h"
+#include "util/numbers.h"
 
 namespace paperway {
 namespace {

@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "paperway/platform/message_box.h"
-#include "paperway/value.h"
 #include "session/run_state.h"
+#include "util/numbers.h"
 #include "util/text_tools.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

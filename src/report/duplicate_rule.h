@@ -3,6 +3,7 @@
 #include <string>
 
 #include "report/report_plan.h"
+#include "util/value_text.h"
 
 namespace paperway {
 

@@ -1,6 +1,7 @@
 #include "report/group_tracker.h"
 
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

@@ -4,7 +4,9 @@
 #include <limits>
 
 #include "paperway/automation_error.h"
+#include "util/numbers.h"
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

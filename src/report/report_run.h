@@ -8,6 +8,7 @@
 #include "report/duplicate_rule.h"
 #include "report/group_tracker.h"
 #include "report/page_budget.h"
+#include "util/numbers.h"
 
 namespace paperway {
 

@@ -10,6 +10,7 @@
 #include "util/code_page.h"
 #include "util/ini_text.h"
 #include "util/input_file.h"
+#include "util/numbers.h"
 #include "util/output_file.h"
 #include "util/text.h"
 

@@ -8,6 +8,7 @@
 #include "util/code_page.h"
 #include "util/output_file.h"
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

@@ -1,8 +1,8 @@
+#include "util/date.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
-
-#include "paperway/value.h"
 
 namespace paperway {
 

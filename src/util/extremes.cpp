@@ -5,6 +5,8 @@
 #include <string>
 
 #include "paperway/automation_error.h"
+#include "util/numbers.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

@@ -4,7 +4,10 @@
 #include <cstring>
 #include <string_view>
 
+#include "util/date.h"
 #include "util/date_text.h"
+#include "util/numbers.h"
+#include "util/value_text.h"
 
 namespace paperway {
 

@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include "util/numbers.h"
+#include "util/value_text.h"
+
 namespace paperway {
 
 NumberFormat::NumberFormat(Symbols pattern) {

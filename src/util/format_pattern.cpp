@@ -1,6 +1,7 @@
 #include "util/format_pattern.h"
 
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "util/decimal.h"
 #include "util/digits.h"
+#include "util/value_text.h"
 
 namespace paperway {
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "paperway/value.h"
+#include "util/decimal.h"
 #include "util/format_symbols.h"
 
 namespace paperway {

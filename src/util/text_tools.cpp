@@ -3,6 +3,7 @@
 #include "paperway/automation_error.h"
 #include "util/code_page.h"
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

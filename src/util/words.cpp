@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "paperway/automation_error.h"
+#include "util/numbers.h"
 
 namespace paperway {
 namespace {

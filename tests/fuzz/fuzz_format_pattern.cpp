@@ -2,8 +2,11 @@
 #include <cstring>
 
 #include "fuzz/fuzz.h"
+#include "util/decimal.h"
 #include "util/format_pattern.h"
+#include "util/numbers.h"
 #include "util/text.h"
+#include "util/value_text.h"
 
 using namespace paperway;
 

@@ -1,6 +1,7 @@
 #include "fuzz/fuzz.h"
 #include "paperway/value.h"
 #include "util/code_page.h"
+#include "util/numbers.h"
 #include "util/text.h"
 
 using namespace paperway;

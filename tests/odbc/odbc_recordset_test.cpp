@@ -2,6 +2,7 @@
 #include <string>
 
 #include "odbc_fixture.h"
+#include "util/numbers.h"
 
 namespace paperway {
 namespace {

@@ -75,12 +75,16 @@ TEST_F(ReportFormatMessage, TellsNumberFieldRowAndReason) {
     EXPECT_TRUE(box.text.starts_with(number)) << box.text;
     EXPECT_NE(box.text.find(reason), std::string::npos) << box.text;
     EXPECT_EQ(box.title, "");
+    EXPECT_FALSE(class1_.formatIsWhole());
+    EXPECT_NE(box.text.find(class1_.lastFailure()->description()), std::string::npos);
   }
   EXPECT_EQ(machine_.messageBox.shown.size(), std::size(cases));
 }
 
 TEST_F(ReportFormatMessage, AFailureBeforeTheFirstRowLeavesTheTableThatStoodThere) {
   setColumns({{"item", "Item", "4", "T", "L", "1", "N"}});
+  EXPECT_TRUE(class1_.formatIsWhole());
+  EXPECT_EQ(class1_.lastFailure(), nullptr);
   setColumns({});
   ASSERT_EQ(machine_.messageBox.shown.size(), 1u);
   EXPECT_EQ(machine_.messageBox.shown[0].text, " 3021\r\nThe column table has no rows.");

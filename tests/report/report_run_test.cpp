@@ -4,6 +4,7 @@
 
 #include "support/expect_each.h"
 #include "support/report_fixture.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "paperway/value.h"
+#include "util/value_text.h"
 
 namespace paperway {
 

@@ -235,6 +235,7 @@ TEST_F(TextReport, AGroupFieldThatTheDataLacksIsToldBeforeAnythingIsTouched) {
   EXPECT_EQ(nextSerial_, 7);
   EXPECT_EQ(machine_.messageBox.shown.at(0).text,
             " Please Check for RecordSet \r\nregion\r\n Not found ");
+  EXPECT_EQ(class1_.lastFailure()->number(), AutomationError::kItemNotFound);
 }
 
 TEST_F(TextReport, FailuresNameTheThingAndLeaveTheEarlierReport) {

@@ -4,6 +4,8 @@
 #include <limits>
 
 #include "support/expect_each.h"
+#include "util/numbers.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "paperway/automation_error.h"
+#include "util/numbers.h"
 #include "util/text.h"
 
 namespace paperway {
