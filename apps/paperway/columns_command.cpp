@@ -6,6 +6,8 @@
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/source.h"
+#include "apps/paperway/starter_table.h"
+#include "apps/paperway/stop_signals.h"
 #include "apps/paperway/visible.h"
 #include "report/layout.h"
 #include "report/report_format.h"
@@ -27,6 +29,7 @@ struct ColumnsOptions {
   Source source;
   std::string columns;
   std::string data;
+  std::string from;
   double paper = 8;
 };
 
@@ -176,6 +179,11 @@ void printReport(const ColumnsOptions& options) {
   if (!options.data.empty()) checkFields(*table, *options.source.rows(options.data));
 }
 
+void writeStarter(const ColumnsOptions& options) {
+  const StopSignals stopSignals;
+  std::cout << starterTable(*options.source.rows(options.from));
+}
+
 }  // namespace
 
 void addColumns(CLI::App& app) {
@@ -183,21 +191,34 @@ void addColumns(CLI::App& app) {
       app.add_subcommand("columns", "Check a column table and show what each column will be");
   const auto options = std::make_shared<ColumnsOptions>();
   options->source.addOptions(*columns);
-  columns
-      ->add_option("table", options->columns,
-                   "Column table: a file of comma-separated values, or a query")
-      ->type_name("FILE.csv|SELECT")
-      ->required();
-  columns->add_option("--data", options->data, "Query whose fields the table is checked against")
-      ->type_name("SELECT");
+  CLI::Option* table =
+      columns
+          ->add_option("table", options->columns,
+                       "Column table: a file of comma-separated values, or a query")
+          ->type_name("FILE.csv|SELECT");
+  CLI::Option* data =
+      columns
+          ->add_option("--data", options->data, "Query whose fields the table is checked against")
+          ->type_name("SELECT");
   columns->add_option("--paper", options->paper, "Width of the paper that is printed on, in inches")
       ->type_name("INCHES")
       ->check(CLI::PositiveNumber)
       ->capture_default_str();
+  columns
+      ->add_option("--from", options->from,
+                   "Instead of checking one, write a column table to begin with for this query: "
+                   "names, headings, types and widths as its rows have them")
+      ->type_name("SELECT")
+      ->excludes(table, data);
   columns->footer(
-      "Example:\n"
+      "Examples:\n"
+      "  paperway columns --from \"SELECT * FROM sales\" --db ledger.db >columns.csv\n"
       "  paperway columns columns.csv --db ledger.db --data \"SELECT * FROM sales\"");
-  columns->callback([options] { printReport(*options); });
+  columns->callback([options] {
+    if (!options->from.empty()) return writeStarter(*options);
+    if (options->columns.empty()) throw CLI::RequiredError("table or --from");
+    printReport(*options);
+  });
 }
 
 }  // namespace paperway::command

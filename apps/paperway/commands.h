@@ -27,4 +27,8 @@ void addPrint(CLI::App& app);
 void addPrinters(CLI::App& app);
 void addPreview(CLI::App& app);
 
+/// Behind the commands: what is said of all of them, and the hidden options that write the manual
+/// page (--manual) and the completions for a shell (--completion) from what --help says.
+void addDocumentation(CLI::App& app);
+
 }  // namespace paperway::command

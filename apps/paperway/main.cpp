@@ -5,6 +5,7 @@
 #include <optional>
 #include <unistd.h>
 
+#include "apps/paperway/command_help.h"
 #include "apps/paperway/commands.h"
 #include "apps/paperway/stop_signals.h"
 #include "apps/paperway/usage.h"
@@ -44,7 +45,7 @@ int main(int argc, char** argv) {
   app.set_version_flag("--version", std::string("paperway ") + PAPERWAY_VERSION);
   app.require_subcommand(1);
   app.failure_message(paperway::command::usageMessage);
-  app.get_formatter()->column_width(34);
+  app.formatter(std::make_shared<paperway::command::HelpFormatter>());
   paperway::command::addText(app);
   paperway::command::addColumns(app);
   paperway::command::addWords(app);
@@ -52,5 +53,6 @@ int main(int argc, char** argv) {
   paperway::command::addPrint(app);
   paperway::command::addPrinters(app);
   paperway::command::addPreview(app);
+  paperway::command::addDocumentation(app);
   return run(app, argc, argv);
 }

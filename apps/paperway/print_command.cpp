@@ -194,7 +194,7 @@ void addPrint(CLI::App& app) {
   const auto options = std::make_shared<PrintOptions>();
   print->add_option("FILE", options->file, "Report file, or any text file")->required();
   print->add_option("--printer", options->printer, "A printer of \"paperway printers\"")
-      ->type_name("NAME")
+      ->type_name("PRINTER")
       ->default_str("the default printer");
   print->add_option("--pages", options->pages, "These pages alone")->type_name("1,3,7-9,12-");
   print->add_option("--copies", options->copies, "How often")

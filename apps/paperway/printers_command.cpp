@@ -33,6 +33,11 @@ void list() {
   if (printers.empty()) std::cerr << "There is no printer.\n";
 }
 
+void listNames() {
+  UserPrinters user;
+  for (const PrinterInfo& printer : user.printers.list()) std::cout << printer.DeviceName << "\n";
+}
+
 void remove(const std::string& name) {
   if (DirectPrinterFile::ofUser().remove(name)) return;
   throw std::runtime_error("There is no direct printer \"" + name + "\".");
@@ -78,8 +83,11 @@ void addPrinters(CLI::App& app) {
       "  paperway printers add Matrix file:///dev/usb/lp0 --timeout 120\n"
       "  paperway printers add Archive \"|gzip > ~/last-job.gz\"\n"
       "  paperway printers test Counter");
-  printers->add_subcommand("list", "List the printers; * is the default one");
-  printers->callback([printers] {
+  const auto namesAlone = std::make_shared<bool>(false);
+  printers->add_subcommand("list", "List the printers; * is the default one")
+      ->add_flag("--names", *namesAlone, "Their names alone, one to a line");
+  printers->callback([printers, namesAlone] {
+    if (*namesAlone) return listNames();
     if (printers->get_subcommands().empty() || printers->got_subcommand("list")) list();
   });
 
@@ -99,11 +107,13 @@ void addPrinters(CLI::App& app) {
   });
 
   CLI::App* take = printers->add_subcommand("remove", "Remove a direct printer");
-  take->add_option("NAME", printer->name, "What it is called")->required();
+  take->add_option("NAME", printer->name, "What it is called")->type_name("PRINTER")->required();
   take->callback([printer] { remove(printer->name); });
 
   CLI::App* tryOut = printers->add_subcommand("test", "Print a test page, raw");
-  tryOut->add_option("NAME", printer->name, "Any printer of the list")->required();
+  tryOut->add_option("NAME", printer->name, "Any printer of the list")
+      ->type_name("PRINTER")
+      ->required();
   tryOut->callback([printer] { test(printer->name); });
 }
 

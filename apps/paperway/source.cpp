@@ -1,11 +1,13 @@
 #include "apps/paperway/source.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "apps/paperway/stop_signals.h"
 #include "paperway/memory.h"
 #include "paperway/odbc.h"
 #include "paperway/sqlite.h"
+#include "report/report_format.h"
 #include "util/text.h"
 
 namespace paperway::command {
@@ -29,6 +31,22 @@ bool isStatement(std::string_view text) {
     if (next == ' ' || next == '\t' || next == '\n' || next == '\r' || next == '(') return true;
   }
   return false;
+}
+
+/// The table with a column of nulls for each field that may be null and that it leaves out.
+std::unique_ptr<Recordset> withNullableFields(MemoryTable given) {
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < given.fieldCount(); ++i) names.emplace_back(given.fieldName(i));
+  for (const std::string_view field : kNullableFields) {
+    if (given.findField(field) < 0) names.emplace_back(field);
+  }
+  std::vector<ValueView> cells(names.size());
+  auto table = std::make_unique<MemoryTable>(std::move(names));
+  for (; !given.Eof(); given.MoveNext()) {
+    for (std::size_t i = 0; i < given.fieldCount(); ++i) cells[i] = given.value(i);
+    table->addRow(cells);
+  }
+  return table;
 }
 
 }  // namespace
@@ -55,7 +73,7 @@ std::unique_ptr<Recordset> Source::rows(const std::string& statement) const {
 
 std::unique_ptr<Recordset> Source::columns(const std::string& fileOrStatement) const {
   if (isStatement(fileOrStatement)) return rows(fileOrStatement);
-  return std::make_unique<MemoryTable>(readCsvFile(fileOrStatement));
+  return withNullableFields(readCsvFile(fileOrStatement));
 }
 
 }  // namespace paperway::command

@@ -18,7 +18,8 @@ struct Source {
   /// The rows of a statement.
   std::unique_ptr<Recordset> rows(const std::string& statement) const;
 
-  /// A column table: the rows of a statement, or a file of comma-separated values.
+  /// A column table: the rows of a statement, or a file of comma-separated values, which may leave
+  /// out each field that may be null.
   std::unique_ptr<Recordset> columns(const std::string& fileOrStatement) const;
 };
 

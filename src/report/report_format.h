@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "paperway/recordset.h"
@@ -41,6 +43,11 @@ struct ColumnFormat {
   double G_H_FontSize = 0;  // points
   std::string GroupClass;   // the caption's class attribute, from the export
 };
+
+/// The fields of a format recordset whose values may be null, though the recordset has to have
+/// them.
+inline constexpr std::array<std::string_view, 7> kNullableFields{
+    "AllPageTot", "GTot1", "GTot2", "Frmt", "BoldGroup1", "BoldGroup2", "FontNm"};
 
 /// Running totals of a column.
 struct ColumnSums {

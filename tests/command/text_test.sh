@@ -68,4 +68,32 @@ expect 0 'wider than the paper' "$paperway" columns "$columns" --db ledger.db --
 expect 1 'There is no field' "$paperway" columns "$columns" --db ledger.db --data "SELECT 1 AS one"
 printf 'fNM,fHeder,Sz\nitem,Item,10\n' >short.csv
 expect 1 'There is no field "Dtyp"' "$paperway" columns short.csv
+
+# Fields that may be null need not be there.
+printf 'fNM,fHeder,Sz,Spc,Dtyp,Ali,Lt\nitem,Item,10,1,T,L,N\n' >short.csv
+printf 'fNM,fHeder,Sz,Spc,Dtyp,Ali,Lt,AllPageTot,GTot1,GTot2,Frmt,BoldGroup1,BoldGroup2,FontNm\n' >null.csv
+printf 'item,Item,10,1,T,L,N,,,,,,,\n' >>null.csv
+report() { "$paperway" text --db ledger.db --data "$sales" --columns $1.csv --out $1.txt; }
+report short || fail "a table of the fields that may not be null"
+report null && same short.txt null.txt
+
+# A table to begin with.
+from() { "$paperway" columns --db ledger.db --from "$1"; }
+from "SELECT voucher AS bill_no, date, quantity, amount, NULL AS \"x,y\" FROM sales" >starter.csv
+cat >wanted.csv <<'E'
+fNM,fHeder,Sz,Spc,Dtyp,Ali,Frmt,Lt
+bill_no,Bill no,11,1,T,L,,N
+date,Date,11,1,D,L,dd-mmm-yyyy,N
+quantity,Quantity,8,1,N,R,,N
+amount,Amount,9,1,N,R,"#,##0.00",N
+"x,y","X,y",3,1,T,L,,N
+E
+same starter.csv wanted.csv
+expect 0 'n,N,13,1,N,R,"#,##0.0000",N' from "SELECT 1 AS n UNION SELECT -123456.78901"
+expect 0 'holds texts of up to 99 characters; its column is 60 wide' from "SELECT printf('%099d') AS w"
+expect 0 'there are no rows' from "SELECT * FROM sales LIMIT 0"
+from "$sales" >sales.csv
+report sales || fail "a report of the starter table"
+expect 2 'table or --from is required' "$paperway" columns
+expect 2 'excludes' "$paperway" columns sales.csv --db ledger.db --from "$sales"
 finish

@@ -23,6 +23,49 @@ expect 1 'There is no field "a␛[2J"' "$paperway" columns c.csv --db /dev/null 
 script -qec "'$paperway' setting get S k --file own.ini" /dev/null </dev/null | grep -q '␛c' ||
   fail "a value on a terminal"
 
+# The manual page and the completions of each shell hold each option of each command.
+"$paperway" --manual >paperway.1
+for shell in bash zsh fish; do "$paperway" --completion $shell >complete.$shell; done
+ln -s "$paperway" paperway
+export PATH=$work:$PATH
+"$paperway" printers add "Two words" "|cat" || fail "a printer to complete"
+
+in_bash() { # WORD...: what is offered for the last one
+  bash -c '. ./complete.bash; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _paperway 2>/dev/null
+    printf "%s\n" "${COMPREPLY[@]}"' bash "$@"
+}
+in_fish() { fish -c 'source complete.fish; complete -C "$argv[1]"' "$1" | cut -f1; }
+commands_of() { "$paperway" $1 --help | awk '/^Subcommands:/ { on = 1; next } /^$/ { on = 0 } on { print $1 }'; }
+
+everywhere() { # COMMAND: it, and those below it
+  local option below options=0
+  awk -v start=".SS paperway $1 " '/^\.S/ { on = 0 } index($0 " ", start) == 1 { on = 1 } on' \
+    paperway.1 | sed 's/\\//g' >section
+  awk -v start="_paperway_${1// /_}() {" '/^}/ { on = 0 } $0 == start { on = 1 } on' complete.zsh >function
+  in_bash paperway $1 -- >words
+  in_fish "paperway $1 --" >fish
+  for option in $("$paperway" $1 --help | grep -oE '^  (-h,)?--[a-z-]+' | grep -oE -- '--.*'); do
+    options=$((options + 1))
+    grep -qE -- "^\.B (-h,)?$option( |$)" section || fail "$1: no $option in the manual page"
+    grep -q -- "$option[=[]" function || fail "$1: no $option in zsh"
+    grep -qx -- "$option" words || fail "$1: no $option in bash"
+    grep -qx -- "$option" fish || fail "$1: no $option in fish"
+  done
+  [ $options -gt 0 ] || fail "$1: help without options"
+  for below in $(commands_of "$1"); do
+    in_bash paperway $1 "${below:0:2}" | grep -qx "$below" || fail "$1 $below: not in bash"
+    in_fish "paperway $1 ${below:0:2}" | grep -qx "$below" || fail "$1 $below: not in fish"
+    everywhere "$1 $below"
+  done
+}
+for command in $(commands_of ""); do everywhere $command; done
+[ "$(in_bash paperway text --pitch 1)" = 136 ] || fail "a choice in bash"
+[ "$(in_bash paperway print --printer = T)" = 'Two\ words' ] || fail "a printer in bash"
+[ "$(in_bash paperway print c.)" = c.csv ] || fail "a file in bash"
+[ "$(in_fish 'paperway printers test T')" = 'Two words' ] || fail "a printer in fish"
+zsh -n complete.zsh || fail "the syntax for zsh"
+groff -man -ww -Tutf8 paperway.1 2>&1 >/dev/null | grep . && fail "the manual page's marks"
+
 # The sample data's maker.
 expect 0 'usage: make_ledger' "$make_ledger" --help
 expect 2 'usage: make_ledger' "$make_ledger" --rows
