@@ -44,9 +44,13 @@ std::string Progress::line() const {
 }
 
 void Progress::finish(const std::string& fileName) {
-  if (!onShow_) return;
+  if (onShow_) std::clog << "\r\033[K" << visible(fileName) << ": " << line() << "\n";
   onShow_ = false;
-  std::clog << "\r\033[K" << visible(fileName) << ": " << line() << "\n";
+  if (done_.controlRows == 0) return;
+  const bool one = done_.controlRows == 1;
+  std::cerr << "Warning: " << grouped(done_.controlRows) << (one ? " row holds" : " rows hold")
+            << " control characters, which a printer may obey; "
+            << (one ? "it is row " : "the first is row ") << done_.firstControlRow << ".\n";
 }
 
 }  // namespace paperway::command

@@ -20,7 +20,7 @@ class Progress {
   /// To be called often. Throws Interrupted when the user wants to stop.
   void tell(const ReportProgress& done);
 
-  /// The last line: what was written where.
+  /// The last line: what was written where. Data that may command the printer is told.
   void finish(const std::string& fileName);
 
  private:

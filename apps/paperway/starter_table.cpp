@@ -9,6 +9,7 @@
 #include "apps/paperway/visible.h"
 #include "util/format_pattern.h"
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway::command {
 namespace {

@@ -12,6 +12,10 @@ namespace paperway {
 struct ReportProgress {
   std::int64_t rows = 0;   // done
   std::int64_t pages = 0;  // ended
+  /// Rows with control characters (below 32, 127) in what was written of them, which a printer may
+  /// obey, and the first of them, from 1 on.
+  std::int64_t controlRows = 0;
+  std::int64_t firstControlRow = 0;
 };
 
 /// Told every few hundred rows, and once more before the report is put in place. What it throws

@@ -75,6 +75,13 @@ class ReportRun {
   /// Of the row in hand, from 1 on.
   std::int64_t rowNumber() const { return done_.rows + 1; }
 
+  /// What was written of the row in hand holds control characters.
+  void noteControls() {
+    if (controlRow_ == rowNumber()) return;
+    controlRow_ = rowNumber();
+    if (done_.controlRows++ == 0) done_.firstControlRow = controlRow_;
+  }
+
   PageBudget page;
 
  private:
@@ -152,7 +159,8 @@ class ReportRun {
   DuplicateRule duplicates_;
   ReportProgressCallback progress_;
   ReportProgress done_;
-  double number_ = 0;  // of the last number cell, kept from row to row
+  std::int64_t controlRow_ = 0;  // the last one that was noted
+  double number_ = 0;            // of the last number cell, kept from row to row
 };
 
 }  // namespace paperway

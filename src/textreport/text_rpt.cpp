@@ -1,5 +1,6 @@
 #include "textreport/text_rpt.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "report/layout.h"
@@ -85,7 +86,7 @@ class TextReport {
 
   void textCell(const ColumnPlan& column, const ValueView& value) {
     if (value.kind() == ValueView::Kind::text) {
-      place(column, encodedText(value.text(), column.format->fNM));
+      placeText(column, value.text());
     } else {
       scratch_.clear();
       appendDefaultText(scratch_, value);
@@ -96,7 +97,7 @@ class TextReport {
   void dateCell(const ColumnPlan& column, const ValueView& value) {
     scratch_.clear();
     if (!value.isNull()) column.pattern.append(scratch_, value);
-    place(column, encodedText(scratch_, column.format->fNM));
+    placeText(column, scratch_);
   }
 
   void numberCell(const ColumnPlan& column, const ValueView&, double number) {
@@ -159,7 +160,9 @@ class TextReport {
 
   void writeGroupHeader(const GroupPlan& group, const std::string& text) {
     if (group.bold) out_.append(font_.Bon);
-    out_.append(encodedText(text, group.field));
+    const std::string_view bytes = encodedText(text, group.field);
+    if (holdsControls(bytes)) run_.noteControls();
+    out_.append(bytes);
     out_.line(group.bold ? font_.Boff : "");
     run_.page.add(1);
   }
@@ -222,6 +225,20 @@ class TextReport {
   void place(const ColumnPlan& column, std::string_view bytes) {
     placeCell(cell_, column.width, bytes, column.left);
     cell_ += column.width + column.spaces;
+  }
+
+  /// A text of the host's, whose control characters the cell keeps.
+  void placeText(const ColumnPlan& column, std::string_view text) {
+    if (isPrintableAscii(text)) return place(column, text);
+    const char* const cell = cell_;
+    place(column, encodedText(text, column.format->fNM));
+    if (holdsControls({cell, column.width})) run_.noteControls();
+  }
+
+  static bool holdsControls(std::string_view bytes) {
+    return std::any_of(bytes.begin(), bytes.end(), [](char byte) {
+      return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+    });
   }
 
   /// A text of ours in the code page; it stands until the next one is asked for.

@@ -25,6 +25,22 @@ inline bool isAscii(std::string_view text) {
   return (seen & kHighBits) == 0;
 }
 
+/// ASCII without control characters.
+inline bool isPrintableAscii(std::string_view text) {
+  constexpr std::uint64_t kEach = 0x0101010101010101;
+  std::uint64_t seen = 0;  // the high bit of a byte: it is below 32, 127 or above
+  std::size_t i = 0;
+  for (std::uint64_t word = 0; i + sizeof word <= text.size(); i += sizeof word) {
+    std::memcpy(&word, text.data() + i, sizeof word);
+    seen |= word | (word - kEach * 0x20) | (word + kEach);
+  }
+  for (; i < text.size(); ++i) {
+    const auto byte = static_cast<unsigned char>(text[i]);
+    seen |= static_cast<std::uint64_t>(byte < 0x20 || byte >= 0x7F) << 7;
+  }
+  return (seen & kEach * 0x80) == 0;
+}
+
 /// Blanks (character 32 alone) off both ends.
 std::string_view trimBlanks(std::string_view text);
 

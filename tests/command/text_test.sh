@@ -77,6 +77,15 @@ report() { "$paperway" text --db ledger.db --data "$sales" --columns $1.csv --ou
 report short || fail "a table of the fields that may not be null"
 report null && same short.txt null.txt
 
+# Data that may command the printer is told once, and stands in the report as it is.
+data="SELECT 'a' AS item UNION ALL SELECT 'b' || char(12) UNION ALL SELECT 'Crème' UNION ALL
+  SELECT 'c' || char(27) || 'E' UNION ALL SELECT '0123456789' || char(7)"
+expect 0 'Warning: 2 rows hold control characters, which a printer may obey; the first is row 2.' \
+  "$paperway" text --db ledger.db --data "$data" --columns short.csv --out control.txt
+grep -q $'^b\f        ' control.txt || fail "a cell that holds a form feed"
+expect 0 'it is row 1.' "$paperway" text --db ledger.db --data "SELECT char(127) AS item" \
+  --columns short.csv --out control.txt
+
 # A table to begin with.
 from() { "$paperway" columns --db ledger.db --from "$1"; }
 from "SELECT voucher AS bill_no, date, quantity, amount, NULL AS \"x,y\" FROM sales" >starter.csv
