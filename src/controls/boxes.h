@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controls/control.h"
@@ -18,6 +19,14 @@ class TextBox : public Control {
   bool Locked = false;
   Alignment TextAlignment = Alignment::left;
   int MaxLength = 0;  // characters; 0: no limit
+
+  /// Selects the text, so that typing takes its place.
+  void selectAll() { selectAll_ = true; }
+  /// For the renderer: whether that was asked for since the last call.
+  bool takeSelectAll() { return std::exchange(selectAll_, false); }
+
+ private:
+  bool selectAll_ = false;
 };
 
 /// A list to choose from with a text that may also be typed. ListIndex is -1 while Text is no

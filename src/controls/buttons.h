@@ -5,11 +5,13 @@
 
 namespace paperway {
 
-/// The graphical button of all forms.
+/// The graphical button of all forms. The Default one of a panel is pressed by Enter in it.
 class JeweledButton : public Control {
  public:
   JeweledButton(Form& owner, std::string itsName, std::string caption,
                 Control* itsContainer = nullptr);
+
+  bool Default = false;
 };
 
 /// Ticked is 1, clear is 0. A change of Value, by whomever, runs onClick; but boxes of one

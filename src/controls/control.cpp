@@ -1,5 +1,6 @@
 #include "controls/control.h"
 
+#include "controls/containers.h"
 #include "controls/form.h"
 #include "util/text.h"
 
@@ -83,6 +84,15 @@ bool Control::holds(const Control& other) const {
   const Control* outer = other.container;
   while (outer != nullptr && outer != this) outer = outer->container;
   return outer != nullptr;
+}
+
+const Control* Control::panel() const {
+  const Control* outer = container;
+  while (outer != nullptr &&
+         (outer->kind != ControlKind::frame || !static_cast<const Frame*>(outer)->Panel)) {
+    outer = outer->container;
+  }
+  return outer;
 }
 
 bool Control::shown() const {

@@ -88,6 +88,8 @@ class Control : public Geometry {
 
   /// The other one stands in it, directly or in a container of it.
   bool holds(const Control& other) const;
+  /// The panel in which it stands; null when it stands in none.
+  const Control* panel() const;
   /// Visible, with every container of it.
   bool shown() const;
   /// Shown, enabled with every container and the form, and on the form's surface.

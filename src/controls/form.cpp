@@ -2,11 +2,19 @@
 
 #include <algorithm>
 
+#include "controls/buttons.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/windows.h"
 #include "util/text.h"
 
 namespace paperway {
+namespace {
+
+bool onlyLabels(const Control& control) {
+  return control.kind == ControlKind::label && !control.onClick;
+}
+
+}  // namespace
 
 Form::Form(std::string itsName) : name(std::move(itsName)) {}
 
@@ -78,6 +86,7 @@ Control* Form::accessKeyTarget(char32_t character) const {
   for (Control* control : controls_) {
     if (control->kind == ControlKind::menuItem || control->accessKey() != wanted) continue;
     if (!control->reachable()) continue;
+    if (onlyLabels(*control) && labelled(*control) == activeControl_) continue;
     const bool behind = activeControl_ != nullptr && control->TabIndex > activeControl_->TabIndex;
     const int near = (control->container == beside ? 2 : 0) + (behind ? 1 : 0);
     if (near <= nearest) continue;
@@ -90,15 +99,36 @@ Control* Form::accessKeyTarget(char32_t character) const {
 bool Form::pressAccessKey(char32_t character) {
   Control* target = accessKeyTarget(character);
   if (target == nullptr) return false;
-  if (target->kind == ControlKind::label && !target->onClick) {
-    for (Control* next : tabOrder()) {
-      if (next->TabIndex > target->TabIndex) return moveFocus(next);
-    }
-    return false;
+  if (onlyLabels(*target)) {
+    Control* box = labelled(*target);
+    return box != nullptr && moveFocus(box);
   }
-  if (target->takesFocus() && !moveFocus(target)) return true;
-  target->click();
+  press(*target);
   return true;
+}
+
+/// The control that a label stands before.
+Control* Form::labelled(const Control& label) const {
+  for (Control* next : tabOrder()) {
+    if (next->TabIndex > label.TabIndex) return next;
+  }
+  return nullptr;
+}
+
+void Form::press(Control& target) {
+  if (!target.takesFocus() || moveFocus(&target)) target.click();
+}
+
+bool Form::pressDefault() {
+  const Control* panel = activeControl_ == nullptr ? nullptr : activeControl_->panel();
+  if (panel == nullptr) return false;
+  for (Control* control : controls_) {
+    if (control->kind != ControlKind::button || control->panel() != panel) continue;
+    if (!static_cast<JeweledButton*>(control)->Default || !control->reachable()) continue;
+    press(*control);
+    return true;
+  }
+  return false;
 }
 
 void Form::PopupMenu(Menu& menu, int x, int y) {

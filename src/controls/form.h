@@ -74,9 +74,13 @@ class Form : public Geometry, public std::enable_shared_from_this<Form> {
   /// The controls that Tab visits, in order.
   std::vector<Control*> tabOrder() const;
 
+  /// Enter where the control with the focus has no use for it: presses the default button of the
+  /// panel. False when there is none.
+  bool pressDefault();
+
   /// Alt and a character: presses the button, ticks the box, selects the option, or moves the focus
-  /// behind the label. Where several have the character, those beside the focus come first, then
-  /// those behind it.
+  /// behind the label, unless it is there. Where several have the character, those beside the focus
+  /// come first, then those behind it.
   bool pressAccessKey(char32_t character);
 
   /// Puts a menu up at a place of the form once the handler that asks for it has ended.
@@ -92,6 +96,8 @@ class Form : public Geometry, public std::enable_shared_from_this<Form> {
  private:
   friend class Control;
   Control* accessKeyTarget(char32_t character) const;
+  Control* labelled(const Control& label) const;
+  void press(Control& target);
 
   std::vector<Control*> controls_;
   Control* activeControl_ = nullptr;

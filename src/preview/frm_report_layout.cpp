@@ -68,6 +68,7 @@ void FrmReport::nameControls() {
     if (lines <= 17) Comtear.AddItem(std::to_string(lines));
     ComtearOut.AddItem(std::to_string(lines));
   }
+  CmdOk.Default = true;
   ChDraft.Value.setQuietly(1);
   ChDraft.Font.Bold = true;
   VScroll1.Min = 1;

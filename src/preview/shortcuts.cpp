@@ -3,6 +3,16 @@
 #include "preview/frm_report.h"
 
 namespace paperway {
+namespace {
+
+/// What stood there before gives way to what is typed.
+bool typeInto(TextBox& box) {
+  if (!box.SetFocus()) return false;
+  box.selectAll();
+  return true;
+}
+
+}  // namespace
 
 /// Esc closes the panel in front, or leaves a box for the page. It goes on to the box, whose search
 /// it stops.
@@ -37,9 +47,9 @@ bool FrmReport::shortcut(int keyCode, int shift) {
   if (shift != smCtrl) return false;
   switch (keyCode) {
     case 'F':
-      return Text4.SetFocus();
+      return typeInto(Text4);
     case 'G':
-      return Text2.SetFocus();
+      return typeInto(Text2);
     case 'P':
       return CmdPrint.Visible && CmdPrint.onClick && CmdPrint.click();
     case keyAdd:

@@ -190,11 +190,16 @@ TEST_F(Panel, PrintsThePagesThatWereChosen) {
   EXPECT_EQ(print(), setup_ + "\r\ntwo\r\n\fthree\r\n\f");
   EXPECT_EQ(machine_.spooler.jobs.back()->documentName, "RANGE.prn");
 
-  machine_.messageBox.answers = {Answer::no};
   form.Frame1.Visible = true;
-  form.Op[2].SetFocus();
-  form.pressAccessKey('p');  // of CmdOk in the panel, not of CmdPrint below it
-  EXPECT_TRUE(machine_.messageBox.answers.empty()) << "it has asked";
+  for (Control* focus :
+       {static_cast<Control*>(&form.CboPrinters), static_cast<Control*>(&form.Op[2])}) {
+    machine_.messageBox.answers = {Answer::no, Answer::no};
+    focus->SetFocus();
+    form.pressAccessKey('p');  // of CmdOk, not of CmdPrint below it nor of a label before the focus
+    focus->SetFocus();
+    form.pressDefault();
+    EXPECT_TRUE(machine_.messageBox.answers.empty()) << "it has asked twice from " << focus->name;
+  }
   range("0", "0");
   form.CmdOk.onClick();
   EXPECT_EQ(machine_.spooler.jobs.size(), 3U) << "refused at a question";

@@ -53,6 +53,37 @@ TEST_F(FormWindowTest, KeysAHandlerTakesAndTabsThatValidationRefusesDoNothing) {
   EXPECT_EQ(focused(), &user.widget("Text1"));
 }
 
+TEST_F(FormWindowTest, ALetterOfNoCaptionTypesNothingWithAlt) {
+  user.type("Combo1", "a");
+  for (const Qt::Key key : {Qt::Key_K, Qt::Key_4}) {
+    QTest::keyClick(focused(), key, Qt::AltModifier);
+  }
+  EXPECT_EQ(form->Combo1.Text, "a");
+}
+
+TEST_F(FormWindowTest, WhatIsSelectedInAListBoxIsTypedOver) {
+  user.type("Combo1", "12");
+  QTest::keyClick(focused(), Qt::Key_A, Qt::ControlModifier);
+  desk.windows.window(*form)->sync();  // as a timer does
+  QTest::keyClick(focused(), Qt::Key_9);
+  EXPECT_EQ(form->Combo1.Text, "9");
+}
+
+TEST_F(FormWindowTest, AClickThatIsRefusedLeavesTheFocusAndPressesNothing) {
+  int refused = 0;
+  form->Text1.onValidate = [&](bool& cancel) {
+    cancel = ++refused > 0;
+    answer<QMessageBox>([](QMessageBox& box) { box.accept(); });
+    qt::MessageBox().show("no", "", MessageBox::Buttons::ok, MessageBox::Icon::none);
+  };
+  user.focus("Text1");
+  user.click("CmdOk");
+  EXPECT_EQ(focused(), &user.widget("Text1"));
+  EXPECT_FALSE(dynamic_cast<QAbstractButton&>(user.widget("CmdOk")).isDown());
+  EXPECT_EQ(refused, 1);
+  form->Text1.onValidate = nullptr;
+}
+
 TEST_F(FormWindowTest, EveryCommandIsReachedByKeyboard) {
   form->Op[1].Value.setQuietly(true);
   std::string visited;
@@ -77,6 +108,14 @@ TEST_F(FormWindowTest, EveryCommandIsReachedByKeyboard) {
 TEST_F(FormWindowTest, APanelTakesTheFocusAndGivesItBack) {
   user.click("CmdOpen");
   EXPECT_EQ(form->activeControl(), &form->InPanel);
+  for (const Control* next :
+       {static_cast<Control*>(&form->CmdShut), static_cast<Control*>(&form->InPanel)}) {
+    QTest::keyClick(focused(), Qt::Key_Tab);
+    EXPECT_EQ(form->activeControl(), next) << "not what lies behind the panel";
+  }
+  user.press("InPanel", keyReturn);
+  EXPECT_FALSE(form->Panel.Visible) << "Enter is a press of the panel's default button";
+  user.click("CmdOpen");
   user.click("CmdShut");
   EXPECT_EQ(form->activeControl(), &form->CmdOpen);
   form->CmdOpen.onClick = [this] { form->CmdOpen.Enabled = false; };

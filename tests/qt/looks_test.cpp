@@ -4,6 +4,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QGroupBox>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <functional>
 #include <gtest/gtest.h>
@@ -122,6 +124,27 @@ TEST_F(Looks, CaptionsFitAndControlsStandApart) {
     expectTidyAt(form->MinWidth, form->MinHeight);
     expectTidyAt(28800, 16200);
   }
+}
+
+TEST_F(Looks, WhatTheScreenCannotHoldIsReachedByScrolling) {
+  qt::FormWindow& window = *desk.windows.window(*form);
+  window.resize(1, 1);
+  QApplication::processEvents();
+  EXPECT_EQ(window.size().boundedTo(window.screen()->availableSize()), window.size());
+  const auto inSight = [&](const Control& control) {
+    const QWidget& widget = window.view(control)->widget;
+    return widget.visibleRegion().boundingRect() == widget.rect();
+  };
+  for (Control* control :
+       {static_cast<Control*>(&form->Text4), static_cast<Control*>(&form->JeExit),
+        static_cast<Control*>(&form->CmdFst), static_cast<Control*>(&form->Check2)}) {
+    EXPECT_TRUE(control->SetFocus());
+    window.sync();
+    EXPECT_TRUE(inSight(*control)) << control->name;
+  }
+  window.verticalScrollBar()->setValue(0);
+  window.horizontalScrollBar()->setValue(window.horizontalScrollBar()->maximum());
+  EXPECT_TRUE(inSight(form->LbPageNo));
 }
 
 TEST_F(Looks, TextCanBeReadInDarkColors) {

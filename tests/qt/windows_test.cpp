@@ -50,4 +50,55 @@ TEST(ReportWindowOnTheDesktop, BoxesTakeTheDeleteKeyAndNoEnterFromAPastedLine) {
   form->unload();
 }
 
+TEST(ReportWindowOnTheDesktop, KeysOfTheWindowHoldWhereverTheFocusIs) {
+  QtDesk desk;
+  startRun();
+  const auto form = openReportWindow(desk.platform(), "1\f2\f3\f4\f5\f6\f");
+  QtUser user = desk.user(*form);
+  for (const char* control : {"Text4", "Check1", "Command2", "Text2"}) {
+    user.press(control, keyEnd, smCtrl);
+    EXPECT_EQ(form->CurrentPage, 5) << control;
+    user.press(control, keyHome, smCtrl);
+    EXPECT_EQ(form->CurrentPage, 0) << control;
+  }
+  for (const auto& [box, key] : {std::pair("Text4", 'F'), std::pair("Text2", 'G')}) {
+    user.type(box, "12");
+    QTest::keyClick(&user.widget(box), static_cast<Qt::Key>(key), Qt::ControlModifier);
+    EXPECT_EQ(dynamic_cast<QLineEdit&>(user.widget(box)).selectedText(), "12") << box;
+  }
+  form->unload();
+}
+
+/// The same picture with and without the focus would leave the user guessing.
+TEST(ReportWindowOnTheDesktop, EveryStopShowsTheFocus) {
+  QtDesk desk;
+  startRun();
+  const auto form = makeReportWindow(desk.platform(), "1\f2\f3\f4\f5\f6\f");
+  form->JeweledButton1.onClick = form->CmdPrint.onClick = form->Label8.onClick =
+      form->Label10.onClick = [] {};
+  form->load();
+  desk.windows.show(form);
+  QtUser user = desk.user(*form);
+  qt::FormWindow& window = *desk.windows.window(*form);
+  const auto expectFocusShown = [&] {
+    for (Control* stop : form->tabOrder()) {
+      QWidget& widget = user.widget(stop->name);
+      const auto picture = [&](Control* focused) {
+        EXPECT_TRUE(form->moveFocus(focused));
+        window.sync();
+        return widget.grab().toImage();
+      };
+      Control* other = stop == &form->Check1 ? static_cast<Control*>(&form->Text4) : &form->Check1;
+      const QImage without = picture(other);
+      EXPECT_NE(picture(stop), without) << stop->name;
+    }
+  };
+  expectFocusShown();
+  form->Frame1.Visible = form->Frame6.Visible = true;
+  form->Op[2].Value = form->OptWinMode.Value = true;
+  for (TextBox* box : {&form->Tst, &form->Tend}) box->Enabled = true;
+  expectFocusShown();
+  form->unload();
+}
+
 }  // namespace paperway

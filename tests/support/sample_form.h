@@ -28,6 +28,7 @@ struct SampleForm : Form {
     place(Panel, 3000, 3000, 5000, 1500);
     Panel.Panel = true;
     Panel.Visible = false;
+    CmdShut.Default = true;
     VScroll1.Max = 100;
     Label1.onClick = Rt1.onClick = nullptr;
     CmdMenu.onClick = [this] { PopupMenu(AQ, 10, 20); };

@@ -1,6 +1,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QToolButton>
@@ -28,6 +29,8 @@ class EditView : public ControlView {
 
   bool takeKey(QKeyEvent& event, char32_t before, char32_t after) override {
     if (after != before && after < ' ') return true;
+    if (isAltCharacter(event)) return true;  // an access key of no caption
+    if (isTextEndKey(event)) return false;
     if (!keepsPageKeys() && (event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown)) {
       return false;
     }
@@ -130,6 +133,7 @@ class TextBoxView : public EditView {
     const Qt::Alignment side = kSides[static_cast<int>(box_.TextAlignment)] | Qt::AlignVCenter;
     if (line_.alignment() != side) line_.setAlignment(side);
     EditView::syncContent();
+    if (box_.takeSelectAll()) line_.selectAll();
   }
 
  private:
@@ -149,6 +153,13 @@ class ComboView : public EditView {
 
  protected:
   void syncContent() override {
+    if (list_ != box_.List() || combo_.currentIndex() != box_.ListIndex) syncList();
+    EditView::syncContent();
+  }
+
+ private:
+  /// Qt writes the entry into the line, which takes the cursor and the selection away.
+  void syncList() {
     const QSignalBlocker quiet(combo_);
     const int cursor = combo_.lineEdit()->cursorPosition();
     if (list_ != box_.List()) {
@@ -156,12 +167,11 @@ class ComboView : public EditView {
       combo_.clear();
       for (const std::string& entry : list_) combo_.addItem(text(entry));
     }
-    if (combo_.currentIndex() != box_.ListIndex) combo_.setCurrentIndex(box_.ListIndex);
+    combo_.setCurrentIndex(box_.ListIndex);
     EditView::syncContent();
     combo_.lineEdit()->setCursorPosition(cursor);
   }
 
- private:
   static QComboBox* editable(QComboBox* combo) {
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
@@ -209,6 +219,21 @@ class ScrollBarView : public ControlView {
   QScrollBar& shown_;
 };
 
+/// One of two arrows, which show the focus of what they lie on.
+class Arrow : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QToolButton::paintEvent(event);
+    if (!parentWidget()->hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+};
+
 /// A scroll bar too short for a thumb: two arrows beside a number.
 class ArrowsView : public ControlView {
  public:
@@ -242,7 +267,7 @@ class ArrowsView : public ControlView {
 
  private:
   QToolButton* arrow(Qt::ArrowType upright, Qt::ArrowType lying, int sign) {
-    auto* button = new QToolButton(&widget);
+    auto* button = new Arrow(&widget);
     button->setArrowType(bar_.Vertical ? upright : lying);
     button->setAutoRepeat(true);
     button->setFocusPolicy(Qt::NoFocus);

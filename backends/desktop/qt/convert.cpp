@@ -136,6 +136,16 @@ bool isCommand(const QKeyEvent& event) {
   return ctrl != alt || (ctrl && !types);
 }
 
+bool isAltCharacter(const QKeyEvent& event) {
+  const bool alt = (event.modifiers() & Qt::AltModifier) != 0;
+  return alt && isCommand(event) && !event.text().isEmpty() && event.text()[0].isPrint();
+}
+
+bool isTextEndKey(const QKeyEvent& event) {
+  const bool end = event.key() == Qt::Key_Home || event.key() == Qt::Key_End;
+  return end && shiftMask(event.modifiers()) == smCtrl;
+}
+
 int shiftMask(Qt::KeyboardModifiers modifiers) {
   return ((modifiers & Qt::ShiftModifier) != 0 ? smShift : 0) |
          ((modifiers & Qt::ControlModifier) != 0 ? smCtrl : 0) |

@@ -42,6 +42,10 @@ QFont font(const FontSpec& wanted, const QFont& base);
 int keyCode(int qtKey, Qt::KeyboardModifiers modifiers);
 /// A key pressed with Ctrl or Alt; both together type a character on some keyboards.
 bool isCommand(const QKeyEvent& event);
+/// Alt and a character, which a line of text would take as typed.
+bool isAltCharacter(const QKeyEvent& event);
+/// Ctrl with Home or End.
+bool isTextEndKey(const QKeyEvent& event);
 int shiftMask(Qt::KeyboardModifiers modifiers);
 int mouseButton(Qt::MouseButton button);
 

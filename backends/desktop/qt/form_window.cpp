@@ -5,9 +5,12 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QWheelEvent>
+#include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "backends/desktop/qt/control_view.h"
 #include "backends/desktop/qt/convert.h"
@@ -31,21 +34,44 @@ char32_t characterOf(const QKeyEvent& event) {
 }  // namespace
 
 FormWindow::FormWindow(std::shared_ptr<Form> form, Windows& owner)
-    : form_(std::move(form)), owner_(owner) {
+    : form_(std::move(form)), owner_(owner), surface_(*new QWidget) {
   setObjectName(text(form_->name));
-  setMouseTracking(true);
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_DeleteOnClose, false);
-  setMinimumSize(pixels(form_->MinWidth), pixels(form_->MinHeight));
-  const QSize size(pixels(form_->Width), pixels(form_->Height));
-  if (form_->Sizable) {
-    resize(size.boundedTo(screen()->availableSize()));
-  } else {
-    setFixedSize(size);
+  setWidgetResizable(true);
+  setWidget(&surface_);
+  for (QWidget* part : {static_cast<QWidget*>(this), viewport(), &surface_}) {
+    part->setMouseTracking(true);
   }
+  surface_.installEventFilter(this);
+  fitScreen();
+  resize(QSize(pixels(form_->Width), pixels(form_->Height)).boundedTo(room()));
   build();
 }
 
 FormWindow::~FormWindow() = default;
+
+/// What the screen leaves for the window within its frame.
+QSize FormWindow::room() const {
+  const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  const QSize frame = frameGeometry().size() - size();
+  return screen()->availableSize() - frame.expandedTo({0, title});
+}
+
+void FormWindow::fitScreen() {
+  const bool sizable = form_->Sizable;
+  const QSize least(pixels(sizable ? form_->MinWidth : form_->Width),
+                    pixels(sizable ? form_->MinHeight : form_->Height));
+  surface_.setMinimumSize(least);
+  setMinimumSize(least.boundedTo(room()));
+  if (!sizable) setMaximumSize(minimumSize());
+}
+
+void FormWindow::bringIntoSight(const ControlView& view) {
+  const QSize sight = viewport()->size();
+  if (view.widget.size().boundedTo(sight) == view.widget.size()) ensureWidgetVisible(&view.widget);
+}
 
 void FormWindow::build() {
   for (Control* control : form_->controls()) {
@@ -54,7 +80,7 @@ void FormWindow::build() {
       continue;
     }
     const ControlView* outer = control->container == nullptr ? nullptr : view(*control->container);
-    auto made = makeView(*this, *control, outer == nullptr ? this : &outer->widget);
+    auto made = makeView(*this, *control, outer == nullptr ? &surface_ : &outer->widget);
     if (made == nullptr) continue;
     byControl_.insert(control, made.get());
     views_.push_back(std::move(made));
@@ -64,6 +90,7 @@ void FormWindow::build() {
 void FormWindow::begin() {
   sync();
   show();
+  connect(windowHandle(), &QWindow::screenChanged, this, &FormWindow::fitScreen);
   if (form_->activeControl() != nullptr) return;
   const std::vector<Control*> order = form_->tabOrder();
   Control* first = page() != nullptr || order.empty() ? page() : order.front();
@@ -173,6 +200,7 @@ void FormWindow::focusNewPanel() {
     if (known != openPanels_.end()) continue;
     openPanels_.push_back(&control);
     view->widget.raise();
+    bringIntoSight(*view);
     const auto inside = [&control](const Control* at) {
       return at != nullptr && control.holds(*at);
     };
@@ -210,12 +238,7 @@ void FormWindow::popUp() {
     action->setChecked(item->Checked);
     connect(action, &QAction::triggered, this, [this, item] { act([item] { item->click(); }); });
   }
-  menu->popup(mapToGlobal(QPoint(pixels(request->x), pixels(request->y))));
-}
-
-void FormWindow::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  act([this] { form_->resize(twips(width()), twips(height())); });
+  menu->popup(surface_.mapToGlobal(QPoint(pixels(request->x), pixels(request->y))));
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
@@ -224,7 +247,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
+  QScrollArea::changeEvent(event);
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     owner_.cameToFront(*this);
   } else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
@@ -248,6 +271,11 @@ Control* FormWindow::neighbour(bool forward) const {
              static_cast<const OptionButton*>(other)->Value;
     });
   };
+  // In a panel the keyboard stays until the panel is closed.
+  if (const Control* panel = from == nullptr ? nullptr : from->panel()) {
+    const auto outside = [panel](const Control* control) { return !panel->holds(*control); };
+    order.erase(std::remove_if(order.begin(), order.end(), outside), order.end());
+  }
   std::vector<Control*> stops;
   std::remove_copy_if(order.begin(), order.end(), std::back_inserter(stops), passedOver);
   if (stops.empty()) return nullptr;
@@ -305,9 +333,18 @@ bool FormWindow::filterKeyPress(ControlView& view, QKeyEvent& event) {
     act([&control] { control.click(); });
     return true;
   }
+  if (key == keyReturn && pressesDefault(view, event)) return true;
   if (control.kind == ControlKind::optionButton && selectsByArrow(control, code)) return true;
   if (view.takeKey(event, before, static_cast<char32_t>(key))) return true;
-  return turnsPage(view, event);
+  return goesToText(view, event);
+}
+
+/// A key that is still down from opening the panel does not press what is in it.
+bool FormWindow::pressesDefault(const ControlView& view, const QKeyEvent& event) {
+  if (view.control.kind == ControlKind::richText || event.isAutoRepeat()) return false;
+  bool pressed = false;
+  act([&] { pressed = form_->pressDefault(); });
+  return pressed;
 }
 
 /// The menu key is a press of the right mouse button where the typing goes on.
@@ -323,9 +360,10 @@ bool FormWindow::opensMenu(ControlView& view, const QKeyEvent& event) {
   return true;
 }
 
-/// Page keys of controls that have no use for them go to the text.
-bool FormWindow::turnsPage(ControlView& view, QKeyEvent& event) {
-  if (event.key() != Qt::Key_PageUp && event.key() != Qt::Key_PageDown) return false;
+/// Keys that move through the text, of controls that have no use for them.
+bool FormWindow::goesToText(ControlView& view, QKeyEvent& event) {
+  const bool turns = event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown;
+  if (!turns && !isTextEndKey(event)) return false;
   Control* text = page();
   return text != nullptr && text != &view.control && filterKeyPress(*this->view(*text), event);
 }
@@ -357,14 +395,15 @@ bool FormWindow::selectsByArrow(Control& option, int code) {
 /// Ctrl and the wheel are Ctrl and plus or minus.
 void FormWindow::wheelEvent(QWheelEvent* event) {
   const int turned = event->angleDelta().y();
-  if ((event->modifiers() & Qt::ControlModifier) == 0 || turned == 0) return;
+  if ((event->modifiers() & Qt::ControlModifier) == 0) return QScrollArea::wheelEvent(event);
+  if (turned == 0) return;
   int code = turned > 0 ? keyAdd : keySubtract;
   act([&] { form_->Form_KeyDown(code, smCtrl); });
 }
 
 void FormWindow::mouseMoveEvent(QMouseEvent* event) {
-  const MouseEvent moved{0, shiftMask(event->modifiers()), twips(event->pos().x()),
-                         twips(event->pos().y())};
+  const QPoint place = surface_.mapFrom(viewport(), event->pos());
+  const MouseEvent moved{0, shiftMask(event->modifiers()), twips(place.x()), twips(place.y())};
   act([&] { form_->Form_MouseMove(moved); });
 }
 
@@ -379,8 +418,9 @@ bool FormWindow::filterMouse(ControlView& view, QWidget& widget, QMouseEvent& ev
   switch (event.type()) {
     case QEvent::MouseButtonPress:
       // The focus did not come along: the control that has it keeps it.
+      if (std::exchange(refused_, nullptr) == &view) return true;
       if (control.takesFocus() && form_->activeControl() != &control) {
-        if (!focusArrives(view, Qt::MouseFocusReason)) return true;
+        if (!focusArrives(view, Qt::OtherFocusReason)) return true;
       }
       act([&] { control.mouseDown(what); });
       break;
@@ -416,12 +456,16 @@ bool FormWindow::focusArrives(ControlView& view, Qt::FocusReason reason) {
   if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason) return true;
   bool moved = false;
   act([&] { moved = form_->moveFocus(&view.control); });
+  refused_ = moved || reason != Qt::MouseFocusReason ? nullptr : &view;
   return moved;
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &surface_ && event->type() == QEvent::Resize) {
+    act([this] { form_->resize(twips(surface_.width()), twips(surface_.height())); });
+  }
   ControlView* view = watched_.value(watched);
-  if (view == nullptr) return false;
+  if (view == nullptr) return QScrollArea::eventFilter(watched, event);
   auto& widget = *static_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::KeyPress:
@@ -439,9 +483,13 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
       return filterMouse(*view, widget, *static_cast<QMouseEvent*>(event));
-    case QEvent::FocusIn:
-      focusArrives(*view, static_cast<QFocusEvent*>(event)->reason());
+    case QEvent::FocusIn: {
+      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+      const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                         reason == Qt::ShortcutFocusReason;
+      if (focusArrives(*view, reason) && byKey) bringIntoSight(*view);
       return false;
+    }
     case QEvent::Leave:
       // The pointer may jump over the form's own surface.
       if (view->control.onMouseMove) act([this] { form_->Form_MouseMove({}); });

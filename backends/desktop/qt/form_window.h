@@ -2,7 +2,7 @@
 
 #include <QHash>
 #include <QPointer>
-#include <QWidget>
+#include <QScrollArea>
 #include <memory>
 #include <vector>
 
@@ -17,7 +17,8 @@ class Windows;
 
 /// A form on the screen. What the user does goes to the form and its controls; after each act what
 /// changed there is copied to the widgets. It knows kinds of controls, and no form in particular.
-class FormWindow : public QWidget {
+/// Where the screen is smaller than the form, the window scrolls.
+class FormWindow : public QScrollArea {
  public:
   FormWindow(std::shared_ptr<Form> form, Windows& owner);
   ~FormWindow() override;
@@ -42,7 +43,6 @@ class FormWindow : public QWidget {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   bool focusNextPrevChild(bool next) override;
-  void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -51,6 +51,9 @@ class FormWindow : public QWidget {
 
  private:
   void build();
+  QSize room() const;
+  void fitScreen();
+  void bringIntoSight(const ControlView& view);
   void buildTimer(Timer& timer);
   void tell(const std::exception& error);
   void finish();
@@ -65,19 +68,22 @@ class FormWindow : public QWidget {
   bool pressAccessKey(const QKeyEvent& event);
   bool filterKeyPress(ControlView& view, QKeyEvent& event);
   bool opensMenu(ControlView& view, const QKeyEvent& event);
-  bool turnsPage(ControlView& view, QKeyEvent& event);
+  bool goesToText(ControlView& view, QKeyEvent& event);
+  bool pressesDefault(const ControlView& view, const QKeyEvent& event);
   bool selectsByArrow(Control& option, int code);
   bool filterMouse(ControlView& view, QWidget& widget, QMouseEvent& event);
   bool focusArrives(ControlView& view, Qt::FocusReason reason);
 
   const std::shared_ptr<Form> form_;
   Windows& owner_;
+  QWidget& surface_;                                 // the form's own
   std::vector<std::unique_ptr<ControlView>> views_;  // in the order of the controls
   QHash<const QObject*, ControlView*> watched_;
   QHash<const Control*, ControlView*> byControl_;
   std::vector<std::pair<Timer*, QTimer*>> timers_;
   std::vector<const Control*> openPanels_;
-  std::vector<Control*> focusTrail_;  // where the focus was before a panel took it
+  std::vector<Control*> focusTrail_;      // where the focus was before a panel took it
+  const ControlView* refused_ = nullptr;  // a click on it was not let through
   bool syncing_ = false;
   bool syncAgain_ = false;
 };
