@@ -1,7 +1,6 @@
 // The buttons and boxes that change the page on show or mark words on it.
 
 #include <algorithm>
-#include <cmath>
 
 #include "paperway/platform/message_box.h"
 #include "paperway/platform/windows.h"
@@ -110,7 +109,7 @@ void FrmReport::goToPage() {
                               MessageBox::Icon::critical);
     return;
   }
-  CurrentPage = std::llround(page);
+  CurrentPage = wholeNumber(page);
   showPage();
   LbPageNo.Caption = "Page " + std::to_string(CurrentPage + 1) + "/" + std::to_string(PageCount());
   ApplyPageStyles();

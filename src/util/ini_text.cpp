@@ -29,15 +29,6 @@ std::string lowered(std::string_view bytes) {
   return out;
 }
 
-/// Takes the first line off the text. A line ends at CR LF or at a lone CR.
-std::string_view takeLine(std::string_view& text) {
-  const std::size_t end = std::min(text.find('\r'), text.size());
-  const std::string_view line = text.substr(0, end);
-  text.remove_prefix(end);
-  text.remove_prefix(text.starts_with(kLineEnd) ? kLineEnd.size() : text.empty() ? 0 : 1);
-  return line;
-}
-
 /// Bytes to be replaced: the setting's line, or none where it is to be put in.
 struct Place {
   std::size_t start;
@@ -45,31 +36,36 @@ struct Place {
   bool isNew;
 };
 
-/// Where the setting belongs; nothing when its section is missing. `text` starts with a line end,
-/// so that each line follows one.
+/// The place below the line of a section; nothing where no such line is ended.
+std::optional<std::size_t> belowSection(std::string_view text, std::string_view section) {
+  for (std::string_view rest = text; !rest.empty();) {
+    const bool isSection = takeLine(rest) == section;
+    const std::size_t below = text.size() - rest.size();
+    if (isSection && text[below - 1] == '\n') return below;
+  }
+  return std::nullopt;
+}
+
+/// Where the setting belongs; nothing when its section is missing.
 std::optional<Place> findPlace(std::string_view text, std::string_view section,
                                std::string_view key) {
   const std::string lower = lowered(text);
-  const std::string head = "\r\n[" + lowered(section) + "]\r";
-  const std::size_t found = lower.find(head);
-  if (found == lower.npos) return std::nullopt;
-  const std::size_t behindHead = found + head.size();
-  const std::size_t nextSection = std::min(lower.find('[', behindHead), lower.size());
-  const std::size_t line = lower.find("\n" + lowered(key) + "=", found);
-  if (line < nextSection) {
-    return Place{line + 1, std::min(lower.find('\r', line), lower.size()), false};
-  }
-  const std::size_t below = behindHead + (lower.compare(behindHead, 1, "\n") == 0 ? 1 : 0);
-  return Place{below, below, true};
+  const auto below = belowSection(lower, "[" + lowered(section) + "]");
+  if (!below) return std::nullopt;
+  const std::size_t lineEnd = lower.find("\n" + lowered(key) + "=", *below - 1);
+  if (lineEnd >= std::min(lower.find('[', *below), lower.size()))
+    return Place{*below, *below, true};
+  std::string_view rest = std::string_view(lower).substr(lineEnd + 1);
+  return Place{lineEnd + 1, lineEnd + 1 + takeLine(rest).size(), false};
 }
 
 std::string withSingleBlankLines(std::string_view text) {
   std::string out;
   int lineEnds = 0;
   while (!text.empty()) {
-    const bool isLineEnd = text.starts_with(kLineEnd);
-    const std::string_view piece = text.substr(0, isLineEnd ? kLineEnd.size() : 1);
-    lineEnds = isLineEnd ? lineEnds + 1 : 0;
+    const bool isWide = text.starts_with(kLineEnd);
+    const std::string_view piece = text.substr(0, isWide ? kLineEnd.size() : 1);
+    lineEnds = isWide || piece == "\n" ? lineEnds + 1 : 0;
     if (lineEnds <= 2) out += piece;
     text.remove_prefix(piece.size());
   }
@@ -104,7 +100,7 @@ std::optional<std::string> findSetting(std::string_view file, std::string_view s
 
 std::string withSetting(std::string_view file, std::string_view section, std::string_view key,
                         std::string_view value) {
-  std::string text = std::string(kLineEnd).append(file);
+  std::string text(file);
   std::string setting = std::string(key).append("=").append(value);
   if (const auto place = findPlace(text, section, key)) {
     if (place->isNew) setting += kLineEnd;

@@ -205,6 +205,14 @@ std::string_view rightCharacters(std::string_view text, std::size_t count) {
   return text.substr(offset);
 }
 
+std::string_view takeLine(std::string_view& text) {
+  const std::size_t end = text.find('\n');
+  std::string_view line = text.substr(0, end);
+  text.remove_prefix(std::min(line.size() + 1, text.size()));
+  if (end != text.npos && line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
 char32_t upperCase(char32_t character) {
   if (character < 0x80) return asciiUpper(character);
   if (character == kFinalSigma) return kUpperSigma;

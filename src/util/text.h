@@ -58,6 +58,9 @@ void appendCharacter(std::string& out, char32_t character);
 std::string_view leftCharacters(std::string_view text, std::size_t count);
 std::string_view rightCharacters(std::string_view text, std::size_t count);
 
+/// Takes the first line off the text. A line ends at CR LF or at LF; a lone CR is text.
+std::string_view takeLine(std::string_view& text);
+
 /// Upper and lower case of single characters: ASCII, Latin, Greek and Cyrillic letters that have a
 /// partner of one character.
 char32_t upperCase(char32_t character);

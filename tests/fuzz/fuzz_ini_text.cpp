@@ -2,6 +2,7 @@
 
 #include "fuzz/fuzz.h"
 #include "util/ini_text.h"
+#include "util/text.h"
 
 using namespace paperway;
 
@@ -25,12 +26,11 @@ bool isPlainName(std::string_view text) {
   return text.find_first_of("[=") == text.npos && std::all_of(text.begin(), text.end(), isPlain);
 }
 
-/// Whether CR LF ends each line, and no other control character is in the text.
+/// Whether CR LF or LF ends each line, and no other control character is in the text.
 bool hasPlainLines(std::string_view text) {
   while (!text.empty()) {
-    const bool lineEnd = text.starts_with("\r\n");
-    if (!lineEnd && !isPlain(text.front())) return false;
-    text.remove_prefix(lineEnd ? 2 : 1);
+    const std::string_view line = takeLine(text);
+    if (!std::all_of(line.begin(), line.end(), isPlain)) return false;
   }
   return true;
 }

@@ -1,4 +1,5 @@
 #include "report_window.h"
+#include "support/expect_each.h"
 
 namespace paperway {
 namespace {
@@ -31,6 +32,16 @@ TEST_F(Moves, OnePageShowsAgainAndDisables) {
   user().click("CmdNxt");
   EXPECT_EQ(form->Rt1.Text, "only\f");
   EXPECT_FALSE(form->CmdNxt.Enabled);
+}
+
+TEST_F(Moves, GoToRoundsAHalfPageToTheEvenIndex) {
+  open(pages(7));
+  const auto goTo = [&](const char* number) {
+    form->Text2.Text = number;
+    user().type("Text2", "\r");
+    return form->CurrentPage + 1;
+  };
+  expectEach(goTo, Row{"1.5", 1}, Row{"2.5", 3}, Row{"3.5", 3}, Row{"6.6", 7});
 }
 
 class Search : public ReportWindow {

@@ -26,19 +26,22 @@ TEST(IniText, AWriteGivesTheseBytes) {
              Row{"[S]\r\nkk=1\r\n k=2\r\n", "S", "k", "3", "[S]\r\nk=3\r\nkk=1\r\n k=2\r\n"},
              Row{"[\xC4]\r\n\xD6=1\r\n", "\xE4", "\xF6", "2", "[\xC4]\r\n\xF6=2\r\n"},
              Row{"note\r\n[S]\r\na=1\r\n", "S", "b", "a=1 ", "note\r\n[S]\r\nb=a=1 \r\na=1\r\n"},
-             Row{"[S]\na=1\n", "S", "a", "2", "[S]\na=1\n\r\n\r\n[S]\r\na=2\r\n"});
+             Row{"[S]\na=1\nb=3\n", "S", "a", "2", "[S]\na=2\nb=3\r\n"},
+             Row{"[S]\na=1\n\n\n\n[T]\n", "S", "b", "2", "[S]\nb=2\r\na=1\n\n[T]\r\n"},
+             Row{"[S]\ra=1\r\n", "S", "a", "2", "[S]\ra=1\r\n\r\n[S]\r\na=2\r\n"},
+             Row{"[S]\r\na=1\r2\r\n", "S", "a", "3", "[S]\r\na=3\r\n"});
 }
 
 TEST(IniText, AReadFinds) {
   const char file[] =
       "k=0\r\n[S]\r\nA b= x = y \r\nempty=\r\n\r\nbelow blank=1\r\nlist=[1]\r\nhidden=1\r\n"
-      "[S] \r\nk=2\r\n[T]\r\nk=3\r\n[s]\r\nhidden=again\rlast=1";
+      "[S] \r\nk=2\r\n[T]\r\nk=3\r\n[s]\r\nhidden=again\nlast=1\r2\r";
   const auto find = [&](const char* section, const char* key) {
     return findSetting(file, section, key);
   };
   expectEach(find, Row{"s", "a B", " x = y "}, Row{"S", "Empty", ""}, Row{"S", "below blank", "1"},
              Row{"S", "list", std::nullopt}, Row{"S", "k", std::nullopt},
-             Row{"S", "hidden", "again"}, Row{"T", "k", "3"}, Row{"S", "last", "1"},
+             Row{"S", "hidden", "again"}, Row{"T", "k", "3"}, Row{"S", "last", "1\r2\r"},
              Row{"", "k", std::nullopt}, Row{"S", "a", std::nullopt},
              Row{"S] ", "k", std::nullopt});
 }
