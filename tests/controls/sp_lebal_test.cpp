@@ -40,6 +40,25 @@ TEST_F(SpLebalTest, PaintsCaptionAndHotKeyByItsStyle) {
   EXPECT_EQ(paint(300).texts[0].top, -3) << "a caption taller than the surface";
 }
 
+TEST_F(SpLebalTest, StandsInAFrameOfFourLines) {
+  const auto frame = [&](int view) {
+    label.View3D = view;
+    std::ostringstream lines;
+    for (const auto& line : paint().lines) {
+      const char* color = line.color == kButtonShadow ? "dark" : "light";
+      lines << line.x1 << "," << line.y1 << " " << line.x2 << "," << line.y2 << " "
+            << (line.color == kButtonFace ? "face" : color) << "|";
+    }
+    return lines.str();
+  };
+  const std::string sunken =
+      "1499,0 1499,600 light|0,0 0,599 dark|30,599 1500,599 light|0,0 1499,0 dark|";
+  expectEach(frame,
+             Row{1, "1499,0 1499,600 dark|0,0 0,599 light|30,599 1500,599 dark|0,0 1499,0 light|"},
+             Row{0, sunken}, Row{7, sunken},
+             Row{2, "1499,0 1499,600 face|0,0 0,599 face|30,599 1500,599 face|0,0 1499,0 face|"});
+}
+
 TEST_F(SpLebalTest, KeepsItselfInARecord) {
   label.Caption = "GOTO";
   label.Down3D = false;

@@ -49,7 +49,9 @@ TEST_F(Load, HidesWhatIsSwitchedOff) {
     runState().*flag = 1;
   }
   load(pages(1));
-  EXPECT_FALSE(form->JeweledButton1.Visible) << "it has nothing to do";
+  for (const char* idle : {"JeweledButton1", "Label8", "Label10"}) {
+    EXPECT_FALSE(form->at(idle).Visible) << idle << " has nothing to do";
+  }
 }
 
 TEST_F(Load, OffersTheGoToBoxFromSixPagesOn) {

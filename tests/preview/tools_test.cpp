@@ -78,7 +78,15 @@ TEST_F(Tools, ColorChangesAreKept) {
   for (const char* box : {"TXt(3)", "TXt(4)", "TXt(1)"}) user().doubleClick(box);
   EXPECT_EQ(form->TXt[1].BackColor, 128u) << "cancelled";
   EXPECT_EQ(form->Rt1.BackColor, kWhite) << "until the next load";
+  for (int i = 0; i < 7; ++i) {
+    if (i == 3 || i == 4) continue;
+    machine.dialogs.colors = {1000U + static_cast<unsigned>(i)};
+    user().doubleClick("TXt(" + std::to_string(i) + ")");
+    EXPECT_TRUE(form->TXt[i].Locked) << "its text is its color";
+  }
   load("abc\f");
+  const Color kept[] = {1000, 1001, 0, 111, 333, 1005, 1006};
+  for (int i = 0; i < 7; ++i) EXPECT_EQ(form->TXt[i].BackColor, kept[i]) << i;
   EXPECT_EQ(form->Rt1.BackColor, 333u);
   EXPECT_EQ(form->Lb[3].ForeColor, 111u);
   EXPECT_EQ(form->ChSearch.Value, 0);

@@ -60,6 +60,15 @@ TEST_F(DialogsTest, CancellingGivesNothing) {
   const auto cancel = [] { answer<QDialog>([](QDialog& dialog) { dialog.reject(); }); };
   cancel();
   EXPECT_EQ(dialogs.openFile(question), std::nullopt);
+  question.start = folder.path / "selected.txt";
+  replaceFile(question.start, "x", "test");
+  for (const bool saves : {false, true}) {
+    answer<QFileDialog>([](QFileDialog& dialog) {
+      EXPECT_EQ(dialog.selectedFiles().size(), 1);
+      dialog.reject();
+    });
+    EXPECT_EQ(saves ? dialogs.saveFile(question) : dialogs.openFile(question), std::nullopt);
+  }
   cancel();
   EXPECT_EQ(dialogs.color(255), std::nullopt);
 }

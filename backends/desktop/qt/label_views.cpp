@@ -77,7 +77,9 @@ class CommandLabelView : public ControlView {
   void syncColors() override {
     QPalette palette;
     const QColor link = blend(palette.color(QPalette::Link), palette.color(QPalette::WindowText));
-    palette.setColor(QPalette::ButtonText, readable(link, surface()));
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+      palette.setColor(group, QPalette::ButtonText, readable(link, surface()));
+    }
     button_.setPalette(palette);
   }
   void syncContent() override {
