@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "controls/rich_text.h"
+#include "printed/pen.h"
 
 namespace paperway {
 namespace {
@@ -12,6 +13,10 @@ constexpr int kMargin = 720;        // twips
 constexpr int kPaperWidth = 11906;  // A4; wider where the lines are, so that none is broken
 constexpr int kPaperHeight = 16838;
 constexpr double kCharacterWidth = 0.6 * 20;  // of a fixed-pitch font, twips for each point of size
+
+constexpr double kTwipsPerInch = 1440;
+constexpr int kTabColumns = 8;
+constexpr char kDelete = '\x7F';  // takes no place
 
 /// System colours are left to the reader's own; colour 0 of the table means that.
 int colorNumber(const std::vector<Color>& table, Color color) {
@@ -39,24 +44,48 @@ void forEachRun(const RichTextBox& box, const Visit& visit) {
   }
 }
 
-int widestLine(const RichTextBox& box) {  // twips
-  double widest = 0;
-  double width = 0;
-  forEachRun(box, [&](const StyledRun& run) {
-    const double each = run.hidden ? 0 : run.size * kCharacterWidth;
+/// By the rules of printed text, at the pitch of each font.
+class WidestLine {
+ public:
+  void add(const StyledRun& run) {
+    pen_.giveCpi(kTwipsPerInch / (run.size * kCharacterWidth));
     for (const char byte : run.bytes) {
-      width = byte == '\n' ? 0 : width + each;
-      widest = std::max(widest, width);
+      if (byte == '\n' || byte == '\t' || byte == '\b' || byte == '\r') {
+        move(byte);
+      } else if (byte != kDelete && !run.hidden) {
+        pen_.print(1);
+      }
     }
-  });
-  return static_cast<int>(std::min(widest, 500'000.0));
+  }
+
+  int twips() {
+    move('\n');
+    return static_cast<int>(std::min(widest_ * kTwipsPerInch, 500'000.0));
+  }
+
+ private:
+  void move(char byte) {
+    widest_ = std::max(widest_, pen_.left());
+    byte == '\n' ? pen_.endLine() : pen_.obey({&byte, 1});
+  }
+
+  Pen pen_{PrinterPitch(), Pen::Widths::given};
+  double widest_ = 0;  // inches
+};
+
+int widestLine(const RichTextBox& box) {  // twips
+  WidestLine widest;
+  forEachRun(box, [&widest](const StyledRun& run) { widest.add(run); });
+  return widest.twips();
 }
 
 std::string paper(const RichTextBox& box) {
   const std::string margin = std::to_string(kMargin);
   const int width = std::max(kPaperWidth, widestLine(box) + 2 * kMargin);
   return "\\paperw" + std::to_string(width) + "\\paperh" + std::to_string(kPaperHeight) +
-         "\\margl" + margin + "\\margr" + margin + "\\margt" + margin + "\\margb" + margin + "\r\n";
+         "\\margl" + margin + "\\margr" + margin + "\\margt" + margin + "\\margb" + margin +
+         "\\deftab" + std::to_string(std::lround(box.Font.Size * kCharacterWidth * kTabColumns)) +
+         "\r\n";
 }
 
 std::string header(const RichTextBox& box, const std::vector<Color>& colors) {
@@ -88,6 +117,8 @@ void appendByte(std::string& out, char byte) {
     out += "\\page ";
   } else if (byte == '\t') {
     out += "\\tab ";
+  } else if (byte == kDelete) {
+    return;
   } else if (code >= ' ' && code < 0x7F) {
     out += byte;
   } else {

@@ -3,17 +3,6 @@
 #include <algorithm>
 
 namespace paperway {
-namespace {
-
-/// For the pen alone.
-struct NoSink {
-  static void text(std::string_view, const Pen&) {}
-  static void code(std::string_view, const Pen&) {}
-  static bool lineEnd(const Pen&) { return true; }
-  static void pageEnd(const Pen&) {}
-};
-
-}  // namespace
 
 ReportDocument ReportDocument::read(const std::filesystem::path& path) {
   return ReportDocument(PageTable(SharedText::load(path, "LoadFile")));
@@ -33,7 +22,7 @@ ReportExtent ReportDocument::extent(const PageRanges& pages, PrinterPitch pitch,
 }
 
 PrinterPitch ReportDocument::pitchOf(std::int64_t index) const {
-  NoSink sink;
+  NoEvents sink;
   PrintedReader reader(sink);
   if (index > 0) reader.block(pages_.shown(0).view());
   return reader.pen().pitch();

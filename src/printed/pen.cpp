@@ -137,6 +137,22 @@ void Pen::obey(std::string_view code) {
   cpi_ = cpiInForce();
 }
 
+double Pen::cpiInForce() const {
+  switch (widths_) {
+    case Widths::printed:
+      return pitch_.cpi();
+    case Widths::drawn:
+      return pitch_.singleCpi();
+    default:
+      return cpi_;
+  }
+}
+
+void Pen::giveCpi(double cpi) {
+  moveTo(left());
+  cpi_ = cpi;
+}
+
 void Pen::endLine() {
   pitch_.endLine();
   cpi_ = cpiInForce();

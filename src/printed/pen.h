@@ -49,11 +49,13 @@ struct PrintedStyle {
 /// place.
 class Pen {
  public:
-  /// Pages drawn by a computer know no double width.
-  enum class Widths { printed, drawn };
+  /// Pages drawn by a computer know no double width; text in fonts of its own has a given pitch.
+  enum class Widths { printed, drawn, given };
 
   explicit Pen(PrinterPitch pitch = {}, Widths widths = Widths::printed)
-      : pitch_(pitch), widths_(widths), cpi_(cpiInForce()) {}
+      : pitch_(pitch), widths_(widths) {
+    cpi_ = cpiInForce();
+  }
 
   /// Inches from the beginning of the line.
   double left() const { return from_ + static_cast<double>(count_) / cpi_; }
@@ -66,19 +68,20 @@ class Pen {
   const PrinterPitch& pitch() const { return pitch_; }
 
   void print(std::size_t characters) { count_ += characters; }
+  void giveCpi(double cpi);
   /// A whole control code that ends neither line nor page.
   void obey(std::string_view code);
   void endLine();
 
  private:
-  double cpiInForce() const { return widths_ == Widths::drawn ? pitch_.singleCpi() : pitch_.cpi(); }
+  double cpiInForce() const;
   void moveTo(double left);
   void tab();
 
   PrinterPitch pitch_;
   Widths widths_;
   PrintedStyle style_;
-  double cpi_;
+  double cpi_ = 10;
   double from_ = 0;        // inches, and behind it
   std::size_t count_ = 0;  // characters at the pitch in force
 };

@@ -19,6 +19,14 @@ inline bool isPlain(std::string_view bytes) {
   return controls == 0;
 }
 
+/// Events that a sink has no use for.
+struct NoEvents {
+  static void text(std::string_view, const Pen&) {}
+  static void code(std::string_view, const Pen&) {}
+  static bool lineEnd(const Pen&) { return true; }
+  static void pageEnd(const Pen&) {}
+};
+
 /// Reads a report, or what a printer gets, as events, from blocks of any size. A line ends in CR LF
 /// or LF, a page in a form feed. The sink is told
 ///

@@ -59,13 +59,13 @@ class ExtentScan {
   /// The whole report has been seen.
   ReportExtent end();
 
- private:
-  friend class PrintedReader<ExtentScan>;
+  // Events.
   void text(std::string_view bytes, const Pen& pen);
   void code(std::string_view, const Pen&) { foreign_.endText(); }
   bool lineEnd(const Pen&);
   void pageEnd(const Pen&);
 
+ private:
   const bool printed_;
   const PageRanges pages_;
   std::int64_t place_ = 0;  // of the page among them

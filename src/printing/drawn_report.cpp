@@ -3,10 +3,62 @@
 #include <string>
 
 #include "paperway/automation_error.h"
-#include "printing/drawn_page.h"
+#include "printed/printed_reader.h"
+#include "util/code_page.h"
 
 namespace paperway {
 namespace {
+
+/// Takes the page's text run by run, and makes a text to draw of what stands in one run at one
+/// pitch.
+class PageDrawing : public NoEvents {
+ public:
+  explicit PageDrawing(PrinterPitch pitch) : reader_(*this, Pen(pitch, Pen::Widths::drawn)) {}
+  PageDrawing(const PageDrawing&) = delete;
+  PageDrawing& operator=(const PageDrawing&) = delete;
+
+  void add(const StyledRun& run) {
+    run_ = &run;
+    reader_.block(run.bytes);
+  }
+
+  PrintedPage end() {
+    reader_.end();
+    if (!line_.empty()) page_.push_back(std::move(line_));
+    return std::move(page_);
+  }
+
+  const PrinterPitch& pitch() const { return reader_.pen().pitch(); }
+
+  // Events.
+  void text(std::string_view bytes, const Pen& pen) {
+    if (run_->hidden) return;
+    const Color ink = isSystemColor(run_->color) ? 0 : run_->color;
+    line_.push_back({CodePage::windows1252().decode(bytes), pen.left(), pen.cpi(), ink, run_->bold,
+                     run_->underline});
+  }
+  bool lineEnd(const Pen&) {
+    page_.push_back(std::exchange(line_, {}));
+    return true;
+  }
+
+ private:
+  const StyledRun* run_ = nullptr;
+  PrintedLine line_;
+  PrintedPage page_;
+  PrintedReader<PageDrawing> reader_;
+};
+
+/// Each character stands at the pitch that the page's codes ask for, in the look of its run; codes
+/// and what the page hides leave no trace. `pitch` is that of the page's beginning, and afterwards
+/// of its end.
+PrintedPage drawnPage(const std::vector<StyledRun>& runs, PrinterPitch& pitch) {
+  PageDrawing drawing(pitch);
+  for (const StyledRun& run : runs) drawing.add(run);
+  PrintedPage page = drawing.end();
+  pitch = drawing.pitch();
+  return page;
+}
 
 [[noreturn]] void refuse(const std::string& reason) {
   throw AutomationError(AutomationError::kInvalidCall, "PrintExport", reason);

@@ -114,7 +114,7 @@ void PanelJob::printDrawn() {
   const Drawing drawing(form_);
   chooseCurrentPrinter();
   try {
-    withPanelAway([this] { form_.PrintExport(); });
+    withPanelAway([this] { draw(); });
   } catch (const AutomationError& error) {
     platform_.messageBox.show(error.description(), "Printer Error Information",
                               MessageBox::Buttons::ok, MessageBox::Icon::information);

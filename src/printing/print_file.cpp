@@ -7,6 +7,7 @@
 #include "paperway/platform/message_box.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/spooler.h"
+#include "printed/printed_reader.h"
 #include "printing/print_stream.h"
 #include "session/run_state.h"
 #include "session/settings_store.h"
@@ -42,27 +43,41 @@ PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
           .linesOut = arguments.linesOut};
 }
 
-/// Form feeds among the first bytes of the job, but for the numbers of the set-up.
+/// Pages that end among the first bytes of a job.
+class EndedPages : public NoEvents {
+ public:
+  explicit EndedPages(std::uint64_t bytes) : left_(bytes), reader_(*this) {}
+  EndedPages(const EndedPages&) = delete;
+  EndedPages& operator=(const EndedPages&) = delete;
+
+  void add(std::string_view piece) {
+    const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(left_, piece.size()));
+    reader_.block(piece.substr(0, size));
+    left_ -= size;
+  }
+  bool isComplete() const { return left_ == 0; }
+  std::uint64_t count() const { return count_; }
+
+  void pageEnd(const Pen&) { ++count_; }
+
+ private:
+  std::uint64_t left_;
+  std::uint64_t count_ = 0;
+  PrintedReader<EndedPages> reader_;
+};
+
 std::uint64_t wholePages(InputFile& file, const PrintStreamSettings& settings,
                          std::uint64_t bytes) {
   struct Enough {};
-  const std::uint64_t setup = printerSetup(settings).size();
-  std::uint64_t at = 0;
-  std::uint64_t pages = 0;
+  EndedPages pages(bytes);
   try {
     writePrintStream(file, settings, [&](std::string_view piece) {
-      const std::uint64_t left = bytes - std::min(at, bytes);
-      const auto end =
-          piece.begin() + static_cast<std::ptrdiff_t>(std::min<std::uint64_t>(left, piece.size()));
-      if (at >= setup) {
-        pages += static_cast<std::uint64_t>(std::count(piece.begin(), end, kFormFeed));
-      }
-      at += piece.size();
-      if (at >= bytes) throw Enough();
+      pages.add(piece);
+      if (pages.isComplete()) throw Enough();
     });
   } catch (const Enough&) {
   }
-  return pages;
+  return pages.count();
 }
 
 std::string howFarItCame(InputFile& file, const PrintStreamSettings& settings,

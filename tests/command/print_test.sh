@@ -43,6 +43,9 @@ if $print --pdf all.pdf 2>said; then
   [ "$(pdftotext two.pdf - | tr -d '\n')" = $'café\fcafé\f' ] || fail "two copies of page 3"
   expect 0 '' $print --pages 1,3 --pdf two.pdf
   [ "$(pdftotext two.pdf - | tr -d '\n')" = $'one\fcafé\f' ] || fail "a PDF of pages 1 and 3"
+  seq 300000 >long.txt
+  expect 0 'warning: Will not fit: 300000 lines' "$paperway" print long.txt --pdf long.pdf
+  [ "$(stat -c %s long.pdf)" -lt 100000 ] || fail "lines beyond the paper are in the PDF"
   expect 1 'It is written to directly and takes raw text alone' $print --styled
   expect 1 'none/all.pdf' $print --pdf none/all.pdf
 else

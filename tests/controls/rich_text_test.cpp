@@ -161,13 +161,13 @@ TEST_F(RichText, EditsCanBeTakenBack) {
 }
 
 TEST_F(RichText, SavesRichText) {
-  box.Text = "{a}\\\r\n\033E\351\f";
-  box.format(6, 9, {.size = 20, .color = 128, .bold = true});
+  box.Text = "{a}\\\x7F\r\n\033E\351\f";
+  box.format(7, 10, {.size = 20, .color = 128, .bold = true});
   box.SaveFile(folder.path / "out.rtf", RichTextBox::rtfRTF);
   EXPECT_EQ(readFile(folder.path / "out.rtf", "test"),
             "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 Courier "
             "New;}}\r\n{\\colortbl ;\\red128\\green0\\blue0;}\r\n"
-            "\\paperw11906\\paperh16838\\margl720\\margr720\\margt720\\margb720\r\n"
+            "\\paperw11906\\paperh16838\\margl720\\margr720\\margt720\\margb720\deftab1080\r\n"
             "\\pard\\plain\\f0\r\n"
             "\\b0\\ul0\\fs23\\cf0 \\{a\\}\\\\\\par\r\n"
             "\\b\\ul0\\fs40\\cf1 \\'1bE\\'e9\\b0\\ul0\\fs23\\cf0 }\r\n");

@@ -116,6 +116,7 @@ class PdfJob : public StyledJob {
   double pointsPerInch_ = 0;  // size of a font with one character to the inch
   double left_ = 0;           // of the text, in inches
   double top_ = 0;
+  double height_ = 0;  // of the paper
 };
 
 void PdfJob::begin() {
@@ -128,6 +129,7 @@ void PdfJob::begin() {
   const QSizeF paper = layout.fullRect(QPageLayout::Inch).size();
   left_ = margin(paper.width(), document_.width);
   top_ = margin(paper.height(), document_.height);
+  height_ = paper.height();
   font_ = QFont(QStringLiteral("Courier New"));
   font_.setStyleHint(QFont::TypeWriter);
   font_.setFixedPitch(true);
@@ -149,6 +151,7 @@ void PdfJob::page(const PrintedPage& lines) {
   const double ascent = 0.8 / kLinesPerInch;
   double top = top_;
   for (const PrintedLine& line : lines) {
+    if (top > height_) break;
     for (const PrintedText& piece : line) draw(piece, top + ascent);
     top += 1 / kLinesPerInch;
   }
