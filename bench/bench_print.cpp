@@ -8,14 +8,17 @@
 #include <sys/resource.h>
 
 #include "backends/desktop/system/direct_spooler.h"
+#include "paperway/storage.h"
+#include "platform/input_file.h"
 #include "printed/report_extent.h"
 #include "printing/print_stream.h"
-#include "util/input_file.h"
 
 namespace paperway {
 namespace {
 
 namespace fs = std::filesystem;
+
+desktop::Storage storage;
 
 constexpr int kPages = 107'000;
 constexpr int kLines = 50;
@@ -60,7 +63,7 @@ void StreamToNowhere(benchmark::State& state) {
   report();
   for (auto _ : state) {
     std::size_t bytes = 0;
-    InputFile file(report(), "bench");
+    InputFile file(storage, report(), "bench");
     writePrintStream(file, kSettings, [&](std::string_view piece) { bytes += piece.size(); });
     benchmark::DoNotOptimize(bytes);
   }
@@ -76,7 +79,7 @@ void StreamToFile(benchmark::State& state) {
   for (auto _ : state) {
     const auto job = desktop::DirectSpooler(printers).open("File");
     job->start("report", DocumentFormat::raw);
-    InputFile file(report(), "bench");
+    InputFile file(storage, report(), "bench");
     writePrintStream(file, kSettings, [&](std::string_view piece) { job->write(piece); });
     job->end();
   }
@@ -89,7 +92,7 @@ void MeasureFit(benchmark::State& state) {
   report();
   for (auto _ : state) {
     ExtentScan scan({});
-    readBlocks(report(), "bench", [&](std::string_view block) { scan.block(block); });
+    readBlocks(storage, report(), "bench", [&](std::string_view block) { scan.block(block); });
     benchmark::DoNotOptimize(scan.end());
   }
   finish(state);

@@ -7,6 +7,7 @@
 #include <paperway/class1.h>
 #include <paperway/headless.h>
 #include <paperway/sqlite.h>
+#include <paperway/storage.h>
 
 int main(int argc, char** argv) try {
   if (argc != 3) {
@@ -17,7 +18,8 @@ int main(int argc, char** argv) try {
   paperway::SqliteRecordset columns(database, "SELECT * FROM columns");
   paperway::SqliteRecordset rows(database, "SELECT * FROM sales");
 
-  paperway::headless::Headless machine("host-files");  // a machine without a screen
+  paperway::desktop::Storage files;
+  paperway::headless::Headless machine("host-files", files);  // a machine without a screen
   paperway::Class1 report(machine.platform());
   report.Set_Repot_Format(columns);
   if (!report.formatIsWhole()) throw *report.lastFailure();  // an earlier report stays

@@ -33,8 +33,8 @@ class Desk {
   virtual void run() = 0;
   /// In logical pixels.
   virtual void resize(int width, int height) = 0;
-  /// Writes a picture (PNG) of the form that was shown last.
-  virtual void draw(const std::filesystem::path& picture) = 0;
+  /// Writes a picture (PNG) of the form that was shown last, which shows that report.
+  virtual void draw(const std::filesystem::path& picture, const std::filesystem::path& report) = 0;
 };
 
 /// Opens a report with everything on offer; returns when the last window is closed.

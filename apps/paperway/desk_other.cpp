@@ -8,14 +8,17 @@
 #include <vector>
 
 #include "apps/paperway/desk.h"
-#include "util/input_file.h"
+#include "paperway/storage.h"
+#include "platform/input_file.h"
 
 namespace paperway::command {
 
 std::unique_ptr<Desk> Desk::open(const Options& /*options*/) {
   const auto program =
       std::filesystem::read_symlink("/proc/self/exe").parent_path() / "paperway-desk";
-  std::string line = readFile("/proc/self/cmdline", "paperway");  // each word ends in a zero
+  desktop::Storage storage;
+  std::string line =
+      readFile(storage, "/proc/self/cmdline", "paperway");  // each word ends in a zero
   std::vector<char*> words;
   for (std::size_t at = 0; at < line.size(); at += std::strlen(&line[at]) + 1) {
     words.push_back(&line[at]);

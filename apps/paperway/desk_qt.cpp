@@ -1,5 +1,5 @@
 #include <QApplication>
-#include <QFile>
+#include <QBuffer>
 #include <cmath>
 #include <cstdlib>
 #include <stdexcept>
@@ -16,7 +16,7 @@
 #include "backends/desktop/qt/shell.h"
 #include "backends/desktop/qt/windows.h"
 #include "backends/desktop/system/system.h"
-#include "util/output_file.h"
+#include "platform/output_file.h"
 
 namespace paperway::command {
 namespace {
@@ -32,14 +32,14 @@ void requireDisplay() {
 
 /// Windows without a display stand on a screen of a common size. Qt reads the file when it starts;
 /// whoever asks for the same scale writes the same.
-std::string offscreen(const std::filesystem::path& folder, double scale) {
+std::string offscreen(Storage& storage, const std::filesystem::path& folder, double scale) {
   const auto side = [scale](int pixels) { return std::to_string(std::lround(pixels * scale)); };
   const std::filesystem::path screen = folder / ("screen-" + side(1920) + ".json");
-  replaceFile(screen,
+  replaceFile(storage, screen,
               R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": )" + side(1920) +
                   R"(, "height": )" + side(1080) +
                   R"(, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})",
-              "preview");
+              "preview", {.lasting = false});
   return "offscreen:configfile=" + screen.string();
 }
 
@@ -61,6 +61,7 @@ class QtDesk : public Desk {
             .clipboard = clipboard_,
             .dialogs = dialogs_,
             .shell = shell_,
+            .storage = system_.storage,
             .files = system_.files,
             .clock = system_.clock,
             .names = system_.names,
@@ -79,15 +80,18 @@ class QtDesk : public Desk {
     QApplication::processEvents();
   }
 
-  void draw(const std::filesystem::path& picture) override {
+  void draw(const std::filesystem::path& picture, const std::filesystem::path& report) override {
     qt::FormWindow& window = *windows_.windows().back();
     window.sync();
     QApplication::processEvents();
-    QFile file(QFile::decodeName(picture.c_str()));
-    if (!file.open(QIODevice::WriteOnly) || !window.grab().save(&file, "PNG") || !file.flush()) {
-      throw std::runtime_error(picture.string() +
-                               " cannot be written: " + file.errorString().toStdString());
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::WriteOnly) || !window.grab().save(&buffer, "PNG")) {
+      throw std::runtime_error("The picture \"" + picture.string() + "\" cannot be made.");
     }
+    replaceFile(system_.storage, picture,
+                {bytes.constData(), static_cast<std::size_t>(bytes.size())}, "preview",
+                {.inputs = {report}});
   }
 
  private:
@@ -98,7 +102,7 @@ class QtDesk : public Desk {
   std::unique_ptr<QApplication> application_;
   desktop::System system_;
   UserPrinters user_;
-  qt::PrintDevice printDevice_{user_.spooler};
+  qt::PrintDevice printDevice_{system_.storage, user_.spooler};
   qt::Windows windows_;
   qt::MessageBox messageBox_;
   qt::Clipboard clipboard_;
@@ -111,7 +115,8 @@ class QtDesk : public Desk {
 std::unique_ptr<Desk> Desk::open(const Options& options) {
   if (options.screenless) {
     desktop::Folders folders;
-    setenv("QT_QPA_PLATFORM", offscreen(folders.temporary(), options.scale).c_str(), 1);
+    desktop::Storage storage;
+    setenv("QT_QPA_PLATFORM", offscreen(storage, folders.temporary(), options.scale).c_str(), 1);
     setenv("QT_SCALE_FACTOR", std::to_string(options.scale).c_str(), 1);
     setenv("XDG_RUNTIME_DIR", folders.temporary().c_str(), 0);
   } else {

@@ -18,6 +18,7 @@ class Machine {
             .clipboard = screenless_.clipboard,
             .dialogs = screenless_.dialogs,
             .shell = screenless_.shell,
+            .storage = system_.storage,
             .files = system_.files,
             .clock = system_.clock,
             .names = system_.names,

@@ -119,7 +119,7 @@ void preview(const PreviewOptions& options) {
     desk->resize(options.size[0], options.size[1]);
   }
   for (const std::string& act : options.acts) perform(form, act);
-  desk->draw(options.picture);
+  desk->draw(options.picture, options.file);
 }
 
 }  // namespace

@@ -13,13 +13,13 @@
 #include "apps/paperway/machine.h"
 #include "apps/paperway/stop_signals.h"
 #include "apps/paperway/user_printers.h"
+#include "platform/input_file.h"
 #include "printed/page_ranges.h"
 #include "printing/drawn_report.h"
 #include "printing/page_fit.h"
 #include "printing/print_file.h"
 #include "session/run_state.h"
 #include "session/settings_store.h"
-#include "util/input_file.h"
 
 namespace paperway::command {
 namespace {
@@ -55,21 +55,22 @@ void warn(const std::vector<std::string>& warnings) {
   if (!warnings.empty()) std::cerr << "warning: " << fitLine(warnings) << "\n";
 }
 
-ReportExtent extentOf(const std::string& file, const PrintOptions& options) {
+ReportExtent extentOf(Storage& storage, const std::string& file, const PrintOptions& options) {
   ExtentScan scan({options.pitch == 12, options.pitch == 17}, Pen::Widths::printed, options.chosen);
-  readBlocks(file, "PrintFile", [&](std::string_view block) { scan.block(block); });
+  readBlocks(storage, file, "PrintFile", [&](std::string_view block) { scan.block(block); });
   return scan.end();
 }
 
 /// The report, or a work file of this job alone with the pages that were asked for.
 class FileToPrint {
  public:
-  FileToPrint(const PrintOptions& options, Folders& folders) : path_(options.file) {
+  FileToPrint(const PrintOptions& options, Storage& storage, Folders& folders)
+      : path_(options.file) {
     if (options.pages.empty() || !std::filesystem::exists(path_)) return;
     folder_ = folders.temporary() / ("print-" + std::to_string(getpid()));
     std::filesystem::create_directories(folder_);
     path_ = folder_ / std::filesystem::path(options.file).filename();
-    requirePages(options, writePages(options.file, options.chosen, path_));
+    requirePages(options, writePages(storage, options.file, options.chosen, path_));
   }
   ~FileToPrint() {
     std::error_code ignored;
@@ -134,7 +135,7 @@ void printRaw(const PrintOptions& options) {
   StoppableSpooler spooler(user.spooler);
   const Platform screenless = machine.platform();
   const Platform platform = screenless.with(spooler, user.printers, screenless.printDevice);
-  const FileToPrint part(options, platform.folders);
+  const FileToPrint part(options, platform.storage, platform.folders);
   const std::string file = part.path();
   PrintFileArguments arguments{.fileName = file,
                                .printerName = options.printer,
@@ -146,8 +147,9 @@ void printRaw(const PrintOptions& options) {
                                .linesOut = static_cast<std::uint8_t>(options.tear[1])};
   if (arguments.printerName.empty()) arguments.printerName = user.printers.current();
   if (std::filesystem::is_regular_file(file)) {
-    warn(fitWarnings(extentOf(file, options), rawRoom(user.printers.settings(arguments.printerName),
-                                                      arguments.paperHeight)));
+    warn(
+        fitWarnings(extentOf(platform.storage, file, options),
+                    rawRoom(user.printers.settings(arguments.printerName), arguments.paperHeight)));
   }
   if (!PrintFile(arguments, platform, runState())) throw Told();
 }
@@ -172,15 +174,17 @@ PageSettings paperFor(const PrintOptions& options, const ReportExtent& report, P
 void printStyled(const PrintOptions& options) {
   const std::unique_ptr<Desk> desk = Desk::open({.screenless = true});
   const Platform platform = desk->platform();
-  const ReportDocument file = ReportDocument::read(options.file);
+  const ReportDocument file = ReportDocument::read(platform.storage, options.file);
   const std::int64_t count = file.pages().PageCount();
   requirePages(options, count);
-  const ReportViewSettings settings(settingsPath(platform.folders, RunContext()->ModGuidComp));
+  const ReportViewSettings settings(platform.storage,
+                                    settingsPath(platform.folders, RunContext()->ModGuidComp));
   const DrawnReport drawn{file, options.chosen.within(count), storedLook(settings), options.copies};
   const ReportExtent report = drawn.extent();
   StyledDocument document{.name = documentNameOf(options.file),
                           .printer = options.printer,
                           .file = options.pdf,
+                          .sources = {options.file},
                           .settings = paperFor(options, report, platform.printers)};
   if (document.printer.empty()) document.printer = platform.printers.current();
   warn(fitWarnings(report, sheetRoom(document.settings)));

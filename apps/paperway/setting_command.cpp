@@ -6,7 +6,9 @@
 #include "apps/paperway/commands.h"
 #include "backends/desktop/system/folders.h"
 #include "paperway/automation_error.h"
+#include "paperway/storage.h"
 #include "session/settings_store.h"
+#include "util/path_text.h"
 
 namespace paperway::command {
 namespace {
@@ -19,7 +21,7 @@ struct SettingOptions {
   std::string company;
 
   void addTo(CLI::App& app);
-  std::string path() const;
+  std::filesystem::path path() const;
 };
 
 void SettingOptions::addTo(CLI::App& app) {
@@ -35,8 +37,8 @@ void SettingOptions::addTo(CLI::App& app) {
       ->excludes(fileOption);
 }
 
-std::string SettingOptions::path() const {
-  if (!file.empty()) return file;
+std::filesystem::path SettingOptions::path() const {
+  if (!file.empty()) return pathOf(file);
   desktop::Folders folders;
   return settingsPath(folders, company);
 }
@@ -47,19 +49,21 @@ std::string SettingOptions::path() const {
 
 void printSetting(const SettingOptions& options) {
   constexpr char kNone[] = "\r";  // no value holds a line end
-  const std::string path = options.path();
+  const std::filesystem::path path = options.path();
   if (!options.file.empty() && !std::filesystem::exists(path))
-    raiseMissing("file \"" + path + "\"");
-  const std::string value = ReadIniValue(path, options.section, options.key, kNone);
+    raiseMissing("file \"" + textOf(path) + "\"");
+  desktop::Storage storage;
+  const std::string value = ReadIniValue(storage, path, options.section, options.key, kNone);
   if (value == kNone) {
-    raiseMissing("key \"" + options.key + "\" in section \"" + options.section + "\" of \"" + path +
-                 "\"");
+    raiseMissing("key \"" + options.key + "\" in section \"" + options.section + "\" of \"" +
+                 textOf(path) + "\"");
   }
   std::cout << value << std::endl;
 }
 
 void writeSetting(const SettingOptions& options) {
-  WriteIniValue(options.path(), options.section, options.key, options.value);
+  desktop::Storage storage;
+  WriteIniValue(storage, options.path(), options.section, options.key, options.value);
 }
 
 }  // namespace

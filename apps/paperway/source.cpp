@@ -7,7 +7,9 @@
 #include "paperway/memory.h"
 #include "paperway/odbc.h"
 #include "paperway/sqlite.h"
+#include "paperway/storage.h"
 #include "report/report_format.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace paperway::command {
@@ -73,7 +75,8 @@ std::unique_ptr<Recordset> Source::rows(const std::string& statement) const {
 
 std::unique_ptr<Recordset> Source::columns(const std::string& fileOrStatement) const {
   if (isStatement(fileOrStatement)) return rows(fileOrStatement);
-  return withNullableFields(readCsvFile(fileOrStatement));
+  desktop::Storage storage;
+  return withNullableFields(readCsvFile(storage, pathOf(fileOrStatement)));
 }
 
 }  // namespace paperway::command

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "paperway/memory.h"
+#include "paperway/storage.h"
 
 namespace {
 
@@ -278,7 +279,8 @@ void makeLedger(const std::filesystem::path& file, std::int64_t rows) {
   {
     Database database(unfinished);
     database.run("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; BEGIN");
-    writeColumns(database, paperway::readCsvFile(PAPERWAY_LEDGER_COLUMNS));
+    paperway::desktop::Storage storage;
+    writeColumns(database, paperway::readCsvFile(storage, PAPERWAY_LEDGER_COLUMNS));
     database.run(
         "CREATE TABLE sales(region TEXT, customer TEXT, voucher TEXT, date DATE,"
         " item TEXT, quantity INTEGER, rate REAL, amount REAL)");

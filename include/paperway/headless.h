@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "paperway/automation_error.h"
@@ -21,6 +22,7 @@
 #include "paperway/platform/printers.h"
 #include "paperway/platform/shell.h"
 #include "paperway/platform/spooler.h"
+#include "paperway/platform/storage.h"
 #include "paperway/platform/system_names.h"
 #include "paperway/platform/user_store.h"
 #include "paperway/platform/windows.h"
@@ -42,6 +44,42 @@ class SystemNames : public paperway::SystemNames {
 
   std::string computer = "HEADLESS";
   std::string user = "nobody";
+};
+
+/// Hands each step on to another storage, counts it, and fails one on demand.
+class Storage : public paperway::Storage {
+ public:
+  /// Files by the standard library alone: replaced in one step, but neither synced nor locked, and
+  /// without the owner of what they replace. A host that keeps what it makes hands over a real one.
+  Storage();
+  /// A real one (paperway/storage.h), which outlives the object.
+  explicit Storage(paperway::Storage& real) : real_(real) {}
+
+  std::size_t steps = 0;   // that have begun
+  std::size_t failAt = 0;  // number of the step that fails, from 1; 0: none
+  std::string failed;      // its name, "write"
+  std::error_code failure = std::make_error_code(std::errc::no_space_on_device);
+
+  /// A step of that name begins.
+  void note(const char* step);
+
+  FileStatus status(const Path& path) override;
+  bool isSame(const Path& one, const Path& other) override;
+  Path behindLinks(const Path& path) override;
+  std::unique_ptr<StoredFile> openToRead(const Path& path) override;
+  std::unique_ptr<StoredFile> openToAppend(const Path& path) override;
+  std::unique_ptr<StoredFile> openToChange(const Path& path, FileAccess access) override;
+  std::unique_ptr<StoredFile> create(const Path& path, FileAccess access) override;
+  void rename(const Path& from, const Path& to) override;
+  void remove(const Path& path) override;
+  void removeAbandoned(const Path& path) override;
+  void syncFolder(const Path& folder) override;
+  std::vector<Path> names(const Path& folder) override;
+  void makeWritable(const Path& path) override;
+
+ private:
+  std::unique_ptr<paperway::Storage> own_;
+  paperway::Storage& real_;
 };
 
 /// Works on real files, so that what it makes can be opened; names and dates come from a script.
@@ -219,6 +257,9 @@ class Folders : public paperway::Folders {
 /// A machine without a screen: for tests and servers.
 struct Headless {
   explicit Headless(const std::filesystem::path& root) : folders(root), files(root / "temporary") {}
+  /// With files that last: a real storage (paperway/storage.h), which outlives the object.
+  Headless(const std::filesystem::path& root, paperway::Storage& real)
+      : folders(root), storage(real), files(root / "temporary") {}
 
   MessageBox messageBox;
   Windows windows;
@@ -226,6 +267,7 @@ struct Headless {
   Clipboard clipboard;
   Dialogs dialogs;
   Shell shell;
+  Storage storage;
   FileSystem files;
   Clock clock;
   SystemNames names;
@@ -235,8 +277,8 @@ struct Headless {
   PrintDevice printDevice{printers};
 
   Platform platform() {
-    return {messageBox, windows, folders,   clipboard, dialogs,  shell,      files,
-            clock,      names,   userStore, spooler,   printers, printDevice};
+    return {messageBox, windows, folders, clipboard, dialogs, shell,    storage,
+            files,      clock,   names,   userStore, spooler, printers, printDevice};
   }
 };
 

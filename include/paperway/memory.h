@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/platform/storage.h"
 #include "paperway/recordset.h"
 
 namespace paperway {
@@ -42,6 +43,10 @@ class MemoryTable final : public Recordset {
   }
   bool Eof() const override { return row_ >= rowCount_; }
   std::int64_t RecordCount() const override { return static_cast<std::int64_t>(rowCount_); }
+
+  /// The file that the rows were read from.
+  void setSourceFile(std::filesystem::path file) { sourceFiles_ = {std::move(file)}; }
+  std::vector<std::filesystem::path> sourceFiles() const override { return sourceFiles_; }
 
   std::size_t fieldCount() const override { return names_.size(); }
   std::string_view fieldName(std::size_t ordinal) const override { return names_[ordinal]; }
@@ -93,6 +98,7 @@ class MemoryTable final : public Recordset {
   Cell stored(ValueView value);
   char* room(std::size_t bytes);
 
+  std::vector<std::filesystem::path> sourceFiles_;
   std::vector<std::string> names_;
   std::vector<Cell> cells_;  // row by row
   std::size_t rowCount_ = 0;
@@ -109,6 +115,6 @@ class MemoryTable final : public Recordset {
 MemoryTable parseCsv(std::string_view text, std::string_view fileName);
 
 /// The same from a file.
-MemoryTable readCsvFile(const std::filesystem::path& path);
+MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path);
 
 }  // namespace paperway

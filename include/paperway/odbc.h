@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -69,6 +70,9 @@ class OdbcRecordset : public Recordset {
   /// -1 until the last row has been reached.
   std::int64_t RecordCount() const override { return count_; }
 
+  /// The file of a SQLite database. Others keep their files to themselves.
+  std::vector<std::filesystem::path> sourceFiles() const override { return sourceFiles_; }
+
   std::size_t fieldCount() const override;
   std::string_view fieldName(std::size_t ordinal) const override;
   ValueView value(std::size_t ordinal) const override;
@@ -78,6 +82,7 @@ class OdbcRecordset : public Recordset {
   void keepRow();
   [[noreturn]] static void raiseNoRow();
 
+  std::vector<std::filesystem::path> sourceFiles_;
   std::unique_ptr<OdbcCursor> cursor_;
   std::vector<Value> lastRow_;   // of which the cursor is past; in use when `onLastRow_`
   std::int64_t rowsBefore_ = 0;  // the block

@@ -12,6 +12,7 @@ class PrintDevice;
 class Printers;
 class Shell;
 class Spooler;
+class Storage;
 class SystemNames;
 class UserStore;
 class Windows;
@@ -25,6 +26,7 @@ struct Platform {
   Clipboard& clipboard;
   Dialogs& dialogs;
   Shell& shell;
+  Storage& storage;
   FileSystem& files;
   Clock& clock;
   SystemNames& names;
@@ -35,12 +37,12 @@ struct Platform {
 
   /// The same machine with other windows, or with other printers.
   Platform with(Windows& shown) const {
-    return {messageBox, shown, folders,   clipboard, dialogs,  shell,      files,
-            clock,      names, userStore, spooler,   printers, printDevice};
+    return {messageBox, shown, folders, clipboard, dialogs, shell,    storage,
+            files,      clock, names,   userStore, spooler, printers, printDevice};
   }
   Platform with(Spooler& queues, Printers& known, PrintDevice& device) const {
-    return {messageBox, windows, folders,   clipboard, dialogs, shell, files,
-            clock,      names,   userStore, queues,    known,   device};
+    return {messageBox, windows, folders, clipboard, dialogs, shell, storage,
+            files,      clock,   names,   userStore, queues,  known, device};
   }
 };
 

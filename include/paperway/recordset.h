@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "paperway/value.h"
 
@@ -40,6 +42,10 @@ class Recordset {
   std::ptrdiff_t findField(std::string_view name) const;
   /// The same; an unknown name raises kItemNotFound, which names it and lists those that there are.
   std::size_t fieldOrdinal(std::string_view name) const;
+
+  /// The files that the rows come from, as far as they are known: a report must not take the place
+  /// of one.
+  virtual std::vector<std::filesystem::path> sourceFiles() const { return {}; }
 
   paperway::Fields Fields() const;
 };

@@ -54,6 +54,8 @@ class SqliteRecordset : public Recordset {
   void MoveLast() override;
   void MoveNext() override;
   bool Eof() const override { return eof_; }
+  /// Those of the databases that the connection has open, and of their journals.
+  std::vector<std::filesystem::path> sourceFiles() const override;
   std::int64_t RecordCount() const override { return count_; }
 
   std::size_t fieldCount() const override { return columns_.size(); }

@@ -2,8 +2,8 @@
 
 #include "controls/text_search.h"
 #include "paperway/automation_error.h"
+#include "platform/output_file.h"
 #include "util/code_page.h"
-#include "util/output_file.h"
 
 namespace paperway {
 namespace {
@@ -25,15 +25,15 @@ RichTextBox::RichTextBox(Form& owner, std::string itsName, Control* itsContainer
   Font = BaseLook().font;
 }
 
-void RichTextBox::LoadFile(const std::filesystem::path& path) {
-  if (loaded_ == nullptr || !loaded_->isContentOf(path)) {
-    loaded_ = SharedText::load(path, "LoadFile");
+void RichTextBox::LoadFile(Storage& storage, const std::filesystem::path& path) {
+  if (loaded_ == nullptr || !loaded_->isContentOf(storage, path)) {
+    loaded_ = SharedText::load(storage, path, "LoadFile");
   }
   show({loaded_, 0, loaded_->view().size()});
 }
 
-void RichTextBox::SaveFile(const std::filesystem::path& path, int type) const {
-  OutputFile file(path, "SaveFile");
+void RichTextBox::SaveFile(Storage& storage, const std::filesystem::path& path, int type) const {
+  OutputFile file(storage, path, "SaveFile");
   const auto out = [&file](std::string_view bytes) { file.write(bytes); };
   if (type == rtfText) {
     write(out);

@@ -22,6 +22,7 @@
 #include "util/colors.h"
 #include "util/control_strings.h"
 #include "util/extremes.h"
+#include "util/path_text.h"
 #include "util/revision.h"
 #include "util/text_tools.h"
 #include "util/value_text.h"
@@ -92,7 +93,7 @@ PreviewReportArguments PreviewReportArguments::withEverything(std::string path) 
 void Class1::Text_Rpt(TextRptArguments& arguments) {
   state_->lastFailure.reset();
   try {
-    writeTextReport(arguments, state_->ReportFormat, state_->font);
+    writeTextReport(arguments, state_->ReportFormat, state_->font, platform_.storage);
   } catch (const MissingGroupField& missing) {
     state_->lastFailure = missing;
     platform_.messageBox.show(" Please Check for RecordSet \r\n" + missing.field() +
@@ -166,12 +167,12 @@ void Class1::Set_Orientation(std::string_view PL, std::int16_t Page_Sz) {
 
 std::string Class1::ReadIniValue(const std::string& INIpath, std::string_view KEY,
                                  std::string_view Variable, std::string_view DefultVal) {
-  return paperway::ReadIniValue(INIpath, KEY, Variable, DefultVal);
+  return paperway::ReadIniValue(platform_.storage, pathOf(INIpath), KEY, Variable, DefultVal);
 }
 
 void Class1::WriteIniValue(const std::string& INIpath, std::string_view PutKey,
                            std::string_view PutVariable, std::string_view PutValue) {
-  paperway::WriteIniValue(INIpath, PutKey, PutVariable, PutValue);
+  paperway::WriteIniValue(platform_.storage, pathOf(INIpath), PutKey, PutVariable, PutValue);
 }
 
 void Class1::Guid_comp1(std::string Guid_comp1) {

@@ -35,7 +35,7 @@ FrmReport::FrmReport(const Platform& platform, RunContext context)
 }
 
 ReportViewSettings FrmReport::settings() const {
-  return ReportViewSettings(settingsPath(platform_.folders, run->ModGuidComp));
+  return ReportViewSettings(platform_.storage, settingsPath(platform_.folders, run->ModGuidComp));
 }
 
 void FrmReport::Form_Load() {
@@ -101,7 +101,7 @@ void FrmReport::readColors() {
 
 /// A report that cannot be read leaves the one on show as it is.
 void FrmReport::loadReport() {
-  Rt1.LoadFile(run->ModPath1);
+  Rt1.LoadFile(platform_.storage, run->ModPath1);
   ReportPath = run->ModPath1;
   PageText = PageTable(Rt1.loaded());
   CurrentPage = 0;

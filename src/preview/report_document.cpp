@@ -4,8 +4,8 @@
 
 namespace paperway {
 
-ReportDocument ReportDocument::read(const std::filesystem::path& path) {
-  return ReportDocument(PageTable(SharedText::load(path, "LoadFile")));
+ReportDocument ReportDocument::read(Storage& storage, const std::filesystem::path& path) {
+  return ReportDocument(PageTable(SharedText::load(storage, path, "LoadFile")));
 }
 
 ReportExtent ReportDocument::extent(const PageRanges& pages, PrinterPitch pitch,

@@ -20,7 +20,7 @@ class ReportDocument {
  public:
   explicit ReportDocument(PageTable pages) : pages_(std::move(pages)) {}
   /// An AutomationError when the file cannot be read.
-  static ReportDocument read(const std::filesystem::path& path);
+  static ReportDocument read(Storage& storage, const std::filesystem::path& path);
 
   const PageTable& pages() const { return pages_; }
 

@@ -65,7 +65,7 @@ void FrmReport::Check3_Click() {
   const bool whole = Check3.Value != 0;
   try {
     if (whole) {
-      Rt1.LoadFile(ReportPath);
+      Rt1.LoadFile(platform_.storage, ReportPath);
       showsWholeReport_ = true;
     } else {
       loadSteps();

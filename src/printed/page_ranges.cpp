@@ -4,10 +4,10 @@
 #include <charconv>
 #include <string>
 
+#include "platform/input_file.h"
+#include "platform/output_file.h"
 #include "printed/page_table.h"
 #include "util/control_strings.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
 #include "util/text.h"
 
 namespace paperway {
@@ -90,12 +90,12 @@ std::optional<std::int64_t> PageRanges::missing(std::int64_t pageCount) const {
   return ranges_.back().first;
 }
 
-std::int64_t writePages(const std::filesystem::path& report, const PageRanges& pages,
-                        const std::filesystem::path& target) {
-  OutputFile out(target, "PrintFile");
+std::int64_t writePages(Storage& storage, const std::filesystem::path& report,
+                        const PageRanges& pages, const std::filesystem::path& target) {
+  OutputFile out(storage, target, "PrintFile", {.access = FileAccess::owner, .lasting = false});
   std::int64_t page = 0;
   std::string held;  // of the page, which is one only if a form feed ends it
-  readBlocks(report, "PrintFile", [&](std::string_view block) {
+  readBlocks(storage, report, "PrintFile", [&](std::string_view block) {
     while (!block.empty()) {
       const std::size_t end = block.find(kFormFeed);
       const bool isEnded = end != std::string_view::npos;

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/platform/storage.h"
+
 namespace paperway {
 
 /// Pages of a report by index from 0, both included; none when the last is before the first.
@@ -47,7 +49,7 @@ class PageRanges {
 /// Writes these pages of a report, each with its form feed, to a file that takes its place when it
 /// is complete. Gives the number of pages that the report has; when a range begins beyond it,
 /// nothing is written. An AutomationError when a file fails.
-std::int64_t writePages(const std::filesystem::path& report, const PageRanges& pages,
-                        const std::filesystem::path& target);
+std::int64_t writePages(Storage& storage, const std::filesystem::path& report,
+                        const PageRanges& pages, const std::filesystem::path& target);
 
 }  // namespace paperway

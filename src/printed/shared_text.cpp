@@ -1,11 +1,11 @@
 #include "printed/shared_text.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <system_error>
 
-#include "util/input_file.h"
+#include "platform/file_error.h"
+#include "platform/input_file.h"
 
 namespace paperway {
 namespace {
@@ -37,14 +37,15 @@ std::size_t placeOf(std::string_view text, char byte, std::uint64_t number) {
   return at;
 }
 
-std::optional<FileStamp> stampOf(const fs::path& path) {
-  std::error_code error;
-  FileStamp stamp{path, 0, {}};
-  if (!fs::is_regular_file(path, error)) return std::nullopt;
-  stamp.size = fs::file_size(path, error);
-  if (!error) stamp.written = fs::last_write_time(path, error);
-  if (error) return std::nullopt;
-  return stamp;
+/// As many bytes as there are, up to `size`; only the file's last chunk is shorter.
+std::size_t readChunk(StoredFile& file, char* bytes, std::size_t size) {
+  std::size_t read = 0;
+  while (read < size) {
+    const std::size_t part = file.read(bytes + read, size - read);
+    if (part == 0) break;
+    read += part;
+  }
+  return read;
 }
 
 }  // namespace
@@ -90,35 +91,40 @@ std::shared_ptr<const SharedText> SharedText::of(std::string bytes) {
   return text;
 }
 
-std::shared_ptr<const SharedText> SharedText::load(const fs::path& path,
+std::shared_ptr<const SharedText> SharedText::load(Storage& storage, const fs::path& path,
                                                    const std::string& source) {
-  const std::optional<FileStamp> stamp = stampOf(path);
-  struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-  const std::unique_ptr<std::FILE, Closer> file(std::fopen(path.c_str(), "rb"));
-  if (!stamp || file == nullptr) return of(readFile(path, source));
-  std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  return withFileError("read", path, source, [&]() -> std::shared_ptr<const SharedText> {
+    const auto file = storage.openToRead(path);
+    const FileStatus status = file->status();
+    if (status.kind != FileStatus::Kind::regular) return of(readFile(storage, path, source));
+    return load({path, status}, *file);
+  });
+}
 
-  std::shared_ptr<SharedText> text(new SharedText(stamp->size));
+std::shared_ptr<const SharedText> SharedText::load(const FileStamp& stamp, StoredFile& file) {
+  std::shared_ptr<SharedText> text(new SharedText(stamp.status.size));
   constexpr std::size_t kChunk = 32 * ByteIndex::kBlock;  // counted while it is in the cache
-  std::size_t read = 0;
-  while (read < stamp->size) {
-    const std::size_t wanted = std::min<std::size_t>(kChunk, stamp->size - read);
-    const std::size_t got = std::fread(text->bytes_.get() + read, 1, wanted, file.get());
-    if (std::ferror(file.get()) != 0) return of(readFile(path, source));
-    text->formFeeds_.add({text->bytes_.get() + read, got});
-    read += got;
-    if (got < wanted) break;  // the file became shorter
+  std::size_t size = 0;
+  while (size < stamp.status.size) {
+    const std::size_t chunk = readChunk(file, text->bytes_.get() + size,
+                                        std::min<std::size_t>(kChunk, stamp.status.size - size));
+    if (chunk == 0) break;  // the file became shorter
+    text->formFeeds_.add({text->bytes_.get() + size, chunk});
+    size += chunk;
   }
-  text->size_ = read;
-  text->bytes_[read] = '\f';
+  text->size_ = size;
+  text->bytes_[size] = '\f';
   text->stamp_ = stamp;
   return text;
 }
 
-bool SharedText::isContentOf(const fs::path& path) const {
-  return stamp_ && stampOf(path) == stamp_;
+bool SharedText::isContentOf(Storage& storage, const fs::path& path) const {
+  if (!stamp_ || stamp_->path != path) return false;
+  try {
+    return storage.status(path) == stamp_->status;
+  } catch (const std::system_error&) {
+    return false;  // its reading will tell
+  }
 }
 
 std::uint64_t TextSlice::lineEndsBefore(std::size_t offset) const {

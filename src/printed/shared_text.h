@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/platform/storage.h"
+
 namespace paperway {
 
 /// How often one byte stands in a text, block by block, so that its n-th place and its count up to
@@ -37,10 +39,7 @@ class ByteIndex {
 /// Which content of a file was read.
 struct FileStamp {
   std::filesystem::path path;
-  std::uintmax_t size = 0;
-  std::filesystem::file_time_type written;
-
-  bool operator==(const FileStamp&) const = default;
+  FileStatus status;
 };
 
 /// Bytes that never change, with the places of their line ends and form feeds. The form, its page
@@ -49,7 +48,7 @@ class SharedText {
  public:
   static std::shared_ptr<const SharedText> of(std::string bytes);
   /// The whole file; an AutomationError that names the file and the reason otherwise.
-  static std::shared_ptr<const SharedText> load(const std::filesystem::path& path,
+  static std::shared_ptr<const SharedText> load(Storage& storage, const std::filesystem::path& path,
                                                 const std::string& source);
 
   std::string_view view() const { return {bytes_.get(), size_}; }
@@ -60,10 +59,11 @@ class SharedText {
   const ByteIndex& formFeeds() const { return formFeeds_; }
 
   /// True while the file still is what was read from it.
-  bool isContentOf(const std::filesystem::path& path) const;
+  bool isContentOf(Storage& storage, const std::filesystem::path& path) const;
 
  private:
   explicit SharedText(std::size_t size);
+  static std::shared_ptr<const SharedText> load(const FileStamp& stamp, StoredFile& file);
 
   std::unique_ptr<char[]> bytes_;
   std::size_t size_;

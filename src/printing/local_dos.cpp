@@ -4,8 +4,8 @@
 #include "paperway/platform/folders.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/shell.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
+#include "platform/input_file.h"
+#include "platform/output_file.h"
 #include "util/shell_quote.h"
 
 namespace paperway {
@@ -13,9 +13,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void copyReport(const std::string& report, const fs::path& copy) {
-  OutputFile out(copy, "PrintReport");
-  readBlocks(report, "PrintReport", [&](std::string_view block) { out.write(block); });
+void copyReport(Storage& storage, const std::string& report, const fs::path& copy) {
+  OutputFile out(storage, copy, "PrintReport", {.access = FileAccess::owner, .lasting = false});
+  readBlocks(storage, report, "PrintReport", [&](std::string_view block) { out.write(block); });
   out.commit();
 }
 
@@ -31,13 +31,12 @@ std::string sendCommand(const fs::path& copy, Printers& printers, const fs::path
                             device.string() + " nor a current printer.");
 }
 
-void makeScript(const fs::path& script, const std::string& command) {
-  replaceFile(script,
+void makeScript(Storage& storage, const fs::path& script, const std::string& command) {
+  replaceFile(storage, script,
               "#!/bin/sh\n"
               "# Sends a report to the printer. Made once; change it as you like.\n" +
                   command + "\n",
-              "PrintReport");
-  fs::permissions(script, fs::perms::owner_all);
+              "PrintReport", {.access = FileAccess::ownerRuns});
 }
 
 }  // namespace
@@ -46,8 +45,9 @@ void printLocalDos(const std::string& reportPath, const Platform& platform,
                    const fs::path& device) {
   const fs::path copy = platform.folders.work() / "localdos.prn";
   const fs::path script = platform.folders.work() / "Dosprn.sh";
-  copyReport(reportPath, copy);
-  if (!fs::exists(script)) makeScript(script, sendCommand(copy, platform.printers, device));
+  copyReport(platform.storage, reportPath, copy);
+  if (!fs::exists(script))
+    makeScript(platform.storage, script, sendCommand(copy, platform.printers, device));
   const bool runs = (fs::status(script).permissions() & fs::perms::owner_exec) != fs::perms::none;
   platform.shell.start(runs ? std::vector{script.string()}
                             : std::vector<std::string>{"/bin/sh", script.string()});

@@ -82,7 +82,7 @@ void PanelJob::saveChosenPages() {
 
 std::string PanelJob::keepPart(const char* name, const RichTextBox& box) {
   const std::filesystem::path path = platform_.folders.program() / name;
-  box.SaveFile(path, RichTextBox::rtfText);
+  box.SaveFile(platform_.storage, path, RichTextBox::rtfText);
   return platform_.files.GetFile(path.string()).ShortPath;
 }
 

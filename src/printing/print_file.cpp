@@ -1,12 +1,12 @@
 #include "printing/print_file.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "paperway/automation_error.h"
 #include "paperway/platform/message_box.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/spooler.h"
+#include "platform/file_error.h"
 #include "printed/printed_reader.h"
 #include "printing/print_stream.h"
 #include "session/run_state.h"
@@ -20,17 +20,17 @@ void tell(MessageBox& messageBox, const std::string& text) {
                   MessageBox::Icon::information);
 }
 
-void takeStoredTearLines(PrintFileArguments& arguments, Folders& folders,
+void takeStoredTearLines(PrintFileArguments& arguments, const Platform& platform,
                          const std::string& company) {
-  const ReportViewSettings settings(settingsPath(folders, company));
+  const ReportViewSettings settings(platform.storage, settingsPath(platform.folders, company));
   const TearLines lines = settings.tearLines();
   arguments.linesIn = static_cast<std::uint8_t>(std::max(lines.in, 0));
   arguments.linesOut = static_cast<std::uint8_t>(std::max(lines.out, 0));
 }
 
-bool exists(const std::string& fileName) {
-  std::error_code ignored;
-  return std::filesystem::exists(std::filesystem::status(fileName, ignored));
+bool exists(Storage& storage, const std::string& fileName) {
+  return withFileError("read", fileName, "PrintFile",
+                       [&] { return storage.status(fileName).kind != FileStatus::Kind::none; });
 }
 
 PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
@@ -117,16 +117,14 @@ std::string documentNameOf(std::string fileName) {
 
 bool PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run) {
   try {
-    if (arguments.tear == 1) {
-      takeStoredTearLines(arguments, platform.folders, run.ModGuidComp);
-    }
+    if (arguments.tear == 1) takeStoredTearLines(arguments, platform, run.ModGuidComp);
     run.ModDosFont = DOSEFONTcHR{};
-    if (!exists(arguments.fileName)) {
+    if (!exists(platform.storage, arguments.fileName)) {
       tell(platform.messageBox, "File " + arguments.fileName + " does not exists");
       return false;
     }
     // Opened before the printer, which is not to move its paper for a report that cannot be read.
-    InputFile file(arguments.fileName, "PrintFile");
+    InputFile file(platform.storage, arguments.fileName, "PrintFile");
     if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
     if (print(file, arguments, platform.spooler)) return true;
     tell(platform.messageBox,

@@ -157,6 +157,7 @@ std::size_t countRows(Recordset& rst) {
 void readReportFormat(Recordset& rst, std::shared_ptr<ReportFormatTable>& table) {
   const std::size_t rows = countRows(rst);
   table = std::make_shared<ReportFormatTable>(rows);
+  table->sourceFiles = rst.sourceFiles();
   rst.MoveFirst();
   const OptionalFields has(rst);
   for (std::size_t i = 0; !rst.Eof(); ++i) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -64,6 +65,7 @@ struct ReportFormatTable {
 
   std::vector<ColumnFormat> records;  // in order, and an empty one behind them
   std::vector<ColumnSums> sums;
+  std::vector<std::filesystem::path> sourceFiles;  // that the table comes from
 };
 
 /// Puts a new table in the place of `table` and fills it from the rows of a format recordset, which

@@ -1,17 +1,17 @@
 #include "session/settings_store.h"
 
-#include <filesystem>
 #include <iterator>
-#include <system_error>
 
 #include "paperway/automation_error.h"
 #include "paperway/platform/folders.h"
 #include "paperway/value.h"
+#include "platform/change_file.h"
+#include "platform/file_error.h"
+#include "platform/input_file.h"
 #include "util/code_page.h"
 #include "util/ini_text.h"
-#include "util/input_file.h"
 #include "util/numbers.h"
-#include "util/output_file.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace paperway {
@@ -70,14 +70,10 @@ std::string encoded(std::string_view text, const char* argument) {
                             ", which a settings file cannot hold.");
 }
 
-void makeSureOfWritableFile(const std::string& path, const char* source) {
-  namespace fs = std::filesystem;
-  makeSureOfFile(path, source);
-  std::error_code ignored;
-  const fs::perms permissions = fs::status(path, ignored).permissions();
-  if ((permissions & fs::perms::owner_write) == fs::perms::none) {
-    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
-  }
+void makeSureOfWritableFile(Storage& storage, const std::filesystem::path& path,
+                            const char* source) {
+  makeSureOfFile(storage, path, source);
+  withFileError("create", path, source, [&] { storage.makeWritable(path); });
 }
 
 std::string twoDigits(std::string_view text) {
@@ -87,10 +83,11 @@ std::string twoDigits(std::string_view text) {
 
 }  // namespace
 
-std::string ReadIniValue(const std::string& INIpath, std::string_view KEY,
-                         std::string_view Variable, std::string_view DefultVal) {
-  makeSureOfWritableFile(INIpath, kReader);
-  const std::string file = readFile(INIpath, kReader);
+std::string ReadIniValue(Storage& storage, const std::filesystem::path& INIpath,
+                         std::string_view KEY, std::string_view Variable,
+                         std::string_view DefultVal) {
+  makeSureOfWritableFile(storage, INIpath, kReader);
+  const std::string file = readFile(storage, INIpath, kReader);
   if (!foreignCharacter(KEY).empty() || !foreignCharacter(Variable).empty()) {
     return std::string(DefultVal);
   }
@@ -99,27 +96,27 @@ std::string ReadIniValue(const std::string& INIpath, std::string_view KEY,
   return value ? page.decode(*value) : std::string(DefultVal);
 }
 
-void WriteIniValue(const std::string& INIpath, std::string_view PutKey,
+void WriteIniValue(Storage& storage, const std::filesystem::path& INIpath, std::string_view PutKey,
                    std::string_view PutVariable, std::string_view PutValue) {
   const std::string section = encoded(PutKey, "PutKey");
   const std::string key = encoded(PutVariable, "PutVariable");
   const std::string value = encoded(PutValue, "PutValue");
-  makeSureOfWritableFile(INIpath, kWriter);
-  const std::string file = withSetting(readFile(INIpath, kWriter), section, key, value);
-  if (file.size() > kLongestFile) {
+  makeSureOfWritableFile(storage, INIpath, kWriter);
+  changeFile(storage, INIpath, kWriter, FileAccess::usual, [&](const std::string& file) {
+    std::string changed = withSetting(file, section, key, value);
+    if (changed.size() <= kLongestFile) return changed;
     throw AutomationError(AutomationError::kOverflow, kWriter,
-                          "\"" + INIpath + "\" would have " + std::to_string(file.size()) +
-                              " characters; 32766 are the most.");
-  }
-  replaceFile(INIpath, file, kWriter);
+                          "\"" + textOf(INIpath) + "\" would have " +
+                              std::to_string(changed.size()) + " characters; 32766 are the most.");
+  });
 }
 
-std::string settingsPath(Folders& folders, const std::string& ModGuidComp) {
+std::filesystem::path settingsPath(Folders& folders, const std::string& ModGuidComp) {
   if (ModGuidComp.find_first_of(std::string_view("/\\\0", 3)) != ModGuidComp.npos) {
     throw AutomationError(AutomationError::kInvalidCall, "Guid_comp1",
                           "\"" + ModGuidComp + "\" cannot be part of a file name.");
   }
-  return (folders.work() / (ModGuidComp + ".ini")).string();
+  return folders.work() / pathOf(ModGuidComp + ".ini");
 }
 
 TearLines TearLines::fromText(std::string_view text) {
@@ -134,11 +131,11 @@ std::string TearLines::toText(std::string_view in, std::string_view out) {
 }
 
 std::string ReportViewSettings::text(ReportViewKey key) const {
-  return ReadIniValue(path_, kReportView, rowOf(key).name, rowOf(key).fallback);
+  return ReadIniValue(storage_, path_, kReportView, rowOf(key).name, rowOf(key).fallback);
 }
 
 void ReportViewSettings::setText(ReportViewKey key, std::string_view text) const {
-  WriteIniValue(path_, kReportView, rowOf(key).name, text);
+  WriteIniValue(storage_, path_, kReportView, rowOf(key).name, text);
 }
 
 std::uint32_t ReportViewSettings::color(ReportViewKey key) const {

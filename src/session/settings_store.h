@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -8,23 +9,25 @@
 namespace paperway {
 
 class Folders;
+class Storage;
 
-/// The setting in the settings file (util/ini_text.h) at `INIpath`, or `DefultVal`. The path is
-/// native, the other texts are UTF-8. A missing file is created empty; one that cannot be created
-/// or read raises an AutomationError.
-std::string ReadIniValue(const std::string& INIpath, std::string_view KEY,
-                         std::string_view Variable, std::string_view DefultVal);
+/// The setting in the settings file (util/ini_text.h) at `INIpath`, or `DefultVal`. Texts are
+/// UTF-8. A missing file is created empty; one that cannot be created or read raises an
+/// AutomationError.
+std::string ReadIniValue(Storage& storage, const std::filesystem::path& INIpath,
+                         std::string_view KEY, std::string_view Variable,
+                         std::string_view DefultVal);
 
-/// Replaces the file in one step, read-only or not, so that it is whole at any moment; of two
-/// programs that write at once the later one wins. Raises an AutomationError, and leaves the file
-/// as it was, when a text holds a line end or a character that windows-1252 lacks, and when the
-/// file would be longer than 32766 characters.
-void WriteIniValue(const std::string& INIpath, std::string_view PutKey,
+/// Replaces the file in one step, read-only or not, so that it is whole at any moment; programs
+/// that write at once wait for one another, and each value is kept. Raises an AutomationError, and
+/// leaves the file as it was, when a text holds a line end or a character that windows-1252 lacks,
+/// and when the file would be longer than 32766 characters.
+void WriteIniValue(Storage& storage, const std::filesystem::path& INIpath, std::string_view PutKey,
                    std::string_view PutVariable, std::string_view PutValue);
 
 /// The settings file of the company or installation with that number. A number that names another
 /// folder raises an AutomationError.
-std::string settingsPath(Folders& folders, const std::string& ModGuidComp);
+std::filesystem::path settingsPath(Folders& folders, const std::string& ModGuidComp);
 
 /// Lines that the printer feeds before and after a job. Stored as four digits, "0305" for 3 and 5;
 /// shorter texts are read as if zeros stood where digits are missing.
@@ -57,7 +60,8 @@ enum class ReportViewKey {
 /// has its default. So has a colour or flag whose stored text is none.
 class ReportViewSettings {
  public:
-  explicit ReportViewSettings(std::string path) : path_(std::move(path)) {}
+  ReportViewSettings(Storage& storage, std::filesystem::path path)
+      : storage_(storage), path_(std::move(path)) {}
 
   std::string text(ReportViewKey key) const;
   void setText(ReportViewKey key, std::string_view text) const;
@@ -72,7 +76,8 @@ class ReportViewSettings {
   TearLines tearLines() const { return TearLines::fromText(text(ReportViewKey::Ttt)); }
 
  private:
-  std::string path_;
+  Storage& storage_;
+  std::filesystem::path path_;
 };
 
 }  // namespace paperway

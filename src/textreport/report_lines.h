@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "util/output_file.h"
+#include "platform/output_file.h"
 
 namespace paperway {
 

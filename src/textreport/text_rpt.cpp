@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/output_file.h"
 #include "report/layout.h"
 #include "report/report_run.h"
 #include "textreport/page_head.h"
 #include "util/code_page.h"
-#include "util/output_file.h"
+#include "util/path_text.h"
 #include "util/text.h"
 #include "util/value_text.h"
 
@@ -29,11 +30,11 @@ PageBudget linesOfPage(const TextRptArguments& arguments, const ReportPlan& plan
 class TextReport {
  public:
   TextReport(TextRptArguments& arguments, const ReportPlan& plan, std::vector<ColumnSums>& sums,
-             const DOSEFONTcHR& font)
+             const DOSEFONTcHR& font, OutputFile& file)
       : arguments_(arguments),
         plan_(plan),
         font_(font),
-        file_(arguments.TextFileName, plan.caller),
+        file_(file),
         out_(file_),
         head_(plan, arguments, font),
         run_(plan, arguments.Rs, sums, linesOfPage(arguments, plan), arguments.onProgress),
@@ -265,7 +266,7 @@ class TextReport {
   TextRptArguments& arguments_;
   const ReportPlan& plan_;
   const DOSEFONTcHR& font_;
-  OutputFile file_;
+  OutputFile& file_;
   ReportLines out_;
   const PageHead head_;
   ReportRun run_;
@@ -287,13 +288,16 @@ void requireField(const GroupPlan& group, const Recordset& rows, const char* cal
 }  // namespace
 
 void writeTextReport(TextRptArguments& arguments, const std::shared_ptr<ReportFormatTable>& table,
-                     const DOSEFONTcHR& font) {
+                     const DOSEFONTcHR& font, Storage& storage) {
   const std::shared_ptr<ReportFormatTable> kept = table;  // a report within this one may read anew
   ReportPlan plan = planReport(kept.get(), kTextRules, kSource);
   requireField(plan.inner, arguments.Rs, plan.caller);
   requireField(plan.outer, arguments.Rs, plan.caller);
   bindFields(plan, arguments.Rs);
-  TextReport(arguments, plan, kept->sums, font).write();
+  OutputOptions options{.inputs = arguments.Rs.sourceFiles()};
+  options.inputs.insert(options.inputs.end(), kept->sourceFiles.begin(), kept->sourceFiles.end());
+  OutputFile file(storage, pathOf(arguments.TextFileName), kSource, std::move(options));
+  TextReport(arguments, plan, kept->sums, font, file).write();
 }
 
 }  // namespace paperway

@@ -6,6 +6,7 @@
 
 #include "paperway/arguments.h"
 #include "paperway/automation_error.h"
+#include "paperway/platform/storage.h"
 #include "report/report_format.h"
 #include "util/control_strings.h"
 
@@ -26,9 +27,10 @@ class MissingGroupField : public AutomationError {
 };
 
 /// Writes the report of the rows under the table, whose totals it feeds. A failure is an
-/// AutomationError, after which an earlier report of that name stands as it was. Before a
+/// AutomationError, after which an earlier report of that name stands as it was: also that the
+/// report would take the place of a file that the rows, or the table, come from. Before a
 /// MissingGroupField nothing has been touched.
 void writeTextReport(TextRptArguments& arguments, const std::shared_ptr<ReportFormatTable>& table,
-                     const DOSEFONTcHR& font);
+                     const DOSEFONTcHR& font, Storage& storage);
 
 }  // namespace paperway

@@ -8,9 +8,8 @@
 #include "backends/desktop/system/system.h"
 #include "paperway/headless.h"
 #include "support/error_of.h"
+#include "support/files.h"
 #include "support/test_folder.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
 
 namespace paperway {
 namespace {

@@ -1,9 +1,9 @@
 #include "backends/desktop/system/direct_spooler.h"
 #include "contract/spooler_contract.h"
 #include "paperway/headless.h"
+#include "support/files.h"
 #include "support/job_listener.h"
 #include "support/test_folder.h"
-#include "util/input_file.h"
 
 namespace paperway {
 namespace {

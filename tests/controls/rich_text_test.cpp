@@ -4,13 +4,15 @@
 
 #include "controls/form.h"
 #include "paperway/automation_error.h"
+#include "paperway/headless.h"
 #include "support/expect_each.h"
+#include "support/files.h"
 #include "support/test_folder.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
 
 namespace paperway {
 namespace {
+
+headless::Storage storage;
 
 class RichText : public testing::Test {
  protected:
@@ -24,17 +26,17 @@ TEST_F(RichText, FilesComeAndGoByteForByte) {
   for (int c = 0; c < 256; ++c) bytes += static_cast<char>(c);
   bytes += "lone\rlone\npair\r\n";
   replaceFile(folder.path / "in", bytes, "test");
-  box.LoadFile(folder.path / "in");
+  box.LoadFile(storage, folder.path / "in");
   EXPECT_EQ(box.Text, bytes);
-  box.SaveFile(folder.path / "out", RichTextBox::rtfText);
+  box.SaveFile(storage, folder.path / "out", RichTextBox::rtfText);
   EXPECT_EQ(readFile(folder.path / "out", "test"), bytes);
 
   const auto before = box.loaded();
-  box.LoadFile(folder.path / "in");
+  box.LoadFile(storage, folder.path / "in");
   EXPECT_EQ(box.loaded(), before) << "an unchanged file is in memory once";
   replaceFile(folder.path / "in", "other", "test");
-  box.LoadFile(folder.path / "in");
-  EXPECT_THROW(box.LoadFile(folder.path / "missing"), AutomationError);
+  box.LoadFile(storage, folder.path / "in");
+  EXPECT_THROW(box.LoadFile(storage, folder.path / "missing"), AutomationError);
   EXPECT_EQ(box.Text, "other");
 }
 
@@ -163,7 +165,7 @@ TEST_F(RichText, EditsCanBeTakenBack) {
 TEST_F(RichText, SavesRichText) {
   box.Text = "{a}\\\x7F\r\n\033E\351\f";
   box.format(7, 10, {.size = 20, .color = 128, .bold = true});
-  box.SaveFile(folder.path / "out.rtf", RichTextBox::rtfRTF);
+  box.SaveFile(storage, folder.path / "out.rtf", RichTextBox::rtfRTF);
   EXPECT_EQ(readFile(folder.path / "out.rtf", "test"),
             "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 Courier "
             "New;}}\r\n{\\colortbl ;\\red128\\green0\\blue0;}\r\n"

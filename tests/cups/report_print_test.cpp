@@ -67,7 +67,7 @@ class ReportPrint : public Class1Test {
   QGuiApplication application_{argc_, argv_};
   desktop::CupsSpooler spooler_;
   desktop::CupsPrinters printers_;
-  qt::PrintDevice device_{spooler_};
+  qt::PrintDevice device_{machine_.storage, spooler_};
   Class1 host_{machine_.platform().with(spooler_, printers_, device_)};
   const std::string report_ = path("sales.txt");
   const std::string text_ =

@@ -1,3 +1,4 @@
+#include "paperway/headless.h"
 #include "paperway/memory.h"
 #include "support/error_of.h"
 #include "support/expect_each.h"
@@ -92,7 +93,10 @@ TEST(CsvTable, NamesFileLineAndReason) {
              Row{"a\nb\n\xE9\n", "3: text that is not UTF-8."},
              Row{"a,,c\n", "1: column 2 has no name."},
              Row{"Amount,b,AMOUNT\n", "1: two columns have the name \"AMOUNT\"."});
-  EXPECT_EQ(errorOf([] { readCsvFile("/nowhere/f.csv"); }),
+  EXPECT_EQ(errorOf([] {
+              headless::Storage storage;
+              readCsvFile(storage, "/nowhere/f.csv");
+            }),
             "Cannot read \"/nowhere/f.csv\": No such file or directory.");
 }
 

@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "paperway/storage.h"
 #include "session/settings_store.h"
 #include "support/class1_test.h"
 #include "support/expect_each.h"
@@ -65,7 +66,7 @@ TEST_F(Settings, TearLinesAreTwoDigitsEach) {
 }
 
 TEST_F(Settings, OfTheReportViewHaveDefaultsAndKeepTheirSpelling) {
-  const ReportViewSettings settings(file_);
+  const ReportViewSettings settings(machine_.storage, file_);
   EXPECT_EQ(settings.color(ReportViewKey::Cond), 8388736U);
   EXPECT_EQ(settings.text(ReportViewKey::PrnDefult), "D");
   EXPECT_TRUE(settings.flag(ReportViewKey::chSearch));
@@ -83,8 +84,9 @@ TEST_F(Settings, OfTheReportViewHaveDefaultsAndKeepTheirSpelling) {
 pid_t startWriter(const std::string& file, char value) noexcept {
   const pid_t writer = fork();
   if (writer != 0) return writer;
+  desktop::Storage storage;
   for (std::size_t length = 0;; length = (length + 997) % 30000) {
-    WriteIniValue(file, "S", "k", std::string(length, value));
+    WriteIniValue(storage, file, "S", "k", std::string(length, value));
   }
 }
 

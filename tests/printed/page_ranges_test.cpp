@@ -1,9 +1,9 @@
 #include "printed/page_ranges.h"
 
 #include "support/expect_each.h"
+#include "paperway/headless.h"
+#include "support/files.h"
 #include "support/test_folder.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
 
 namespace paperway {
 namespace {
@@ -38,7 +38,7 @@ TEST(PageRanges, AreWrittenToAFile) {
     replaceFile(folder.path / "report", report, "test");
     std::filesystem::remove(folder.path / "part");
     const std::int64_t count =
-        writePages(folder.path / "report", *PageRanges::read(pages), folder.path / "part");
+        writePages(storage, folder.path / "report", *PageRanges::read(pages), folder.path / "part");
     const bool isWritten = std::filesystem::exists(folder.path / "part");
     return std::to_string(count) + ": " + (isWritten ? readFile(folder.path / "part", "test") : "");
   };

@@ -17,7 +17,8 @@ class PrintFileTest : public Class1Test {
  protected:
   PrintFileTest() {
     replaceFile(report_, "one\r\n\f\r\ntwo\r\n\f\r\n", "test");
-    ReportViewSettings(settingsPath(machine_.folders, "")).setText(ReportViewKey::Ttt, "0302");
+    ReportViewSettings(machine_.storage, settingsPath(machine_.folders, ""))
+        .setText(ReportViewKey::Ttt, "0302");
   }
 
   /// The one message since the last call.

@@ -39,7 +39,9 @@ class Panel : public Class1Test {
   }
 
   std::string lastMessage() const { return machine_.messageBox.shown.back().text; }
-  ReportViewSettings settings() { return ReportViewSettings(settingsPath(machine_.folders, "")); }
+  ReportViewSettings settings() {
+    return ReportViewSettings(machine_.storage, settingsPath(machine_.folders, ""));
+  }
 
   std::shared_ptr<FrmReport> form_;
   const std::string report_ = path("report.txt");

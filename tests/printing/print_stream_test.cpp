@@ -2,16 +2,18 @@
 
 #include <random>
 
+#include "paperway/headless.h"
 #include "support/expect_each.h"
+#include "support/files.h"
 #include "support/test_folder.h"
-#include "util/output_file.h"
 
 namespace paperway {
 namespace {
 
 std::string streamOf(const std::filesystem::path& path, const PrintStreamSettings& settings) {
   std::string stream;
-  InputFile file(path, "test");
+  headless::Storage storage;
+  InputFile file(storage, path, "test");
   writePrintStream(file, settings, [&](std::string_view piece) { stream += piece; });
   return stream;
 }

@@ -9,8 +9,8 @@
 #include "backends/desktop/qt/shell.h"
 #include "qt_user.h"
 #include "support/error_of.h"
+#include "support/files.h"
 #include "support/test_folder.h"
-#include "util/output_file.h"
 
 namespace paperway {
 namespace {

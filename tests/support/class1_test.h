@@ -7,9 +7,8 @@
 #include "paperway/headless.h"
 #include "session/run_state.h"
 #include "support/error_of.h"
+#include "support/files.h"
 #include "support/test_folder.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
 
 namespace paperway {
 

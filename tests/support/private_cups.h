@@ -13,9 +13,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "support/files.h"
 #include "support/free_port.h"
 #include "support/test_folder.h"
-#include "util/input_file.h"
 
 namespace paperway {
 

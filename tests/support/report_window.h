@@ -8,7 +8,7 @@
 #include "paperway/platform/windows.h"
 #include "preview/frm_report.h"
 #include "session/run_state.h"
-#include "util/output_file.h"
+#include "support/files.h"
 
 namespace paperway {
 

@@ -3,10 +3,9 @@
 #include <sys/stat.h>
 
 #include "support/expect_each.h"
+#include "support/files.h"
 #include "support/job_listener.h"
 #include "support/test_folder.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
 
 namespace paperway::desktop {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "paperway/automation_error.h"
 #include "paperway/memory.h"
-#include "util/input_file.h"
+#include "platform/input_file.h"
 #include "util/text.h"
 
 namespace paperway {
@@ -148,8 +148,10 @@ MemoryTable parseCsv(std::string_view text, std::string_view fileName) {
   return CsvReader(text, fileName).table();
 }
 
-MemoryTable readCsvFile(const std::filesystem::path& path) {
-  return parseCsv(readFile(path, "CsvTable"), path.string());
+MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path) {
+  MemoryTable table = parseCsv(readFile(storage, path, "CsvTable"), path.string());
+  table.setSourceFile(path);
+  return table;
 }
 
 }  // namespace paperway

@@ -37,7 +37,7 @@ std::string withoutPasswords(std::string_view text) {
 }
 
 std::string infoText(const OdbcHandle& connection, SQLUSMALLINT what) {
-  std::array<char, 128> text{};
+  std::array<char, 4096> text{};
   SQLGetInfo(connection.get(), what, text.data(), text.size(), nullptr);
   return text.data();
 }
@@ -74,6 +74,10 @@ OdbcSession::OdbcSession(std::string_view connection) {
         "Cannot connect to \"" + withoutPasswords(connection) + "\": " + connection_.diagnostics());
   }
   driver_ = describeDriver(connection_);
+}
+
+std::string OdbcSession::databaseFile() const {
+  return driver_.looseTypes ? infoText(connection_, SQL_DATABASE_NAME) : "";
 }
 
 // A cursor of the server may have begun a transaction, and a driver does not disconnect in one.

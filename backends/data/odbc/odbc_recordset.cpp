@@ -1,6 +1,8 @@
 #include "backends/data/odbc/odbc_cursor.h"
+#include "backends/data/odbc/odbc_session.h"
 #include "paperway/automation_error.h"
 #include "paperway/odbc.h"
+#include "util/path_text.h"
 
 namespace paperway {
 
@@ -10,6 +12,8 @@ OdbcRecordset::OdbcRecordset(const OdbcConnection& connection, std::string_view 
 OdbcRecordset::OdbcRecordset(const OdbcConnection& connection, std::string_view statement,
                              const OdbcDriver& driver)
     : cursor_(std::make_unique<OdbcCursor>(connection.session_, statement, driver)) {
+  const std::string file = connection.session_->databaseFile();
+  if (!file.empty()) sourceFiles_ = {pathOf(file)};
   fetchBlock();
 }
 

@@ -2,6 +2,7 @@
 
 // Shared by the files of this folder; not for hosts.
 
+#include <string>
 #include <string_view>
 
 #include "backends/data/odbc/odbc_handle.h"
@@ -19,6 +20,8 @@ class OdbcSession {
 
   const OdbcHandle& handle() const { return connection_; }
   const OdbcDriver& driver() const { return driver_; }
+  /// Of a database that is a file; else empty.
+  std::string databaseFile() const;
   void stopWhen(bool (*question)()) { asked_ = question; }
   bool (*asked() const)() { return asked_; }
 

@@ -5,6 +5,7 @@
 
 #include "paperway/automation_error.h"
 #include "paperway/sqlite.h"
+#include "util/path_text.h"
 #include "util/text.h"
 
 namespace paperway {
@@ -133,6 +134,19 @@ void SqliteRecordset::describeColumns() {
     columns_.push_back({sqlite3_column_name(statement_.get(), i),
                         declaresDates(sqlite3_column_decltype(statement_.get(), i))});
   }
+}
+
+std::vector<std::filesystem::path> SqliteRecordset::sourceFiles() const {
+  std::vector<std::filesystem::path> files;
+  const char* name = nullptr;
+  for (int i = 0; (name = sqlite3_db_name(connection_.get(), i)) != nullptr; ++i) {
+    const char* file = sqlite3_db_filename(connection_.get(), name);
+    if (file == nullptr || *file == '\0') continue;  // in memory
+    for (const char* ending : {"", "-wal", "-journal", "-shm"}) {
+      files.push_back(pathOf(std::string(file) + ending));
+    }
+  }
+  return files;
 }
 
 void SqliteRecordset::MoveFirst() {

@@ -11,7 +11,7 @@
 #include <exception>
 #include <optional>
 
-#include "util/output_file.h"
+#include "platform/output_file.h"
 #include "util/paper.h"
 
 namespace paperway::qt {
@@ -58,7 +58,8 @@ class Sink : public QIODevice {
 
 class FileSink : public Sink {
  public:
-  explicit FileSink(const std::filesystem::path& path) : file_(path, "PrintExport") {}
+  FileSink(Storage& storage, const StyledDocument& document)
+      : file_(storage, document.file, "PrintExport", {.inputs = document.sources}) {}
   void take(std::string_view bytes) override { file_.write(bytes); }
   void finish() override { file_.commit(); }
 
@@ -185,7 +186,7 @@ void PdfJob::end() {
 
 std::unique_ptr<StyledJob> PrintDevice::start(const StyledDocument& document) {
   if (!document.file.empty()) {
-    return std::make_unique<PdfJob>(document, std::make_unique<FileSink>(document.file));
+    return std::make_unique<PdfJob>(document, std::make_unique<FileSink>(storage_, document));
   }
   if (document.printer.empty()) {
     throw AutomationError(AutomationError::kPathNotFound, "PrintExport", "There is no printer.");

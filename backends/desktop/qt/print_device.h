@@ -4,6 +4,7 @@
 
 #include "paperway/platform/print_device.h"
 #include "paperway/platform/spooler.h"
+#include "paperway/platform/storage.h"
 
 namespace paperway::qt {
 
@@ -11,11 +12,12 @@ namespace paperway::qt {
 /// QGuiApplication. Pages leave as they are drawn; a document without any is not sent.
 class PrintDevice : public paperway::PrintDevice {
  public:
-  explicit PrintDevice(Spooler& spooler) : spooler_(spooler) {}
+  PrintDevice(Storage& storage, Spooler& spooler) : storage_(storage), spooler_(spooler) {}
 
   std::unique_ptr<StyledJob> start(const StyledDocument& document) override;
 
  private:
+  Storage& storage_;
   Spooler& spooler_;
 };
 

@@ -1,12 +1,13 @@
 #include <cerrno>
 #include <fcntl.h>
-#include <filesystem>
 #include <optional>
 #include <poll.h>
+#include <system_error>
 #include <unistd.h>
 
 #include "backends/desktop/system/direct_job.h"
-#include "util/output_file.h"
+#include "paperway/storage.h"
+#include "platform/output_file.h"
 
 namespace paperway::desktop {
 namespace {
@@ -43,7 +44,7 @@ class FileJob : public PrintJob {
 
   void start(const std::string& /*documentName*/, DocumentFormat format) override {
     if (format != DocumentFormat::raw) throw SpoolError(printer_.name, kRawAlone);
-    guarded([&] { file_.emplace(path_, "Spooler"); });
+    guarded([&] { file_.emplace(storage_, path_, "Spooler"); });
   }
   void write(std::string_view bytes) override {
     guarded([&] { file_->write(bytes); });
@@ -68,21 +69,28 @@ class FileJob : public PrintJob {
 
   const DirectJobPrinter printer_;
   const std::string path_;
+  Storage storage_;
   std::optional<OutputFile> file_;
   std::uint64_t accepted_ = 0;
 };
 
-bool isDevice(const std::string& path) {
-  std::error_code ignored;
-  const auto status = std::filesystem::status(path, ignored);
-  return path.starts_with("/dev/") ||
-         (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status));
+/// A device that is away has no file until it is back: what is missing below /dev is one.
+bool isDevice(const DirectJobPrinter& printer, const std::string& path) {
+  try {
+    const FileStatus::Kind kind = Storage().status(path).kind;
+    const bool isMissing = kind == FileStatus::Kind::none;
+    return isMissing ? path.starts_with("/dev/") : kind == FileStatus::Kind::stream;
+  } catch (const std::system_error& error) {
+    throw SpoolError(printer.name, path + ": " + error.code().message());
+  }
 }
 
 }  // namespace
 
 std::unique_ptr<PrintJob> fileJob(DirectJobPrinter printer, const DirectTarget& target) {
-  if (isDevice(target.place)) return std::make_unique<DeviceJob>(std::move(printer), target.place);
+  if (isDevice(printer, target.place)) {
+    return std::make_unique<DeviceJob>(std::move(printer), target.place);
+  }
   return std::make_unique<FileJob>(std::move(printer), target.place);
 }
 

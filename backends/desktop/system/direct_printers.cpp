@@ -2,22 +2,24 @@
 
 #include <algorithm>
 #include <charconv>
-#include <sstream>
 
 #include "backends/desktop/system/user_directories.h"
 #include "paperway/automation_error.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
+#include "paperway/storage.h"
+#include "platform/change_file.h"
+#include "platform/file_error.h"
+#include "platform/input_file.h"
 #include "util/shell_quote.h"
 
 namespace paperway::desktop {
 namespace {
 
+constexpr char kSource[] = "Printers";
 constexpr std::string_view kSocket = "socket://";
 constexpr std::string_view kFile = "file://";
 
 [[noreturn]] void refuse(const std::string& what) {
-  throw AutomationError(AutomationError::kInvalidCall, "Printers", what);
+  throw AutomationError(AutomationError::kInvalidCall, kSource, what);
 }
 
 DirectTarget parseSocket(const std::string& target) {
@@ -39,20 +41,40 @@ DirectTarget parseSocket(const std::string& target) {
   return parsed;
 }
 
-std::optional<DirectPrinter> parseLine(const std::string& line) {
+/// The text up to the mark, which is taken off it; all of it when it has none.
+std::string_view takeUpTo(char mark, std::string_view& text) {
+  const std::size_t end = std::min(text.find(mark), text.size());
+  const std::string_view part = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return part;
+}
+
+std::optional<DirectPrinter> parseLine(std::string_view line) {
   if (line.starts_with('#')) return std::nullopt;
-  std::istringstream fields(line);
   DirectPrinter printer;
-  std::string seconds;
-  if (!std::getline(fields, printer.name, '\t') || !std::getline(fields, printer.target, '\t')) {
-    return std::nullopt;
-  }
-  if (std::getline(fields, seconds)) {
-    int number = 0;
-    std::from_chars(seconds.data(), seconds.data() + seconds.size(), number);
-    if (number > 0) printer.timeout = std::chrono::seconds(number);
-  }
+  printer.name = takeUpTo('\t', line);
+  printer.target = takeUpTo('\t', line);
+  if (printer.target.empty()) return std::nullopt;
+  int seconds = 0;
+  std::from_chars(line.data(), line.data() + line.size(), seconds);
+  if (seconds > 0) printer.timeout = std::chrono::seconds(seconds);
   return printer;
+}
+
+std::vector<std::string> linesIn(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    std::string_view line = takeUpTo('\n', text);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    lines.emplace_back(line);
+  }
+  return lines;
+}
+
+std::string textOf(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\n";
+  return text;
 }
 
 std::string lineOf(const DirectPrinter& printer) {
@@ -93,22 +115,23 @@ DirectPrinterFile DirectPrinterFile::ofUser() {
 }
 
 std::vector<std::string> DirectPrinterFile::lines() const {
-  std::error_code ignored;
-  if (!std::filesystem::exists(path_, ignored)) return {};
-  std::istringstream text(readFile(path_, "Printers"));
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(text, line);) {
-    if (line.ends_with('\r')) line.pop_back();
-    lines.push_back(line);
-  }
-  return lines;
+  Storage storage;
+  const FileStatus status =
+      withFileError("read", path_, kSource, [&] { return storage.status(path_); });
+  if (status.kind == FileStatus::Kind::none) return {};
+  return linesIn(readFile(storage, path_, kSource));
 }
 
-void DirectPrinterFile::replace(const std::vector<std::string>& lines) const {
-  std::string text;
-  for (const std::string& line : lines) text += line + "\n";
+/// Its commands are the user's own: nobody else reads or writes the file.
+void DirectPrinterFile::change(
+    const std::function<void(std::vector<std::string>& lines)>& change) const {
   makePrivateFolder(path_.parent_path());
-  replaceFile(path_, text, "Printers");
+  Storage storage;
+  changeFile(storage, path_, kSource, FileAccess::owner, [&](const std::string& text) {
+    std::vector<std::string> kept = linesIn(text);
+    change(kept);
+    return textOf(kept);
+  });
 }
 
 std::vector<DirectPrinter> DirectPrinterFile::read() const {
@@ -133,21 +156,23 @@ void DirectPrinterFile::add(const DirectPrinter& printer) const {
   }
   if (holdsControl(printer.target))
     refuse("A target cannot hold a tab or another control character.");
-  std::vector<std::string> kept = lines();
-  const auto place = std::find_if(kept.begin(), kept.end(), namesPrinter(printer.name));
-  if (place != kept.end()) {
-    *place = lineOf(printer);
-  } else {
-    kept.push_back(lineOf(printer));
-  }
-  replace(kept);
+  change([&](std::vector<std::string>& kept) {
+    const auto place = std::find_if(kept.begin(), kept.end(), namesPrinter(printer.name));
+    if (place != kept.end()) {
+      *place = lineOf(printer);
+    } else {
+      kept.push_back(lineOf(printer));
+    }
+  });
 }
 
 bool DirectPrinterFile::remove(const std::string& name) const {
-  std::vector<std::string> kept = lines();
-  if (std::erase_if(kept, namesPrinter(name)) == 0) return false;
-  replace(kept);
-  return true;
+  if (!find(name)) return false;
+  bool removed = false;
+  change([&](std::vector<std::string>& kept) {
+    removed = std::erase_if(kept, namesPrinter(name)) > 0;
+  });
+  return removed;
 }
 
 std::vector<PrinterInfo> DirectPrinters::list() {

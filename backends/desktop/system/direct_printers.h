@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -52,7 +53,8 @@ class DirectPrinterFile {
 
  private:
   std::vector<std::string> lines() const;
-  void replace(const std::vector<std::string>& lines) const;
+  /// One program at a time.
+  void change(const std::function<void(std::vector<std::string>& lines)>& change) const;
   std::filesystem::path path_;
 };
 

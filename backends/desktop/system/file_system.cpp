@@ -12,7 +12,7 @@
 #include "backends/desktop/system/local_time.h"
 #include "backends/desktop/system/user_directories.h"
 #include "paperway/automation_error.h"
-#include "util/output_file.h"
+#include "platform/file_error.h"
 
 namespace paperway::desktop {
 namespace {
@@ -20,7 +20,8 @@ namespace {
 constexpr char kSource[] = "FileSystem";
 
 [[noreturn]] void raiseUnopened(const std::string& path, int error) {
-  if (error != ENOENT && error != ENOTDIR) raiseFileError("open", path, error, kSource);
+  if (error != ENOENT && error != ENOTDIR)
+    raiseFileError("open", path, {error, std::generic_category()}, kSource);
   throw AutomationError(AutomationError::kFileNotFound, kSource,
                         "There is no file \"" + path + "\".");
 }
@@ -72,7 +73,7 @@ void FileSystem::append(const std::string& path, std::string_view bytes) {
   if (descriptor < 0) raiseUnopened(path, errno);
   int error = writeAll(descriptor, bytes);
   if (::close(descriptor) != 0 && error == 0) error = errno;
-  if (error != 0) raiseFileError("write", path, error, kSource);
+  if (error != 0) raiseFileError("write", path, {error, std::generic_category()}, kSource);
 }
 
 }  // namespace paperway::desktop

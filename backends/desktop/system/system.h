@@ -6,6 +6,7 @@
 #include "backends/desktop/system/folders.h"
 #include "backends/desktop/system/system_names.h"
 #include "backends/desktop/system/user_store.h"
+#include "paperway/storage.h"
 
 namespace paperway::desktop {
 
@@ -13,6 +14,7 @@ namespace paperway::desktop {
 struct System {
   ConsoleMessageBox messageBox;
   Folders folders;
+  Storage storage;
   FileSystem files{folders};
   Clock clock;
   SystemNames names;

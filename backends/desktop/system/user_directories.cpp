@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 #include "paperway/automation_error.h"
-#include "util/output_file.h"
+#include "platform/file_error.h"
 
 namespace paperway::desktop {
 namespace {
@@ -37,7 +37,7 @@ std::filesystem::path makePrivateFolder(const std::filesystem::path& folder) {
   if (mkdir(folder.c_str(), S_IRWXU) == 0) return folder;
   const int error = errno;
   if (error != EEXIST || !std::filesystem::is_directory(folder, ignored)) {
-    raiseFileError("make the folder", folder, error, "Folders");
+    raiseFileError("make the folder", folder, {error, std::generic_category()}, "Folders");
   }
   return folder;
 }

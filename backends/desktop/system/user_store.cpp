@@ -1,23 +1,21 @@
 #include "backends/desktop/system/user_store.h"
 
 #include <array>
-#include <cerrno>
-#include <fcntl.h>
 #include <map>
 #include <optional>
-#include <sys/file.h>
-#include <system_error>
-#include <unistd.h>
 
 #include "backends/desktop/system/user_directories.h"
 #include "paperway/automation_error.h"
-#include "util/input_file.h"
-#include "util/output_file.h"
+#include "paperway/storage.h"
+#include "platform/change_file.h"
+#include "platform/file_error.h"
+#include "platform/input_file.h"
 #include "util/text.h"
 
 namespace paperway::desktop {
 namespace {
 
+constexpr char kSource[] = "UserStore";
 constexpr std::string_view kHeading = "paperway store 1\n";
 constexpr std::string_view kEscaped = "\t\n\r\\";
 constexpr std::string_view kEscapes = "tnr\\";
@@ -32,32 +30,6 @@ Address address(std::string_view application, std::string_view section, std::str
 std::filesystem::path storeFolder() {
   return userDirectory("XDG_CONFIG_HOME", ".config") / "paperway";
 }
-
-/// Held from before the file is read until it is replaced.
-class Lock {
- public:
-  explicit Lock(const std::filesystem::path& path)
-      : descriptor_(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
-    if (descriptor_ >= 0 && lock()) return;
-    const int error = errno;
-    if (descriptor_ >= 0) ::close(descriptor_);
-    raiseFileError("lock", path, error, "UserStore");
-  }
-  ~Lock() { ::close(descriptor_); }
-  Lock(const Lock&) = delete;
-  Lock& operator=(const Lock&) = delete;
-
- private:
-  bool lock() const {
-    int result = 0;
-    do {
-      result = ::flock(descriptor_, LOCK_EX);
-    } while (result != 0 && errno == EINTR);
-    return result == 0;
-  }
-
-  int descriptor_;
-};
 
 void appendEscaped(std::string& out, std::string_view text) {
   for (const char c : text) {
@@ -125,17 +97,22 @@ int parse(std::string_view bytes, Texts& texts) {
   return 0;
 }
 
-Texts load(const std::filesystem::path& path) {
+/// A file that is still empty holds nothing.
+Texts textsIn(const std::string& bytes, const std::filesystem::path& path) {
   Texts texts;
-  std::error_code ignored;
-  const auto status = std::filesystem::status(path, ignored);
-  if (status.type() == std::filesystem::file_type::not_found) return texts;
-  if (const int line = parse(readFile(path, "UserStore"), texts); line != 0) {
-    throw AutomationError(AutomationError::kPathFileAccess, "UserStore",
-                          "Line " + std::to_string(line) + " of \"" + path.string() +
-                              "\" cannot be read; mend or remove the file.");
-  }
-  return texts;
+  const int line = bytes.empty() ? 0 : parse(bytes, texts);
+  if (line == 0) return texts;
+  throw AutomationError(AutomationError::kPathFileAccess, kSource,
+                        "Line " + std::to_string(line) + " of \"" + path.string() +
+                            "\" cannot be read; mend or remove the file.");
+}
+
+Texts load(const std::filesystem::path& path) {
+  Storage storage;
+  const FileStatus status =
+      withFileError("read", path, kSource, [&] { return storage.status(path); });
+  if (status.kind == FileStatus::Kind::none) return {};
+  return textsIn(readFile(storage, path, kSource), path);
 }
 
 }  // namespace
@@ -149,11 +126,13 @@ std::string UserStore::get(std::string_view application, std::string_view sectio
 
 void UserStore::save(std::string_view application, std::string_view section, std::string_view key,
                      std::string_view value) {
-  const auto folder = makePrivateFolder(storeFolder());
-  const Lock lock(folder / "store.lock");
-  Texts texts = load(folder / "store.txt");
-  texts[address(application, section, key)] = value;
-  replaceFile(folder / "store.txt", format(texts), "UserStore");
+  Storage storage;
+  const auto path = makePrivateFolder(storeFolder()) / "store.txt";
+  changeFile(storage, path, kSource, FileAccess::owner, [&](const std::string& bytes) {
+    Texts texts = textsIn(bytes, path);
+    texts[address(application, section, key)] = value;
+    return format(texts);
+  });
 }
 
 }  // namespace paperway::desktop

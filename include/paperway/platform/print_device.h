@@ -27,9 +27,10 @@ using PrintedLine = std::vector<PrintedText>;
 using PrintedPage = std::vector<PrintedLine>;
 
 struct StyledDocument {
-  std::string name;              // UTF-8
-  std::string printer{};         // DeviceName; not used when `file` is set
-  std::filesystem::path file{};  // a PDF file to write instead
+  std::string name;                              // UTF-8
+  std::string printer{};                         // DeviceName; not used when `file` is set
+  std::filesystem::path file{};                  // a PDF file to write instead
+  std::vector<std::filesystem::path> sources{};  // what is printed, which `file` must not replace
   PageSettings settings{};
   double width = 0;   // inches that the widest line takes
   double height = 0;  // inches that the longest page takes

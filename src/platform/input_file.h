@@ -1,12 +1,13 @@
 #pragma once
 
-#include <cstdio>
 #include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "paperway/platform/storage.h"
 
 namespace paperway {
 
@@ -16,28 +17,27 @@ namespace paperway {
 class InputFile {
  public:
   /// `source` names the caller in errors ("PrintFile").
-  InputFile(std::filesystem::path path, std::string source);
+  InputFile(Storage& storage, std::filesystem::path path, std::string source);
 
   /// From the beginning to the end.
   void read(const std::function<void(std::string_view)>& take);
 
  private:
-  struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
+  std::size_t readBlock();
 
   const std::filesystem::path path_;
   const std::string source_;
-  std::unique_ptr<std::FILE, Closer> file_;
+  std::unique_ptr<StoredFile> file_;
   std::vector<char> buffer_;
   bool begun_ = false;
 };
 
 /// The whole of a file's bytes.
-std::string readFile(const std::filesystem::path& path, const std::string& source);
+std::string readFile(Storage& storage, const std::filesystem::path& path,
+                     const std::string& source);
 
 /// The same, block by block.
-void readBlocks(const std::filesystem::path& path, const std::string& source,
+void readBlocks(Storage& storage, const std::filesystem::path& path, const std::string& source,
                 const std::function<void(std::string_view)>& take);
 
 }  // namespace paperway
