@@ -1,9 +1,7 @@
 #pragma once
 
 #include "apps/paperway/queues.h"
-#include "backends/desktop/system/direct_printers.h"
-#include "backends/desktop/system/direct_spooler.h"
-#include "printing/joined_printers.h"
+#include "backends/desktop/system/user_printers.h"
 
 namespace paperway::command {
 
@@ -11,12 +9,11 @@ namespace paperway::command {
 class UserPrinters {
  private:
   Queues queues_ = openQueues();
-  desktop::DirectPrinters directPrinters_{desktop::DirectPrinterFile::ofUser()};
-  desktop::DirectSpooler directSpooler_{desktop::DirectPrinterFile::ofUser()};
+  desktop::UserPrinters user_{*queues_.printers, *queues_.spooler};
 
  public:
-  JoinedPrinters printers{*queues_.printers, directPrinters_};
-  JoinedSpooler spooler{*queues_.spooler, directSpooler_};
+  Printers& printers = user_.printers;
+  Spooler& spooler = user_.spooler;
 };
 
 }  // namespace paperway::command

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "paperway/export.h"
 #include "paperway/recordset.h"
 
 namespace paperway {
@@ -42,7 +43,7 @@ struct TextRptArguments {
 };
 
 /// The seven switches show (not 0) or hide a feature of the window.
-struct PreviewReportArguments {
+struct PAPERWAY_API PreviewReportArguments {
   std::string Path1{};  // report file
   std::uint8_t RCont = 0;
   std::uint8_t REdit = 0;

@@ -3,11 +3,13 @@
 #include <stdexcept>
 #include <string>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// The failure that reaches a host: a number of the automation platform, the part of the library
 /// that raised it, and a sentence (UTF-8) that names the thing and the reason.
-class AutomationError : public std::runtime_error {
+class PAPERWAY_API AutomationError : public std::runtime_error {
  public:
   enum Number : long {
     kInvalidCall = 5,

@@ -9,6 +9,7 @@
 
 #include "paperway/arguments.h"
 #include "paperway/automation_error.h"
+#include "paperway/export.h"
 #include "paperway/platform.h"
 #include "paperway/recordset.h"
 #include "paperway/run_context.h"
@@ -29,7 +30,7 @@ enum class CaseTyp { Tital = 0, Uper = 1, Lover = 2 };
 /// Texts are UTF-8, paths native, both std::string. Failures are AutomationErrors, unless a member
 /// says that it shows a message. One thread uses an object. Objects of a thread share their run
 /// state, with one another and with their windows, unless they are given contexts of their own.
-class Class1 {
+class PAPERWAY_API Class1 {
  public:
   /// Makes sure that the work folder exists. The platform outlives the object and its windows.
   explicit Class1(const Platform& platform, RunContext context = RunContext::ofThread());

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "paperway/automation_error.h"
+#include "paperway/export.h"
 #include "paperway/platform.h"
 #include "paperway/platform/clipboard.h"
 #include "paperway/platform/clock.h"
@@ -30,14 +31,14 @@
 namespace paperway::headless {
 
 /// Shows the same moment until it is set to another.
-class Clock : public paperway::Clock {
+class PAPERWAY_API Clock : public paperway::Clock {
  public:
   Date now() override { return time; }
 
   Date time{2006, 3, 5, 14, 7, 9};
 };
 
-class SystemNames : public paperway::SystemNames {
+class PAPERWAY_API SystemNames : public paperway::SystemNames {
  public:
   std::string computerName() override { return computer; }
   std::string userName() override { return user; }
@@ -47,7 +48,7 @@ class SystemNames : public paperway::SystemNames {
 };
 
 /// Hands each step on to another storage, counts it, and fails one on demand.
-class Storage : public paperway::Storage {
+class PAPERWAY_API Storage : public paperway::Storage {
  public:
   /// Files by the standard library alone: replaced in one step, but neither synced nor locked, and
   /// without the owner of what they replace. A host that keeps what it makes hands over a real one.
@@ -83,7 +84,7 @@ class Storage : public paperway::Storage {
 };
 
 /// Works on real files, so that what it makes can be opened; names and dates come from a script.
-class FileSystem : public paperway::FileSystem {
+class PAPERWAY_API FileSystem : public paperway::FileSystem {
  public:
   explicit FileSystem(std::filesystem::path temporary) : temporary_(std::move(temporary)) {}
 
@@ -106,7 +107,7 @@ class FileSystem : public paperway::FileSystem {
 };
 
 /// Keeps its texts in memory.
-class UserStore : public paperway::UserStore {
+class PAPERWAY_API UserStore : public paperway::UserStore {
  public:
   std::string get(std::string_view application, std::string_view section, std::string_view key,
                   std::string_view fallback) override;
@@ -118,7 +119,7 @@ class UserStore : public paperway::UserStore {
 };
 
 /// Printers by a list. The first is the default one.
-class Printers : public paperway::Printers {
+class PAPERWAY_API Printers : public paperway::Printers {
  public:
   std::vector<PrinterInfo> list() override { return infos; }
   std::string current() override;
@@ -137,7 +138,7 @@ class Printers : public paperway::Printers {
 };
 
 /// Keeps the documents that it gets for the printers of a list.
-class Spooler : public paperway::Spooler {
+class PAPERWAY_API Spooler : public paperway::Spooler {
  public:
   struct Job {
     enum class State { open, ended, cancelled };
@@ -162,7 +163,7 @@ class Spooler : public paperway::Spooler {
 };
 
 /// Keeps the pages drawn. Printers of the list that are raw refuse them.
-class PrintDevice : public paperway::PrintDevice {
+class PAPERWAY_API PrintDevice : public paperway::PrintDevice {
  public:
   struct Drawn {
     StyledDocument document;
@@ -181,7 +182,7 @@ class PrintDevice : public paperway::PrintDevice {
 };
 
 /// Keeps what was said; answers from a script, and with the last button once that is used up.
-class MessageBox : public paperway::MessageBox {
+class PAPERWAY_API MessageBox : public paperway::MessageBox {
  public:
   struct Shown {
     std::string text;
@@ -197,7 +198,7 @@ class MessageBox : public paperway::MessageBox {
 };
 
 /// Keeps the forms that were shown, newest last, and brings each to the front as a desktop would.
-class Windows : public paperway::Windows {
+class PAPERWAY_API Windows : public paperway::Windows {
  public:
   void show(std::shared_ptr<Form> form) override;
   ScreenSize screen() override { return screenSize; }
@@ -210,7 +211,7 @@ class Windows : public paperway::Windows {
   std::function<void()> repainted;      // a look at the screen at that moment
 };
 
-class Clipboard : public paperway::Clipboard {
+class PAPERWAY_API Clipboard : public paperway::Clipboard {
  public:
   std::string text() override { return content; }
   void setText(std::string_view text) override { content = text; }
@@ -219,7 +220,7 @@ class Clipboard : public paperway::Clipboard {
 };
 
 /// Keeps the questions; answers from a script, and is cancelled once that is used up.
-class Dialogs : public paperway::Dialogs {
+class PAPERWAY_API Dialogs : public paperway::Dialogs {
  public:
   std::optional<std::filesystem::path> openFile(const FileQuestion& question) override;
   std::optional<std::filesystem::path> saveFile(const FileQuestion& question) override;
@@ -231,7 +232,7 @@ class Dialogs : public paperway::Dialogs {
 };
 
 /// Keeps the commands that would have been started.
-class Shell : public paperway::Shell {
+class PAPERWAY_API Shell : public paperway::Shell {
  public:
   void start(const std::vector<std::string>& command) override;
   std::optional<std::vector<std::string>> calculator() override { return calculatorCommand; }
@@ -242,7 +243,7 @@ class Shell : public paperway::Shell {
 };
 
 /// Folders below one root.
-class Folders : public paperway::Folders {
+class PAPERWAY_API Folders : public paperway::Folders {
  public:
   explicit Folders(std::filesystem::path root) : root_(std::move(root)) {}
   std::filesystem::path work() override;
@@ -255,7 +256,7 @@ class Folders : public paperway::Folders {
 };
 
 /// A machine without a screen: for tests and servers.
-struct Headless {
+struct PAPERWAY_API Headless {
   explicit Headless(const std::filesystem::path& root) : folders(root), files(root / "temporary") {}
   /// With files that last: a real storage (paperway/storage.h), which outlives the object.
   Headless(const std::filesystem::path& root, paperway::Storage& real)

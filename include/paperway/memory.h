@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/export.h"
 #include "paperway/platform/storage.h"
 #include "paperway/recordset.h"
 
@@ -17,7 +18,7 @@ namespace paperway {
 
 /// A recordset over rows held in memory. Texts are copied into the table, once for each cell. Rows
 /// may be added while the cursor stands anywhere; the cursor of a new table stands on row 1.
-class MemoryTable final : public Recordset {
+class PAPERWAY_API MemoryTable final : public Recordset {
  public:
   explicit MemoryTable(std::vector<std::string> names);
   MemoryTable(std::vector<std::string> names, const std::vector<std::vector<Value>>& rows);
@@ -112,9 +113,9 @@ class MemoryTable final : public Recordset {
 /// stands in quotes, a quote within it doubled. An empty cell is null, one of two quotes an empty
 /// text. Empty lines do not count. Anything else is an AutomationError that names `fileName`, the
 /// line and the reason.
-MemoryTable parseCsv(std::string_view text, std::string_view fileName);
+PAPERWAY_API MemoryTable parseCsv(std::string_view text, std::string_view fileName);
 
 /// The same from a file.
-MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path);
+PAPERWAY_API MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path);
 
 }  // namespace paperway

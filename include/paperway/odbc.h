@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/export.h"
 #include "paperway/recordset.h"
 
 namespace paperway {
@@ -24,7 +25,7 @@ class OdbcSession;
 
 /// A connection by ODBC. For one thread: it and its recordsets are not to be used from two at a
 /// time. Failures are AutomationErrors that carry the driver's messages with their SQLSTATE.
-class OdbcConnection {
+class PAPERWAY_API OdbcConnection {
  public:
   /// A connection string ("Driver=SQLite3;Database=sales.db;StepAPI=1") or the name of a data
   /// source, in UTF-8. A password in it appears in no message.
@@ -52,7 +53,7 @@ class OdbcCursor;
 /// all digits; DATE, TIME and TIMESTAMP dates; any other type a text, binary ones too when they are
 /// UTF-8. SQLite's cells may differ from what their column declares; such a cell is what it holds.
 /// A value that has none of these forms raises kTypeMismatch with the field's name.
-class OdbcRecordset : public Recordset {
+class PAPERWAY_API OdbcRecordset : public Recordset {
  public:
   /// Stands on row 1. Anything but a query raises, and does not run.
   OdbcRecordset(const OdbcConnection& connection, std::string_view statement);

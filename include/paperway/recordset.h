@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/export.h"
 #include "paperway/value.h"
 
 namespace paperway {
@@ -16,7 +17,7 @@ class Fields;
 /// Rows of named, typed fields with a cursor: all that the library asks of a host's data. The host
 /// owns it; the library moves the cursor, reads and never writes or closes. Failures are
 /// AutomationErrors.
-class Recordset {
+class PAPERWAY_API Recordset {
  public:
   virtual ~Recordset() = default;
 
@@ -51,7 +52,7 @@ class Recordset {
 };
 
 /// One field of the row in hand.
-class Field {
+class PAPERWAY_API Field {
  public:
   Field(const Recordset& rows, std::size_t ordinal) : rows_(rows), ordinal_(ordinal) {}
   std::string_view Name() const { return rows_.fieldName(ordinal_); }
@@ -63,7 +64,7 @@ class Field {
 };
 
 /// The fields of the row in hand. Item() by a 0-based index or by name, ignoring case.
-class Fields {
+class PAPERWAY_API Fields {
  public:
   explicit Fields(const Recordset& rows) : rows_(rows) {}
   std::size_t Count() const { return rows_.fieldCount(); }

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 struct RunState;
@@ -9,7 +11,7 @@ struct RunState;
 /// What Class1 objects share with the windows that they open: page length and printer, the report
 /// on its way to a window, whether one is open, the installation number. Copies are the same
 /// context; a window keeps it alive as long as it is open. For one thread.
-class RunContext {
+class PAPERWAY_API RunContext {
  public:
   /// One of its own, in which nothing is set.
   RunContext();

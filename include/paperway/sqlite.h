@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/export.h"
 #include "paperway/recordset.h"
 
 struct sqlite3;
@@ -20,7 +21,7 @@ namespace paperway {
 /// A SQLite database file, opened for reading alone. For one thread: it and its recordsets are not
 /// to be used from two at a time. A file that is missing, unreadable, no database or locked for
 /// longer than `patience` raises an AutomationError that names it and the reason.
-class SqliteDatabase {
+class PAPERWAY_API SqliteDatabase {
  public:
   explicit SqliteDatabase(const std::filesystem::path& file,
                           std::chrono::milliseconds patience = std::chrono::seconds(2));
@@ -43,7 +44,7 @@ class SqliteDatabase {
 /// A value has the type in which it is stored: INTEGER, REAL, TEXT, NULL. A text that is an ISO
 /// 8601 date gives a date in a column declared DATE, DATETIME or TIMESTAMP; a BLOB is a text when
 /// it is UTF-8 and raises otherwise. RecordCount() is -1 until the last row has been reached.
-class SqliteRecordset : public Recordset {
+class PAPERWAY_API SqliteRecordset : public Recordset {
  public:
   /// Stands on row 1. Any other kind of statement, parameters, or more than one statement raise.
   SqliteRecordset(const SqliteDatabase& database, std::string_view statement);

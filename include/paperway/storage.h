@@ -1,5 +1,6 @@
 #pragma once
 
+#include "paperway/export.h"
 #include "paperway/platform/storage.h"
 
 namespace paperway::desktop {
@@ -9,7 +10,7 @@ namespace paperway::desktop {
 ///
 /// A path that names a descriptor of the process (/dev/stdout, /dev/fd/3) is a stream, whatever is
 /// behind it, and is written from where it stands: who opened it will go on writing there.
-class Storage : public paperway::Storage {
+class PAPERWAY_API Storage : public paperway::Storage {
  public:
   FileStatus status(const Path& path) override;
   bool isSame(const Path& one, const Path& other) override;

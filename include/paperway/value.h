@@ -7,6 +7,8 @@
 #include <string_view>
 #include <variant>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// A day of the Gregorian calendar (years 100 to 9999) with a time of day to the second.
@@ -24,20 +26,20 @@ struct Date {
 
 /// Days since 30 December 1899 with the time of day as the fraction, and back. Before that day the
 /// fraction still counts forward from midnight, as the automation platform keeps it.
-double dateToSerial(const Date& date);
-std::optional<Date> serialToDate(double serial);
+PAPERWAY_API double dateToSerial(const Date& date);
+PAPERWAY_API std::optional<Date> serialToDate(double serial);
 
 /// ISO 8601 "2026-03-05", optionally with "T" or a blank and "14:07", "14:07:09", a fraction of a
 /// second (dropped) and "Z" or an offset (dropped: the text's own wall clock counts). Nothing for
 /// any other text, or for a day that does not exist.
-std::optional<Date> parseIsoDate(std::string_view text);
+PAPERWAY_API std::optional<Date> parseIsoDate(std::string_view text);
 
 /// A typed value of a row: null, text (UTF-8), number or date.
 using Value = std::variant<std::monostate, std::string, double, std::int64_t, Date>;
 
 /// The same without owning its text, small enough to be passed by value. The text lives as long as
 /// whoever gave the view says: for a recordset until its cursor moves.
-class ValueView {
+class PAPERWAY_API ValueView {
  public:
   enum class Kind : std::uint8_t { null, text, real, integer, date };
 

@@ -59,7 +59,7 @@ int floorOf(const std::string& file) {
       {"src/util", 1},     {"src/platform", 2},   {"src/data", 3},    {"src/session", 3},
       {"src/controls", 4}, {"src/report", 4},     {"src/printed", 3}, {"src/preview", 5},
       {"src/html", 6},     {"src/textreport", 5}, {"src/excel", 6},   {"src/printing", 6},
-      {"src/sticker", 6},  {"src/facade", 8}};
+      {"backends/desktop/platform", 7}, {"src/sticker", 6},  {"src/facade", 8}};
   const auto found = kFloors.find(folderOf(file));
   if (found != kFloors.end()) return found->second;
   if (file.starts_with("include/")) return 0;

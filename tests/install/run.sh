@@ -1,26 +1,45 @@
 #!/usr/bin/env bash
-# Installs the build to a folder of its own and builds a host against it, by find_package and by
-# pkg-config.
-#   run.sh SOURCE_DIR BUILD_DIR MAKE_LEDGER [COMPILE_FLAGS]
-set -euo pipefail
-source=$1 build=$2 make_ledger=$3 flags=${4:-}
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+# Installs the build to a folder of its own and builds hosts against it, by find_package and by plain
+# pkg-config: without windows, with windows, and with the shared libraries where there are some.
+#   run.sh SOURCE_DIR BUILD_DIR MAKE_LEDGER DESKTOP [COMPILE_FLAGS]
+source=$1 build=$2 make_ledger=$3 desktop=$4 flags=${5:-}
+. "$source/tests/install/lib.sh"
+examples=$source/examples
 
-cmake --install "$build" --prefix "$work/prefix" >/dev/null
+# Another place than the build knows of.
+cmake --install "$build" --prefix "$work/first" >/dev/null
+mv "$work/first" "$work/prefix"
 "$make_ledger" "$work/ledger.db" 200
 cd "$work"
 
+check() {  # the programs of a way to build them
+  write_report "$1/host"
+  not needs "$1/host" 'Qt|cups|odbc'
+  if [ "$desktop" = ON ]; then draw_report "$1/desktop"; fi
+}
+
 cmake -S "$source/tests/install" -B by-cmake -DCMAKE_PREFIX_PATH="$work/prefix" \
-  -DHOST_SOURCE="$source/examples/host.cpp" -DCMAKE_CXX_FLAGS="$flags" >/dev/null
-cmake --build by-cmake >/dev/null
-by-cmake/host ledger.db one.txt
+  -Dpaperway_STATIC=ON -DDESKTOP="$desktop" -DEXAMPLES="$examples" \
+  -DCMAKE_CXX_FLAGS="$flags" >/dev/null
+cmake --build by-cmake -j 2 >/dev/null
+check by-cmake
+not needs by-cmake/host paperway
 
-export PKG_CONFIG_PATH
-PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name paperway.pc)")
-g++ -std=c++20 $flags "$source/examples/host.cpp" -o by-pkg-config \
-  $(pkg-config --define-variable=prefix="$work/prefix" --cflags --libs paperway)
-./by-pkg-config ledger.db two.txt
-
-cmp one.txt two.txt
-grep -q "Sales ledger" one.txt
+use_prefix prefix
+mkdir by-pkg-config
+for host in "host paperway-sqlite" "desktop paperway-desktop"; do
+  set -- $host
+  if [ "$desktop" != ON ] && [ "$1" = desktop ]; then continue; fi
+  compile "$examples/$1.cpp" "$1.o" "$2"
+  link "$1.o" "by-pkg-config/$1" "$2"
+done
+shared=$(find prefix -name 'libpaperway.so.*')
+if [ -n "$shared" ]; then
+  needs by-pkg-config/host 'libpaperway\.so\.[0-9]'
+  export LD_LIBRARY_PATH=$(dirname "$work/${shared%%$'\n'*}")
+  # Nothing but what the public headers declare.
+  nm -DC --defined-only "$LD_LIBRARY_PATH/libpaperway.so" >exported
+  grep -q 'paperway::Class1::Text_Rpt' exported
+  not grep -E 'paperway::(FrmReport|TextBox|CodePage)::' exported
+fi
+check by-pkg-config

@@ -3,10 +3,12 @@
 #include <string>
 #include <string_view>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// The desktop's clipboard, as far as text goes (UTF-8).
-class Clipboard {
+class PAPERWAY_API Clipboard {
  public:
   virtual ~Clipboard() = default;
 

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "paperway/export.h"
 #include "paperway/value.h"
 
 namespace paperway {
 
-class Clock {
+class PAPERWAY_API Clock {
  public:
   virtual ~Clock() = default;
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// A question for a file name. Texts are UTF-8.
@@ -21,7 +23,7 @@ struct FileQuestion {
 };
 
 /// Dialogs that ask for a file or a colour and wait for the answer. Nothing means cancelled.
-class Dialogs {
+class PAPERWAY_API Dialogs {
  public:
   virtual ~Dialogs() = default;
 

@@ -3,13 +3,14 @@
 #include <string>
 #include <string_view>
 
+#include "paperway/export.h"
 #include "paperway/value.h"
 
 namespace paperway {
 
 /// The machine's files, as the utility functions ask about them. Paths are native. A file that is
 /// missing, or a step that fails, is an AutomationError that names the file and the reason.
-class FileSystem {
+class PAPERWAY_API FileSystem {
  public:
   enum class SpecialFolder { temporary = 2 };
 

@@ -2,12 +2,14 @@
 
 #include <filesystem>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// The folders in which the library keeps files of its own. Each call makes sure that the folder
 /// exists (mode 0700 when it is made) and raises an AutomationError that names it when it cannot.
 /// Paths are native and have no separator at their end.
-class Folders {
+class PAPERWAY_API Folders {
  public:
   virtual ~Folders() = default;
 

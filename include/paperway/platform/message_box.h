@@ -2,11 +2,13 @@
 
 #include <string_view>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// Asks or tells the user something and waits for the answer. Texts are UTF-8; a line end in them
 /// is CR LF or LF.
-class MessageBox {
+class PAPERWAY_API MessageBox {
  public:
   enum class Icon { none = 0, critical = 16, information = 64 };
   enum class Buttons { ok = 0, yesNo = 4 };

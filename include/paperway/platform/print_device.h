@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "paperway/export.h"
 #include "paperway/platform/printers.h"
 
 namespace paperway {
@@ -37,7 +38,7 @@ struct StyledDocument {
 };
 
 /// A document being drawn. One that dies before end() has returned is cancelled.
-class StyledJob {
+class PAPERWAY_API StyledJob {
  public:
   virtual ~StyledJob() = default;
 
@@ -48,7 +49,7 @@ class StyledJob {
 };
 
 /// Draws styled text on paper.
-class PrintDevice {
+class PAPERWAY_API PrintDevice {
  public:
   virtual ~PrintDevice() = default;
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 struct PrinterInfo {
@@ -24,7 +26,7 @@ struct PageSettings {
 };
 
 /// The machine's printers. A printer is known by its DeviceName (UTF-8).
-class Printers {
+class PAPERWAY_API Printers {
  public:
   virtual ~Printers() = default;
 

@@ -4,10 +4,12 @@
 #include <string>
 #include <vector>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// Other programs.
-class Shell {
+class PAPERWAY_API Shell {
  public:
   virtual ~Shell() = default;
 

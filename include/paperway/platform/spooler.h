@@ -6,11 +6,12 @@
 #include <string_view>
 
 #include "paperway/automation_error.h"
+#include "paperway/export.h"
 
 namespace paperway {
 
 /// Why a printer did not take a job, or no more of it, and how far the job had come.
-class SpoolError : public AutomationError {
+class PAPERWAY_API SpoolError : public AutomationError {
  public:
   SpoolError(const std::string& printer, const std::string& reason, std::uint64_t accepted = 0);
 
@@ -34,7 +35,7 @@ enum class DocumentFormat {
 /// raises a SpoolError: the printer refuses, goes away, or makes no progress for the time-out that
 /// the implementation states. A job that dies before end() has returned is cancelled, so that what
 /// has not been printed is not printed.
-class PrintJob {
+class PAPERWAY_API PrintJob {
  public:
   virtual ~PrintJob() = default;
 
@@ -46,7 +47,7 @@ class PrintJob {
 };
 
 /// The way to the printers.
-class Spooler {
+class PAPERWAY_API Spooler {
  public:
   virtual ~Spooler() = default;
 

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// What a path leads to, as the file itself says.
@@ -34,7 +36,7 @@ enum class FileAccess {
 };
 
 /// An open file; it is closed when the object goes.
-class StoredFile {
+class PAPERWAY_API StoredFile {
  public:
   virtual ~StoredFile() = default;
 
@@ -62,7 +64,7 @@ class StoredFile {
 /// The files of the machine: how they are opened, replaced and made to last. All of the library
 /// that reads or writes a file does it by these steps, most of it through InputFile and OutputFile.
 /// Each step that fails raises a std::system_error with the reason as its code.
-class Storage {
+class PAPERWAY_API Storage {
  public:
   using Path = std::filesystem::path;
 

@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// Names by which the machine and its user are known, in UTF-8; empty when the system gives none.
-class SystemNames {
+class PAPERWAY_API SystemNames {
  public:
   virtual ~SystemNames() = default;
 

@@ -3,13 +3,15 @@
 #include <string>
 #include <string_view>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 /// Texts that belong to a user and outlast the program, addressed by application, section and key,
 /// all without regard to case. Addresses and values are UTF-8 of any content, line ends included.
 /// A store that cannot be read or written raises an AutomationError that names it and the reason,
 /// and stays as it was.
-class UserStore {
+class PAPERWAY_API UserStore {
  public:
   virtual ~UserStore() = default;
 

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "paperway/export.h"
+
 namespace paperway {
 
 class Form;
@@ -12,7 +14,7 @@ struct ScreenSize {  // twips
 };
 
 /// Puts forms on the screen. Windows are modeless: show() returns while the window stays open.
-class Windows {
+class PAPERWAY_API Windows {
  public:
   virtual ~Windows() = default;
 

@@ -3,11 +3,11 @@
 #include "paperway/platform/printers.h"
 #include "paperway/platform/spooler.h"
 
-namespace paperway {
+namespace paperway::desktop {
 
 /// The queues of a print service and the printers that are written to directly, as one list. A
 /// direct printer hides a queue of its name. Both parts outlive the whole.
-class JoinedPrinters : public Printers {
+class JoinedPrinters : public paperway::Printers {
  public:
   JoinedPrinters(Printers& queues, Printers& direct) : queues_(queues), direct_(direct) {}
 
@@ -26,7 +26,7 @@ class JoinedPrinters : public Printers {
   std::string current_;
 };
 
-class JoinedSpooler : public Spooler {
+class JoinedSpooler : public paperway::Spooler {
  public:
   JoinedSpooler(Spooler& queues, Spooler& direct) : queues_(queues), direct_(direct) {}
 
@@ -37,4 +37,4 @@ class JoinedSpooler : public Spooler {
   Spooler& direct_;
 };
 
-}  // namespace paperway
+}  // namespace paperway::desktop

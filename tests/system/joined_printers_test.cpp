@@ -1,10 +1,10 @@
-#include "printing/joined_printers.h"
+#include "backends/desktop/system/joined_printers.h"
 
 #include <gtest/gtest.h>
 
 #include "paperway/headless.h"
 
-namespace paperway {
+namespace paperway::desktop {
 namespace {
 
 TEST(JoinedPrinters, AreQueuesAndDirectPrintersInOneList) {
@@ -35,4 +35,4 @@ TEST(JoinedPrinters, AreQueuesAndDirectPrintersInOneList) {
 }
 
 }  // namespace
-}  // namespace paperway
+}  // namespace paperway::desktop

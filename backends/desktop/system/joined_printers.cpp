@@ -1,8 +1,8 @@
-#include "printing/joined_printers.h"
+#include "backends/desktop/system/joined_printers.h"
 
 #include <algorithm>
 
-namespace paperway {
+namespace paperway::desktop {
 namespace {
 
 bool holds(const std::vector<PrinterInfo>& printers, const std::string& name) {
@@ -48,4 +48,4 @@ std::unique_ptr<PrintJob> JoinedSpooler::open(const std::string& printer) {
   return job ? std::move(job) : queues_.open(printer);
 }
 
-}  // namespace paperway
+}  // namespace paperway::desktop
