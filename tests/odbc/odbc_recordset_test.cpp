@@ -136,6 +136,7 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
   const std::string longQuery = "SELECT '" + std::string(300, 'y') + "' FROM x";
   for (const auto& [connection, query, pattern] :
        {Case{"no such source", "", "Cannot connect to \"no such source\": [[]IM002] *"},
+        Case{"shop;Pwd=s3cret", "", "Cannot connect to \"shop;Pwd=[*][*][*]\": [[]IM002] *"},
         Case{"Driver=SQLite3;Database=/nowhere/é.db", "", "* to \"*/é.db\": [[]HY000] *failed*"},
         Case{lost, "", "*Port=1;Pwd=[*][*][*]\": [[]08001] *refused*"},
         Case{server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},

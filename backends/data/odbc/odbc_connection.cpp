@@ -1,5 +1,6 @@
 #include <array>
 
+#include "backends/data/odbc/odbc_attributes.h"
 #include "backends/data/odbc/odbc_session.h"
 #include "paperway/automation_error.h"
 #include "paperway/odbc.h"
@@ -7,34 +8,6 @@
 
 namespace paperway {
 namespace {
-
-// Behind the value of an attribute: at the next ";", which means nothing within braces. There "}}"
-// stands for a "}".
-std::size_t endOfValue(std::string_view text, std::size_t begin) {
-  std::size_t at = begin;
-  if (at < text.size() && text[at] == '{') {
-    at = text.find('}', at);
-    while (at < text.size() && text.substr(at, 2) == "}}") at = text.find('}', at + 2);
-  }
-  const std::size_t end = text.find(';', at);
-  return end == std::string_view::npos ? text.size() : end;
-}
-
-// The connection string as messages show it.
-std::string withoutPasswords(std::string_view text) {
-  std::string result;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t value = std::min(text.find('=', at), text.size() - 1) + 1;
-    const std::size_t end = endOfValue(text, value);
-    const std::string_view key = trimBlanks(text.substr(at, value - at - 1));
-    const bool secret = equalIgnoringCase(key, "PWD") || equalIgnoringCase(key, "Password");
-    result += text.substr(at, value - at);
-    result += secret ? "***" : text.substr(value, end - value);
-    if (end < text.size()) result += ';';
-    at = end + 1;
-  }
-  return result;
-}
 
 std::string infoText(const OdbcHandle& connection, SQLUSMALLINT what) {
   std::array<char, 4096> text{};
@@ -63,15 +36,15 @@ OdbcDriver describeDriver(const OdbcHandle& connection) {
 
 OdbcSession::OdbcSession(std::string_view connection) {
   const Utf8Locale locale;
-  const bool attributes = connection.find('=') != std::string_view::npos;
-  const std::string text = (attributes ? "" : "DSN=") + std::string(connection);
+  const OdbcAttributes attributes(connection);
+  const std::string& text = attributes.text();
   const SQLRETURN result = SQLDriverConnect(connection_.get(), nullptr, odbcText(text),
                                             static_cast<SQLSMALLINT>(text.size()), nullptr, 0,
                                             nullptr, SQL_DRIVER_NOPROMPT);
   if (!SQL_SUCCEEDED(result)) {
-    throw AutomationError(
-        AutomationError::kDataProvider, "OdbcConnection",
-        "Cannot connect to \"" + withoutPasswords(connection) + "\": " + connection_.diagnostics());
+    throw AutomationError(AutomationError::kDataProvider, "OdbcConnection",
+                          "Cannot connect to \"" + attributes.shown() +
+                              "\": " + attributes.withoutPasswords(connection_.diagnostics()));
   }
   driver_ = describeDriver(connection_);
 }
