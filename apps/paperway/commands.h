@@ -1,8 +1,12 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
+#include <new>
 #include <stdexcept>
 #include <string>
+
+#include "util/output_file.h"
 
 namespace paperway::command {
 
@@ -17,6 +21,16 @@ struct Told : std::runtime_error {
 struct Interrupted : std::runtime_error {
   Interrupted() : std::runtime_error("interrupted") {}
 };
+
+/// Does the work of a command on a file; a lack of memory is told with both.
+template <typename Work>
+void forFile(const char* verb, const std::string& file, const Work& work) {
+  try {
+    work();
+  } catch (const std::bad_alloc&) {
+    raiseFileError(verb, file, ENOMEM, "paperway");
+  }
+}
 
 /// Each adds one command; its work runs as the callback, which throws when it fails.
 void addText(CLI::App& app);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "apps/paperway/commands.h"
+#include "apps/paperway/stop_signals.h"
 #include "backends/desktop/system/system.h"
 #include "paperway/headless.h"
 #include "paperway/platform.h"
@@ -38,6 +39,7 @@ class Machine {
   struct MessageBox : desktop::ConsoleMessageBox {
     Answer show(std::string_view text, std::string_view title, Buttons buttons,
                 Icon icon) override {
+      if (StopSignals::raised() != 0) throw Interrupted();  // which is what the user expects
       told = true;
       return ConsoleMessageBox::show(text, title, buttons, icon);
     }
@@ -46,7 +48,7 @@ class Machine {
 
   MessageBox messageBox_;
   desktop::System system_;
-  headless::Headless screenless_{system_.folders.temporary()};
+  headless::Headless screenless_{std::filesystem::path()};  // its folders and files are not used
 };
 
 }  // namespace paperway::command

@@ -11,7 +11,6 @@
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
-#include "apps/paperway/stop_signals.h"
 #include "apps/paperway/user_printers.h"
 #include "platform/input_file.h"
 #include "printed/page_ranges.h"
@@ -61,80 +60,52 @@ ReportExtent extentOf(Storage& storage, const std::string& file, const PrintOpti
   return scan.end();
 }
 
+/// A folder of this process alone, which goes with it.
+class WorkFolder {
+ public:
+  explicit WorkFolder(Folders& folders)
+      : path_(folders.temporary() / ("print-" + std::to_string(getpid()))) {
+    std::filesystem::create_directories(path_);
+  }
+  ~WorkFolder() {
+    try {
+      std::filesystem::remove_all(path_);
+    } catch (const std::exception&) {
+      // Left behind; the job is what counts.
+    }
+  }
+  WorkFolder(const WorkFolder&) = delete;
+  WorkFolder& operator=(const WorkFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+
+ private:
+  const std::filesystem::path path_;
+};
+
 /// The report, or a work file of this job alone with the pages that were asked for.
 class FileToPrint {
  public:
   FileToPrint(const PrintOptions& options, Storage& storage, Folders& folders)
       : path_(options.file) {
     if (options.pages.empty() || !std::filesystem::exists(path_)) return;
-    folder_ = folders.temporary() / ("print-" + std::to_string(getpid()));
-    std::filesystem::create_directories(folder_);
-    path_ = folder_ / std::filesystem::path(options.file).filename();
+    folder_.emplace(folders);
+    path_ = folder_->path() / std::filesystem::path(options.file).filename();
     requirePages(options, writePages(storage, options.file, options.chosen, path_));
   }
-  ~FileToPrint() {
-    std::error_code ignored;
-    if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
-  }
-  FileToPrint(const FileToPrint&) = delete;
-  FileToPrint& operator=(const FileToPrint&) = delete;
 
   std::string path() const { return path_.string(); }
 
  private:
   std::filesystem::path path_;
-  std::filesystem::path folder_;
-};
-
-/// A job that Ctrl-C cancels.
-class StoppableJob : public PrintJob {
- public:
-  explicit StoppableJob(std::unique_ptr<PrintJob> job) : job_(std::move(job)) {}
-
-  void start(const std::string& documentName, DocumentFormat format) override {
-    job_->start(documentName, format);
-  }
-  void write(std::string_view bytes) override {
-    for (; !bytes.empty(); bytes.remove_prefix(std::min(kPiece, bytes.size()))) {
-      throwIfStopped();
-      job_->write(bytes.substr(0, kPiece));
-    }
-  }
-  void end() override {
-    throwIfStopped();
-    job_->end();
-  }
-
- private:
-  static constexpr std::size_t kPiece = 2 << 10;  // a slow printer takes seconds for more
-
-  static void throwIfStopped() {
-    if (StopSignals::raised() != 0) throw Interrupted();
-  }
-
-  const std::unique_ptr<PrintJob> job_;
-};
-
-class StoppableSpooler : public Spooler {
- public:
-  explicit StoppableSpooler(Spooler& spooler) : spooler_(spooler) {}
-
-  std::unique_ptr<PrintJob> open(const std::string& printer) override {
-    auto job = spooler_.open(printer);
-    return job ? std::make_unique<StoppableJob>(std::move(job)) : nullptr;
-  }
-
- private:
-  const StopSignals stopSignals_;
-  Spooler& spooler_;
+  std::optional<WorkFolder> folder_;
 };
 
 void printRaw(const PrintOptions& options) {
   Machine machine;
-  UserPrinters user;
-  StoppableSpooler spooler(user.spooler);
+  StoppablePrinters user;
   const Platform screenless = machine.platform();
-  const Platform platform = screenless.with(spooler, user.printers, screenless.printDevice);
+  const Platform platform = screenless.with(user.spooler, user.printers, screenless.printDevice);
   const FileToPrint part(options, platform.storage, platform.folders);
   const std::string file = part.path();
   PrintFileArguments arguments{.fileName = file,
@@ -236,11 +207,8 @@ void addPrint(CLI::App& app) {
       "  paperway print ledger.txt --pages 1 --pdf first.pdf");
   print->callback([options] {
     readPages(*options);
-    if (options->styled || !options->pdf.empty()) {
-      printStyled(*options);
-    } else {
-      printRaw(*options);
-    }
+    const bool drawn = options->styled || !options->pdf.empty();
+    forFile("print", options->file, [&] { drawn ? printStyled(*options) : printRaw(*options); });
   });
 }
 

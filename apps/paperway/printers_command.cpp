@@ -1,6 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstdio>
+#include <iomanip>
 #include <iostream>
 #include <memory>
 #include <stdexcept>
@@ -26,9 +26,9 @@ void list() {
     width = std::max(width, printer.DeviceName.size());
   }
   for (const PrinterInfo& printer : printers) {
-    std::printf("%c %-*s  %-5s  %s\n", printer.DeviceName == current ? '*' : ' ',
-                static_cast<int>(width), printer.DeviceName.c_str(), printer.raw ? "raw" : "pages",
-                printer.description.c_str());
+    std::cout << (printer.DeviceName == current ? "* " : "  ") << std::left
+              << std::setw(static_cast<int>(width)) << printer.DeviceName << "  "
+              << (printer.raw ? "raw    " : "pages  ") << printer.description << "\n";
   }
   if (printers.empty()) std::cerr << "There is no printer.\n";
 }
@@ -60,7 +60,7 @@ std::string testPage(const std::string& name) {
 }
 
 void test(const std::string& name) {
-  UserPrinters user;
+  StoppablePrinters user;
   const auto job = user.spooler.open(name);
   if (!job) throw std::runtime_error("There is no printer \"" + name + "\".");
   const std::string page = testPage(name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <csignal>
 #include <memory>
 
 #include "paperway/platform/printers.h"
@@ -13,6 +14,7 @@ struct Queues {
   std::unique_ptr<Spooler> spooler;
 };
 
-Queues openQueues();
+/// A wait for the service ends when `stop` is set.
+Queues openQueues(const volatile std::sig_atomic_t* stop);
 
 }  // namespace paperway::command

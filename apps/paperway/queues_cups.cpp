@@ -4,8 +4,11 @@
 
 namespace paperway::command {
 
-Queues openQueues() {
-  return {std::make_unique<desktop::CupsPrinters>(), std::make_unique<desktop::CupsSpooler>()};
+Queues openQueues(const volatile std::sig_atomic_t* stop) {
+  using desktop::kPrintQueryTimeout;
+  using desktop::kPrintServiceTimeout;
+  return {std::make_unique<desktop::CupsPrinters>(Patience(kPrintQueryTimeout, stop)),
+          std::make_unique<desktop::CupsSpooler>(Patience(kPrintServiceTimeout, stop))};
 }
 
 }  // namespace paperway::command

@@ -14,7 +14,7 @@ const NoPrinters kNone;
 
 }  // namespace
 
-Queues openQueues() {
+Queues openQueues(const volatile std::sig_atomic_t* /*stop*/) {
   return {std::make_unique<NoPrinters>(), std::make_unique<headless::Spooler>(kNone)};
 }
 

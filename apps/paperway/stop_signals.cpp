@@ -1,7 +1,5 @@
 #include "apps/paperway/stop_signals.h"
 
-#include <csignal>
-
 namespace paperway::command {
 namespace {
 
@@ -11,12 +9,17 @@ volatile std::sig_atomic_t stopSignal = 0;
 
 void askToStop(int signal) {
   stopSignal = signal;
-  std::signal(signal, SIG_DFL);
 }
 
-/// A signal that whoever started the process had it ignore (nohup) stays ignored.
+/// A signal that whoever started the process had it ignore (nohup) stays ignored. Calls that wait
+/// are not taken up again: they fail, and so end the wait.
 void handle(int signal, void (*handler)(int)) {
-  if (std::signal(signal, handler) == SIG_IGN) std::signal(signal, SIG_IGN);
+  struct sigaction before {};
+  struct sigaction action {};
+  action.sa_handler = handler;
+  action.sa_flags = SA_RESETHAND;
+  sigaction(signal, nullptr, &before);
+  if (before.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
 }
 
 }  // namespace
@@ -31,6 +34,10 @@ StopSignals::~StopSignals() {
 }
 
 int StopSignals::raised() {
+  return stopSignal;
+}
+
+const volatile std::sig_atomic_t& StopSignals::flag() {
   return stopSignal;
 }
 

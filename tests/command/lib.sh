@@ -33,6 +33,19 @@ listens_for_term() { # PID: of the command, not of the shell that is about to be
   (((0x${caught:-0} & 0x4000) != 0))
 }
 
+# expect_stop COMMAND...: it hears a request to stop at once, whatever it waits for.
+expect_stop() {
+  "$@" 2>stop.txt &
+  for _ in {1..2000}; do listens_for_term $! && break; done
+  sleep 0.3
+  SECONDS=0
+  kill -TERM $!
+  wait $!
+  local code=$?
+  [ $code -eq 143 ] && [ $SECONDS -le 3 ] || fail "$*: a stop ends with $code after $SECONDS s"
+  grep -q stopped stop.txt || fail "$*: the stop's message: $(cat stop.txt)"
+}
+
 finish() {
   [ "$failures" -eq 0 ] && echo "all as expected"
   exit $((failures > 0))

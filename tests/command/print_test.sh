@@ -29,13 +29,24 @@ expect 1 'report.txt has 3 pages, and no page 4.' $print --pages 1,4
 expect 2 'takes pages and ranges' $print --pages 3-2
 expect 2 'excludes' $print --styled --pitch 12
 expect 1 'File none.txt does not exists' "$paperway" print none.txt
-expect 1 'Elsewhere' $print --printer Elsewhere
+expect 1 "The Printer Name (Elsewhere) wasn't recognized." $print --printer Elsewhere
 expect 0 '' $printers add Full file:///dev/full
 expect 1 'took nothing of the job: No space left on device' $print --printer Full
 printf '%090d\r\n\f' 1 >wide.txt
 expect 0 'warning: Will not fit: a line of 9 inches on page 1, the paper has 8' \
   "$paperway" print wide.txt
 expect 0 '' "$paperway" print wide.txt --pitch 12
+
+# A printer that stands still keeps nobody who wants to stop.
+head -c 1000000 /dev/zero | tr '\0' x >long.txt
+mkfifo still
+exec 4<>still
+for target in '|sleep 1000' "file://$work/still" '|cat >/dev/null; sleep 1000'; do
+  expect 0 '' $printers add Still "$target"
+  expect_stop "$paperway" print long.txt --printer Still
+done
+expect 1 'report.txt has 3 pages.' env TMPDIR="$work" $print --pages 4
+[ -z "$(ls -A paperway-*)" ] || fail "work files are left: $(ls -A paperway-*)"
 
 if $print --pdf all.pdf 2>said; then
   [ "$(pdftotext -layout all.pdf - | tr -d '\n')" = $'one\ftwo\fcafé\f' ] || fail "the text of the PDF"

@@ -43,7 +43,6 @@ expect 2 '--title' text --out x.txt --title 1 --title 2 --title 3 --title 4 --ti
 echo earlier >kept.txt
 (
   ulimit -f 8
-  trap '' XFSZ
   text --out kept.txt 2>limit.txt
 ) && fail "a file over the limit"
 grep -q 'kept.txt' limit.txt || fail "the limit's message: $(cat limit.txt)"
@@ -51,13 +50,7 @@ endless="WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n)
   SELECT i AS voucher, i AS date, '' AS customer, '' AS region, '' AS item, i AS quantity,
     i AS rate, i AS amount FROM n"
 for data in "$endless" "$endless ORDER BY i"; do
-  "$paperway" text --db ledger.db --data "$data" --columns "$columns" --out kept.txt 2>stop.txt &
-  for _ in {1..2000}; do listens_for_term $! && break; done
-  kill -TERM $!
-  wait $!
-  code=$?
-  [ $code -eq 143 ] || fail "a stop ends with $code"
-  grep -q stopped stop.txt || fail "the stop's message: $(cat stop.txt)"
+  expect_stop "$paperway" text --db ledger.db --data "$data" --columns "$columns" --out kept.txt
 done
 [ "$(cat kept.txt)" = earlier ] || fail "the earlier report is gone"
 [ -z "$(find . -name '*.part')" ] || fail "half a file is left: $(find . -name '*.part')"

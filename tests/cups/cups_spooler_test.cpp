@@ -72,7 +72,7 @@ TEST(CupsSpooler, SaysWhyAJobIsRefused) {
   EXPECT_THROW(job->write("text"), SpoolError);
 
   cupsSetServer(("127.0.0.1:" + std::to_string(freePort())).c_str());
-  EXPECT_THROW(spooler.open("P"), SpoolError);
+  EXPECT_EQ(spooler.open("P"), nullptr);  // no service, no printer
   EXPECT_TRUE(CupsPrinters().list().empty());
   EXPECT_EQ(CupsPrinters().current(), "");
   desk->cups.use();
@@ -97,6 +97,23 @@ TEST(CupsSpooler, ServerThatStandsStillOrDiesFailsTheJob) {
     }
     another.signal(SIGKILL);
   }
+  desk->cups.use();
+}
+
+TEST(CupsSpooler, UserWhoWantsToStopDoesNotWaitForTheServer) {
+  volatile std::sig_atomic_t stop = 0;
+  CupsSpooler spooler(Patience(desktop::kPrintServiceTimeout, &stop));
+  PrivateCups another;
+  another.addRawQueue("P", desk->raw.address());
+  auto job = started(spooler, "P");
+  job->write("text");
+  another.signal(SIGSTOP);
+  stop = SIGINT;
+  const auto begun = std::chrono::steady_clock::now();
+  EXPECT_THROW(job->end(), SpoolError);
+  job.reset();
+  EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(5));
+  another.signal(SIGKILL);
   desk->cups.use();
 }
 

@@ -2,6 +2,7 @@
 
 #include <sys/stat.h>
 
+#include "support/error_of.h"
 #include "support/expect_each.h"
 #include "support/files.h"
 #include "support/job_listener.h"
@@ -63,6 +64,35 @@ TEST_F(Direct, PrinterThatFailsSaysWhyAndHowFarTheJobCame) {
     EXPECT_EQ(error.reason().substr(0, reason.size()), reason) << target;
     EXPECT_GE(error.accepted(), least) << target;
     EXPECT_LE(error.accepted(), most) << target;
+  }
+}
+
+TEST_F(Direct, StandstillEndsWhenTheUserWantsToStop) {
+  const volatile std::sig_atomic_t stop = SIGINT;
+  JobListener neverReads(JobListener::Manner::neverReads);
+  const std::string socket = "socket://" + neverReads.address();
+  for (const std::string& target :
+       {socket, std::string("|sleep 99"), std::string("|cat; sleep 99")}) {
+    file_.add({"P", target});
+    const auto job = DirectSpooler(file_, Patience(DirectSpooler::kTimeout, &stop)).open("P");
+    const std::string error = errorOf([&] {
+      job->start("report", DocumentFormat::raw);
+      job->write(std::string(40 << 20, 'x'));
+      job->end();
+    });
+    EXPECT_NE(error.find("The job was stopped"), error.npos) << target << ": " << error;
+  }
+}
+
+TEST_F(Direct, CommandOfLocalDosMayBeAnyThatAJobTakes) {
+  const std::string report = folder_.path / "report";
+  const std::string out = folder_.path / "out";
+  replaceFile(report, "text\f", "test");
+  for (const char* tail : {" # note", "; exit 0", " && (exit 0)"}) {
+    file_.add({"P", "|cat > " + out + tail});
+    replaceFile(out, "", "test");
+    EXPECT_EQ(std::system(DirectPrinters(file_).sendCommand("P", report).c_str()), 0) << tail;
+    EXPECT_EQ(readFile(out, "test"), "text\f") << tail;
   }
 }
 

@@ -1,11 +1,15 @@
 #include "backends/desktop/cups/connection.h"
 
+#include <csignal>
 #include <mutex>
+#include <type_traits>
 
 namespace paperway::desktop {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::milliseconds kLook{100};
 
 /// The server that last let a question go unanswered.
 class Silence {
@@ -28,27 +32,60 @@ class Silence {
   std::string server_;
 } silence;
 
-int giveUp(http_t* /*connection*/, void* /*data*/) {
-  return 0;
-}
-
 // A service that wants a password gets none: nobody may be there to type it.
 const char* noPassword(const char* /*prompt*/, http_t* /*connection*/, const char* /*method*/,
                        const char* /*resource*/, void* /*data*/) {
   return nullptr;
 }
 
+// CUPS only reads what it takes as an int.
+int* stopFlagOf(const Patience& patience) {
+  static_assert(std::is_same_v<std::sig_atomic_t, int>);
+  return const_cast<int*>(patience.stop);
+}
+
 }  // namespace
 
-CupsConnection connectToCups(std::chrono::milliseconds timeout) {
+struct CupsWait {
+  explicit CupsWait(const Patience& given) : patience(given) {}
+
+  /// Asked each time a call has seen nothing of the server for kLook.
+  bool goesOn() {
+    const auto now = Clock::now();
+    if (now - asked > 3 * kLook) begun = now - kLook;  // something has come in between
+    asked = now;
+    return !patience.isOver() && now - begun < patience.timeout;
+  }
+
+  const Patience patience;
+  Clock::time_point asked;
+  Clock::time_point begun;
+};
+
+CloseConnection::CloseConnection() = default;
+CloseConnection::CloseConnection(const Patience& patience)
+    : wait(std::make_unique<CupsWait>(patience)) {}
+CloseConnection::CloseConnection(CloseConnection&&) noexcept = default;
+CloseConnection& CloseConnection::operator=(CloseConnection&&) noexcept = default;
+CloseConnection::~CloseConnection() = default;
+
+CupsConnection connectToCups(const Patience& patience) {
   if (silence.holds()) return nullptr;
   cupsSetPasswordCB2(noPassword, nullptr);
-  CupsConnection connection(httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
-                                         cupsEncryption(), 1, static_cast<int>(timeout.count()),
-                                         nullptr));
+  const auto begun = Clock::now();
+  CupsConnection connection(
+      httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                   static_cast<int>(patience.timeout.count()), stopFlagOf(patience)),
+      CloseConnection(patience));
   if (connection) {
-    httpSetTimeout(connection.get(), std::chrono::duration<double>(timeout).count(), giveUp,
-                   nullptr);
+    const auto goOn = [](http_t*, void* wait) {
+      return static_cast<CupsWait*>(wait)->goesOn() ? 1 : 0;
+    };
+    httpSetTimeout(connection.get(), std::chrono::duration<double>(kLook).count(), goOn,
+                   connection.get_deleter().wait.get());
+  } else {
+    connection.get_deleter().refused =
+        !patience.isOver() && Clock::now() - begun < patience.timeout;
   }
   return connection;
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/patience.h"
+
 namespace paperway::desktop {
 
 /// How long the print service may stand still: with a job, and when it is asked about its printers
@@ -13,15 +15,26 @@ namespace paperway::desktop {
 inline constexpr std::chrono::milliseconds kPrintServiceTimeout{30'000};
 inline constexpr std::chrono::milliseconds kPrintQueryTimeout{5'000};
 
+struct CupsWait;
+
+/// Closes a connection, and keeps what the library asks while it waits on it.
 struct CloseConnection {
+  CloseConnection();
+  explicit CloseConnection(const Patience& patience);
+  CloseConnection(CloseConnection&&) noexcept;
+  CloseConnection& operator=(CloseConnection&&) noexcept;
+  ~CloseConnection();
   void operator()(http_t* connection) const { httpClose(connection); }
+
+  std::unique_ptr<CupsWait> wait;
+  bool refused = false;  // nobody takes connections at the server's address
 };
 using CupsConnection = std::unique_ptr<http_t, CloseConnection>;
 
 /// To the server that CUPS is set up for ($CUPS_SERVER). Nothing when it does not answer, nor for
 /// some seconds after it has let a question about its queues go unanswered: one act of the user
 /// asks several times.
-CupsConnection connectToCups(std::chrono::milliseconds timeout);
+CupsConnection connectToCups(const Patience& patience);
 
 /// Why the last call failed.
 std::string cupsReason();

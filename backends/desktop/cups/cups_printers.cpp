@@ -61,7 +61,7 @@ std::string describe(const cups_dest_t& queue) {
 }  // namespace
 
 std::vector<PrinterInfo> CupsPrinters::list() {
-  const CupsConnection connection = connectToCups(timeout_);
+  const CupsConnection connection = connectToCups(patience_);
   std::vector<PrinterInfo> infos;
   for (const cups_dest_t& queue : CupsQueues(connection.get())) {
     infos.push_back({nameOf(queue), describe(queue), isRaw(queue)});
@@ -71,7 +71,7 @@ std::vector<PrinterInfo> CupsPrinters::list() {
 
 std::string CupsPrinters::current() {
   if (!current_.empty()) return current_;
-  const CupsConnection connection = connectToCups(timeout_);
+  const CupsConnection connection = connectToCups(patience_);
   const CupsQueues queues(connection.get());
   for (const cups_dest_t& queue : queues) {
     if (queue.is_default != 0) return nameOf(queue);
@@ -80,7 +80,7 @@ std::string CupsPrinters::current() {
 }
 
 std::optional<PageSettings> CupsPrinters::settings(const std::string& printer) {
-  const CupsConnection connection = connectToCups(timeout_);
+  const CupsConnection connection = connectToCups(patience_);
   const CupsQueues queues(connection.get());
   cups_dest_t* const queue = queues.find(printer);
   if (queue == nullptr) return std::nullopt;
@@ -88,7 +88,7 @@ std::optional<PageSettings> CupsPrinters::settings(const std::string& printer) {
 }
 
 void CupsPrinters::keep(const std::string& printer, const PageSettings& settings) {
-  const CupsConnection connection = connectToCups(timeout_);
+  const CupsConnection connection = connectToCups(patience_);
   const CupsQueues queues(connection.get());
   cups_dest_t* const queue = queues.find(printer);
   if (queue == nullptr) {
@@ -110,7 +110,7 @@ void CupsPrinters::keep(const std::string& printer, const PageSettings& settings
 
 std::string CupsPrinters::sendCommand(const std::string& printer,
                                       const std::filesystem::path& file) {
-  const CupsConnection connection = connectToCups(timeout_);
+  const CupsConnection connection = connectToCups(patience_);
   if (CupsQueues(connection.get()).find(printer) == nullptr) return "";
   return "lp -d " + shellQuoted(printer) + " -o raw -- " + shellQuoted(file.string());
 }

@@ -14,8 +14,7 @@ namespace paperway::desktop {
 /// programs of the user find them too.
 class CupsPrinters : public paperway::Printers {
  public:
-  explicit CupsPrinters(std::chrono::milliseconds timeout = kPrintQueryTimeout)
-      : timeout_(timeout) {}
+  explicit CupsPrinters(const Patience& patience = kPrintQueryTimeout) : patience_(patience) {}
 
   std::vector<PrinterInfo> list() override;
   std::string current() override;
@@ -25,7 +24,7 @@ class CupsPrinters : public paperway::Printers {
   std::string sendCommand(const std::string& printer, const std::filesystem::path& file) override;
 
  private:
-  const std::chrono::milliseconds timeout_;
+  const Patience patience_;
   std::string current_;
 };
 

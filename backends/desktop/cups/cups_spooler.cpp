@@ -1,9 +1,12 @@
 #include "backends/desktop/cups/cups_spooler.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace paperway::desktop {
 namespace {
+
+constexpr std::chrono::milliseconds kLongestFarewell{2'000};
 
 class CupsJob : public PrintJob {
  public:
@@ -21,6 +24,7 @@ class CupsJob : public PrintJob {
   /// The server takes no job without a document, so the first bytes make it.
   void create();
   [[noreturn]] void fail(const std::string& reason) const;
+  [[noreturn]] void failAtServer() const;
 
   const std::string printer_;
   const std::chrono::milliseconds timeout_;
@@ -45,16 +49,22 @@ CupsJob::CupsJob(std::string printer, std::chrono::milliseconds timeout, CupsCon
       media_(mediaOf(queue)),
       sides_(optionOf(queue, "sides")) {}
 
-// The connection may be in the middle of a document, or gone: the server is asked anew.
+// The connection may be in the middle of a document, or gone: the server is asked anew. One that
+// stands still has been waited for already.
 CupsJob::~CupsJob() {
   if (job_ == 0) return;
   connection_.reset();
-  const CupsConnection another = connectToCups(timeout_);
+  const CupsConnection another = connectToCups(std::min(timeout_, kLongestFarewell));
   if (another) cupsCancelJob2(another.get(), queue_.c_str(), job_, 0);
 }
 
 void CupsJob::fail(const std::string& reason) const {
   throw SpoolError(printer_, reason, accepted_);
+}
+
+void CupsJob::failAtServer() const {
+  const bool silent = cupsLastError() <= IPP_STATUS_OK_CONFLICTING;
+  fail(silent ? "The print service no longer answers" : cupsReason());
 }
 
 void CupsJob::start(const std::string& documentName, DocumentFormat format) {
@@ -72,11 +82,11 @@ void CupsJob::create() {
   }
   job_ = cupsCreateJob(connection_.get(), queue_.c_str(), documentName_.c_str(), count, options);
   cupsFreeOptions(count, options);
-  if (job_ == 0) fail(cupsReason());
+  if (job_ == 0) failAtServer();
   const char* format = format_ == DocumentFormat::raw ? CUPS_FORMAT_RAW : CUPS_FORMAT_PDF;
   if (cupsStartDocument(connection_.get(), queue_.c_str(), job_, documentName_.c_str(), format,
                         1) != HTTP_STATUS_CONTINUE) {
-    fail(cupsReason());
+    failAtServer();
   }
 }
 
@@ -84,16 +94,17 @@ void CupsJob::write(std::string_view bytes) {
   if (bytes.empty()) return;
   if (job_ == 0) create();
   if (cupsWriteRequestData(connection_.get(), bytes.data(), bytes.size()) != HTTP_STATUS_CONTINUE) {
-    fail(cupsReason());
+    failAtServer();
   }
   accepted_ += bytes.size();
 }
 
 void CupsJob::end() {
   if (job_ == 0) return;
-  if (cupsFinishDocument(connection_.get(), queue_.c_str()) > IPP_STATUS_OK_CONFLICTING) {
-    fail(cupsReason());
-  }
+  // Of a server that says nothing CUPS tells in the state of the connection alone.
+  const bool refused =
+      cupsFinishDocument(connection_.get(), queue_.c_str()) > IPP_STATUS_OK_CONFLICTING;
+  if (refused || httpGetStatus(connection_.get()) != HTTP_STATUS_OK) failAtServer();
   job_ = 0;
 }
 
@@ -106,15 +117,16 @@ std::string whyNot() {
 
 std::unique_ptr<PrintJob> CupsSpooler::open(const std::string& printer) {
   if (printer.empty()) return nullptr;
-  CupsConnection connection = connectToCups(timeout_);
+  CupsConnection connection = connectToCups(patience_);
   const CupsQueues queues(connection.get());
+  if (connection.get_deleter().refused) return nullptr;  // no print service, no printers
   if (queues.failed()) {
     throw SpoolError(printer, std::string("The print service at ") + cupsServer() +
                                   " does not answer" + whyNot());
   }
   const cups_dest_t* const queue = queues.find(printer);
   if (queue == nullptr) return nullptr;
-  return std::make_unique<CupsJob>(printer, timeout_, std::move(connection), *queue);
+  return std::make_unique<CupsJob>(printer, patience_.timeout, std::move(connection), *queue);
 }
 
 }  // namespace paperway::desktop

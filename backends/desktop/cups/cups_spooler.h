@@ -14,13 +14,12 @@ namespace paperway::desktop {
 /// at the queue. A raw queue refuses a PDF document, which its printer would print as text.
 class CupsSpooler : public paperway::Spooler {
  public:
-  explicit CupsSpooler(std::chrono::milliseconds timeout = kPrintServiceTimeout)
-      : timeout_(timeout) {}
+  explicit CupsSpooler(const Patience& patience = kPrintServiceTimeout) : patience_(patience) {}
 
   std::unique_ptr<PrintJob> open(const std::string& printer) override;
 
  private:
-  const std::chrono::milliseconds timeout_;
+  const Patience patience_;
 };
 
 }  // namespace paperway::desktop

@@ -68,7 +68,7 @@ bool CommandJob::endedBy(Clock::time_point until) {
   while (pid_ != 0) {
     if (waitpid(pid_, &status_, WNOHANG) != 0) {
       pid_ = 0;
-    } else if (millisecondsUntil(until) == 0) {
+    } else if (Clock::now() >= until) {
       return false;
     } else {
       poll(nullptr, 0, kStep);
@@ -92,7 +92,10 @@ std::string CommandJob::reasonFor(int error) {
 
 void CommandJob::finish() {
   closeDescriptor();
-  if (!endedBy(deadline())) failStill();
+  const auto until = deadline();
+  while (!endedBy(Clock::now() + std::chrono::milliseconds(millisecondsToLook(until)))) {
+    failIfOver(until);
+  }
   if (status_ != 0) fail(ending());
 }
 

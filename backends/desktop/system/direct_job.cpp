@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <csignal>
 #include <ctime>
 #include <poll.h>
@@ -15,10 +14,11 @@ std::string systemReason(int error) {
   return std::generic_category().message(error);
 }
 
-int millisecondsUntil(std::chrono::steady_clock::time_point until) {
+int millisecondsToLook(std::chrono::steady_clock::time_point until) {
+  constexpr int kLook = 100;
   const auto left =
       std::chrono::ceil<std::chrono::milliseconds>(until - std::chrono::steady_clock::now());
-  return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(left.count(), 0, INT_MAX));
+  return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(left.count(), 0, kLook));
 }
 
 ssize_t writeQuietly(int fd, std::string_view bytes) {
@@ -53,8 +53,10 @@ void DirectJob::fail(const std::string& reason) const {
   throw SpoolError(printer_.name, reason, accepted_);
 }
 
-void DirectJob::failStill() const {
-  const auto seconds = std::chrono::duration<double>(printer_.timeout).count();
+void DirectJob::failIfOver(Clock::time_point until) const {
+  if (printer_.patience.isOver()) fail("The job was stopped");
+  if (Clock::now() < until) return;
+  const auto seconds = std::chrono::duration<double>(printer_.patience.timeout).count();
   char text[64];
   std::snprintf(text, sizeof text, "It took nothing for %g seconds", seconds);
   fail(text);
@@ -62,12 +64,12 @@ void DirectJob::failStill() const {
 
 void DirectJob::wait(short events, Clock::time_point until) const {
   pollfd waiting{fd_, events, 0};
-  int ready = 0;
-  do {
-    ready = poll(&waiting, 1, millisecondsUntil(until));
-  } while (ready < 0 && errno == EINTR);
-  if (ready < 0) fail(systemReason(errno));
-  if (ready == 0) failStill();
+  while (true) {
+    const int ready = poll(&waiting, 1, millisecondsToLook(until));
+    if (ready > 0) return;
+    if (ready < 0 && errno != EINTR) fail(systemReason(errno));
+    failIfOver(until);
+  }
 }
 
 std::string DirectJob::reasonFor(int error) {

@@ -9,12 +9,13 @@
 
 #include "backends/desktop/system/direct_printers.h"
 #include "paperway/platform/spooler.h"
+#include "platform/patience.h"
 
 namespace paperway::desktop {
 
 struct DirectJobPrinter {
   std::string name;
-  std::chrono::milliseconds timeout;
+  Patience patience;
 };
 
 /// A job that writes to one descriptor which does not block.
@@ -44,9 +45,10 @@ class DirectJob : public PrintJob {
   virtual void finish() = 0;
 
   [[noreturn]] void fail(const std::string& reason) const;
-  [[noreturn]] void failStill() const;
-  Clock::time_point deadline() const { return Clock::now() + printer_.timeout; }
-  /// Until one of the events (poll) has come; fails the job at the deadline.
+  /// Fails the job when its wait has come to an end: at the deadline, or by the user's wish.
+  void failIfOver(Clock::time_point until) const;
+  Clock::time_point deadline() const { return Clock::now() + printer_.patience.timeout; }
+  /// Until one of the events (poll) has come.
   void wait(short events, Clock::time_point until) const;
   void closeDescriptor();
 
@@ -59,7 +61,8 @@ class DirectJob : public PrintJob {
 inline constexpr const char* kRawAlone = "It is written to directly and takes raw text alone";
 
 std::string systemReason(int error);
-int millisecondsUntil(std::chrono::steady_clock::time_point until);
+/// How long to wait before looking again whether to go on waiting; 0 when it is time.
+int millisecondsToLook(std::chrono::steady_clock::time_point until);
 
 /// write(2) without the signal of a broken pipe.
 ssize_t writeQuietly(int fd, std::string_view bytes);

@@ -214,7 +214,7 @@ std::string DirectPrinters::sendCommand(const std::string& printer,
     case DirectTarget::Kind::file:
       return cat + " > " + shellQuoted(target.place);
     case DirectTarget::Kind::command:
-      return cat + " | (" + target.place + ")";
+      return cat + " | sh -c " + shellQuoted(target.place);  // as a job starts it
   }
   return "";
 }

@@ -51,15 +51,11 @@ int SocketJob::tryAddress(const addrinfo& address, Clock::time_point until) {
   if (error == EINPROGRESS) {
     pollfd waiting{fd_, POLLOUT, 0};
     socklen_t size = sizeof error;
-    int ready = 0;
-    do {
-      ready = poll(&waiting, 1, millisecondsUntil(until));
-    } while (ready < 0 && errno == EINTR);
-    if (ready <= 0) {
-      error = ETIMEDOUT;
-    } else {
-      getsockopt(fd_, SOL_SOCKET, SO_ERROR, &error, &size);
+    while (poll(&waiting, 1, millisecondsToLook(until)) <= 0 && Clock::now() < until) {
+      if (printer_.patience.isOver()) failIfOver(until);
     }
+    getsockopt(fd_, SOL_SOCKET, SO_ERROR, &error, &size);
+    if (error == 0 && waiting.revents == 0) error = ETIMEDOUT;
   }
   if (error != 0) closeDescriptor();
   return error;
@@ -106,7 +102,7 @@ void SocketJob::finish() {
     if (left < before) until = deadline();
     before = left;
     accepted_ = written_ - left;
-    if (millisecondsUntil(until) == 0) failStill();
+    failIfOver(until);
     poll(nullptr, 0, kStep);
   }
   readAway();

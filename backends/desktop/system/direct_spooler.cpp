@@ -7,15 +7,16 @@ namespace paperway::desktop {
 std::unique_ptr<PrintJob> DirectSpooler::open(const std::string& printer) {
   auto found = file_.find(printer);
   if (!found) return nullptr;
-  const auto timeout = found->timeout.count() > 0 ? found->timeout : timeout_;
+  Patience patience = patience_;
+  if (found->timeout.count() > 0) patience.timeout = found->timeout;
   const DirectTarget target = parseTarget(found->target);
   switch (target.kind) {
     case DirectTarget::Kind::socket:
-      return socketJob({printer, timeout}, target);
+      return socketJob({printer, patience}, target);
     case DirectTarget::Kind::file:
-      return fileJob({printer, timeout}, target);
+      return fileJob({printer, patience}, target);
     case DirectTarget::Kind::command:
-      return commandJob({printer, timeout}, target);
+      return commandJob({printer, patience}, target);
   }
   return nullptr;
 }
