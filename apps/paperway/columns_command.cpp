@@ -217,7 +217,7 @@ void addColumns(CLI::App& app) {
   columns->callback([options] {
     if (!options->from.empty()) return writeStarter(*options);
     if (options->columns.empty()) throw CLI::RequiredError("table or --from");
-    printReport(*options);
+    forFile("read", options->columns, [&] { printReport(*options); });
   });
 }
 

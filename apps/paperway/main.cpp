@@ -1,12 +1,15 @@
 #include <CLI/CLI.hpp>
-#include <clocale>
+#include <csignal>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <optional>
 #include <unistd.h>
 
 #include "apps/paperway/command_help.h"
 #include "apps/paperway/commands.h"
+#include "apps/paperway/memory_limit.h"
+#include "apps/paperway/standard_output.h"
 #include "apps/paperway/stop_signals.h"
 #include "apps/paperway/usage.h"
 #include "apps/paperway/visible.h"
@@ -17,30 +20,19 @@ constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 constexpr int kSignalled = 128;
 
-int run(CLI::App& app, int argc, char** argv) {
+int parse(CLI::App& app, int argc, char** argv) {
   try {
     app.parse(paperway::command::wordsFor(app, argc, argv));
     return 0;
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kUsage;
-  } catch (const paperway::command::Told&) {
-    return kFailed;
-  } catch (const std::exception& error) {
-    if (const int signal = paperway::command::StopSignals::raised(); signal != 0) {
-      std::cerr << "paperway: stopped.\n";
-      return kSignalled + signal;
-    }
-    std::cerr << "paperway: " << paperway::command::visible(error.what()) << "\n";
-    return kFailed;
   }
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  const paperway::command::VisibleControls errors(std::cerr);
-  std::optional<paperway::command::VisibleControls> output;
-  if (isatty(STDOUT_FILENO) != 0) output.emplace(std::cout);
+int run(int argc, char** argv) {
+  paperway::command::StandardOutput output;
+  std::optional<paperway::command::VisibleControls> shown;
+  if (isatty(STDOUT_FILENO) != 0) shown.emplace(std::cout);
   CLI::App app{"Takes the rows of a database to paper.", "paperway"};
   app.set_version_flag("--version", std::string("paperway ") + PAPERWAY_VERSION);
   app.require_subcommand(1);
@@ -54,5 +46,38 @@ int main(int argc, char** argv) {
   paperway::command::addPrinters(app);
   paperway::command::addPreview(app);
   paperway::command::addDocumentation(app);
-  return run(app, argc, argv);
+  const int code = parse(app, argc, argv);
+  if (code == 0) output.finish();
+  return code;
+}
+
+/// Tells the exception in hand, and needs no memory for it; the exit code.
+int tellFailure(const char* command) {
+  if (const int signal = paperway::command::StopSignals::raised(); signal != 0) {
+    std::cerr << "paperway: stopped.\n";
+    return kSignalled + signal;
+  }
+  try {
+    throw;
+  } catch (const paperway::command::Told&) {
+  } catch (const std::bad_alloc&) {
+    std::cerr << "paperway: Not enough memory for \"paperway " << command << "\".\n";
+  } catch (const std::exception& error) {
+    std::cerr << "paperway: " << paperway::command::visible(error.what()) << "\n";
+  }
+  return kFailed;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const paperway::command::VisibleControls errors(std::cerr);
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow then fails its write, which is told
+  try {
+    paperway::command::holdStandardDescriptors();
+    paperway::command::limitMemory();
+    return run(argc, argv);
+  } catch (...) {
+    return tellFailure(argc > 1 ? argv[1] : "");
+  }
 }

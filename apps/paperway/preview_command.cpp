@@ -194,7 +194,7 @@ void addPreview(CLI::App& app) {
       throw CLI::ValidationError("--size", "the window is at least 960,480");
     }
     options->desk.screenless = !options->picture.empty();
-    preview(*options);
+    forFile("show", options->file, [&] { preview(*options); });
   });
 }
 

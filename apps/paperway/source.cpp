@@ -1,6 +1,7 @@
 #include "apps/paperway/source.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <vector>
 
 #include "apps/paperway/stop_signals.h"
@@ -14,6 +15,9 @@
 
 namespace paperway::command {
 namespace {
+
+constexpr std::int64_t kMostColumns = 10'000;
+constexpr std::size_t kMostColumnBytes = 16 << 20;  // of a file
 
 bool isStopped() {
   return StopSignals::raised() != 0;
@@ -35,8 +39,15 @@ bool isStatement(std::string_view text) {
   return false;
 }
 
+void requireFew(std::int64_t columns) {
+  if (columns <= kMostColumns) return;
+  throw std::runtime_error("The column table has more than " + std::to_string(kMostColumns) +
+                           " rows.");
+}
+
 /// The table with a column of nulls for each field that may be null and that it leaves out.
 std::unique_ptr<Recordset> withNullableFields(MemoryTable given) {
+  requireFew(given.RecordCount());
   std::vector<std::string> names;
   for (std::size_t i = 0; i < given.fieldCount(); ++i) names.emplace_back(given.fieldName(i));
   for (const std::string_view field : kNullableFields) {
@@ -46,6 +57,21 @@ std::unique_ptr<Recordset> withNullableFields(MemoryTable given) {
   auto table = std::make_unique<MemoryTable>(std::move(names));
   for (; !given.Eof(); given.MoveNext()) {
     for (std::size_t i = 0; i < given.fieldCount(); ++i) cells[i] = given.value(i);
+    table->addRow(cells);
+  }
+  if (!given.sourceFiles().empty()) table->setSourceFile(given.sourceFiles().front());
+  return table;
+}
+
+/// All the rows of a column table, as long as they are so few.
+std::unique_ptr<Recordset> firstRows(Recordset& rows) {
+  std::vector<std::string> names;
+  for (std::size_t i = 0; i < rows.fieldCount(); ++i) names.emplace_back(rows.fieldName(i));
+  std::vector<ValueView> cells(names.size());
+  auto table = std::make_unique<MemoryTable>(std::move(names));
+  for (; !rows.Eof(); rows.MoveNext()) {
+    requireFew(table->RecordCount() + 1);
+    for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = rows.value(i);
     table->addRow(cells);
   }
   return table;
@@ -74,9 +100,9 @@ std::unique_ptr<Recordset> Source::rows(const std::string& statement) const {
 }
 
 std::unique_ptr<Recordset> Source::columns(const std::string& fileOrStatement) const {
-  if (isStatement(fileOrStatement)) return rows(fileOrStatement);
+  if (isStatement(fileOrStatement)) return firstRows(*rows(fileOrStatement));
   desktop::Storage storage;
-  return withNullableFields(readCsvFile(storage, pathOf(fileOrStatement)));
+  return withNullableFields(readCsvFile(storage, pathOf(fileOrStatement), kMostColumnBytes));
 }
 
 }  // namespace paperway::command

@@ -19,7 +19,7 @@ struct Source {
   std::unique_ptr<Recordset> rows(const std::string& statement) const;
 
   /// A column table: the rows of a statement, or a file of comma-separated values, which may leave
-  /// out each field that may be null.
+  /// out each field that may be null. One that may be endless is refused.
   std::unique_ptr<Recordset> columns(const std::string& fileOrStatement) const;
 };
 

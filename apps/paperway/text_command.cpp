@@ -106,7 +106,7 @@ void addText(CLI::App& app) {
     }
     // Opened before the work, which would be in vain without a display.
     const std::unique_ptr<Desk> desk = options->preview ? Desk::open({}) : nullptr;
-    writeText(*options);
+    forFile("write", options->out, [&] { writeText(*options); });
     if (desk != nullptr) read(*desk, options->out);
   });
 }

@@ -14,6 +14,7 @@ class PAPERWAY_API AutomationError : public std::runtime_error {
   enum Number : long {
     kInvalidCall = 5,
     kOverflow = 6,
+    kOutOfMemory = 7,
     kSubscript = 9,
     kTypeMismatch = 13,
     kFileNotFound = 53,

@@ -115,7 +115,8 @@ class PAPERWAY_API MemoryTable final : public Recordset {
 /// line and the reason.
 PAPERWAY_API MemoryTable parseCsv(std::string_view text, std::string_view fileName);
 
-/// The same from a file.
-PAPERWAY_API MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path);
+/// The same from a file, which is too large when it has more than `most` bytes.
+PAPERWAY_API MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path,
+                                     std::size_t most = PTRDIFF_MAX);
 
 }  // namespace paperway

@@ -1,6 +1,7 @@
 #include "paperway/class1.h"
 
 #include <exception>
+#include <new>
 #include <optional>
 
 #include "controls/form.h"
@@ -49,7 +50,11 @@ Class1::Class1(const Platform& platform, RunContext context)
       platform_(platform),
       run_(std::move(context)),
       state_(std::make_unique<State>()) {
-  platform_.folders.work();
+  try {
+    platform_.folders.work();
+  } catch (const AutomationError&) {
+    // A report needs no such folder; what does need it asks again, and fails then.
+  }
 }
 
 Class1::~Class1() = default;
@@ -66,6 +71,9 @@ void Class1::Set_Repot_Format(Recordset& Rst) {
     state_->formatIsWhole = true;
   } catch (const AutomationError& error) {
     tell(error);
+  } catch (const std::bad_alloc&) {
+    tell({AutomationError::kOutOfMemory, "Set_Repot_Format",
+          "There is not enough memory for the column table."});
   } catch (const std::exception& error) {
     tell({AutomationError::kApplicationDefined, "Set_Repot_Format", error.what()});
   }

@@ -9,6 +9,7 @@ long errorNumber(std::error_code error) {
   using enum std::errc;
   const auto isOneOf = [error](auto... reasons) { return ((error == reasons) || ...); };
   if (isOneOf(no_space_on_device, file_too_large)) return AutomationError::kDiskFull;
+  if (error == not_enough_memory) return AutomationError::kOutOfMemory;
   if (isOneOf(no_such_file_or_directory, not_a_directory)) return AutomationError::kPathNotFound;
   if (isOneOf(permission_denied, operation_not_permitted, read_only_file_system)) {
     return AutomationError::kPermissionDenied;

@@ -1,5 +1,7 @@
 #include "platform/input_file.h"
 
+#include <new>
+
 #include "platform/file_error.h"
 
 namespace paperway {
@@ -25,10 +27,19 @@ void readBlocks(Storage& storage, const std::filesystem::path& path, const std::
   InputFile(storage, path, source).read(take);
 }
 
-std::string readFile(Storage& storage, const std::filesystem::path& path,
-                     const std::string& source) {
+std::string readFile(Storage& storage, const std::filesystem::path& path, const std::string& source,
+                     std::size_t most) {
   std::string bytes;
-  readBlocks(storage, path, source, [&](std::string_view block) { bytes += block; });
+  try {
+    readBlocks(storage, path, source, [&](std::string_view block) {
+      if (block.size() > most - bytes.size()) {
+        raiseFileError("read", path, std::make_error_code(std::errc::file_too_large), source);
+      }
+      bytes += block;
+    });
+  } catch (const std::bad_alloc&) {
+    raiseFileError("read", path, std::make_error_code(std::errc::not_enough_memory), source);
+  }
   return bytes;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -32,9 +34,12 @@ class InputFile {
   bool begun_ = false;
 };
 
-/// The whole of a file's bytes.
-std::string readFile(Storage& storage, const std::filesystem::path& path,
-                     const std::string& source);
+inline constexpr std::size_t kNoLimit = PTRDIFF_MAX;  // of bytes
+
+/// The whole of a file's bytes. One with more than `most` of them, which may be endless, is too
+/// large.
+std::string readFile(Storage& storage, const std::filesystem::path& path, const std::string& source,
+                     std::size_t most = kNoLimit);
 
 /// The same, block by block.
 void readBlocks(Storage& storage, const std::filesystem::path& path, const std::string& source,

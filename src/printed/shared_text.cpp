@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 #include <system_error>
 
 #include "platform/file_error.h"
@@ -93,12 +94,16 @@ std::shared_ptr<const SharedText> SharedText::of(std::string bytes) {
 
 std::shared_ptr<const SharedText> SharedText::load(Storage& storage, const fs::path& path,
                                                    const std::string& source) {
-  return withFileError("read", path, source, [&]() -> std::shared_ptr<const SharedText> {
-    const auto file = storage.openToRead(path);
-    const FileStatus status = file->status();
-    if (status.kind != FileStatus::Kind::regular) return of(readFile(storage, path, source));
-    return load({path, status}, *file);
-  });
+  try {
+    return withFileError("read", path, source, [&]() -> std::shared_ptr<const SharedText> {
+      const auto file = storage.openToRead(path);
+      const FileStatus status = file->status();
+      if (status.kind != FileStatus::Kind::regular) return of(readFile(storage, path, source));
+      return load({path, status}, *file);
+    });
+  } catch (const std::bad_alloc&) {
+    raiseFileError("read", path, std::make_error_code(std::errc::not_enough_memory), source);
+  }
 }
 
 std::shared_ptr<const SharedText> SharedText::load(const FileStamp& stamp, StoredFile& file) {

@@ -148,8 +148,8 @@ MemoryTable parseCsv(std::string_view text, std::string_view fileName) {
   return CsvReader(text, fileName).table();
 }
 
-MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path) {
-  MemoryTable table = parseCsv(readFile(storage, path, "CsvTable"), path.string());
+MemoryTable readCsvFile(Storage& storage, const std::filesystem::path& path, std::size_t most) {
+  MemoryTable table = parseCsv(readFile(storage, path, "CsvTable", most), path.string());
   table.setSourceFile(path);
   return table;
 }

@@ -30,6 +30,9 @@ void checkFile(const std::filesystem::path& file, const std::string& name) {
   if (std::filesystem::is_directory(status)) {
     failToOpen(name, AutomationError::kPathFileAccess, reasonOf(EISDIR));
   }
+  if (!std::filesystem::is_regular_file(status)) {  // opening a pipe would wait for its writer
+    failToOpen(name, AutomationError::kPathFileAccess, "it is a device or a pipe");
+  }
 }
 
 [[noreturn]] void failToOpen(const std::string& name, sqlite3* connection) {

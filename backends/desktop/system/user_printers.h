@@ -1,5 +1,7 @@
 #pragma once
 
+#include <csignal>
+
 #include "backends/desktop/system/direct_printers.h"
 #include "backends/desktop/system/direct_spooler.h"
 #include "backends/desktop/system/joined_printers.h"
@@ -9,12 +11,16 @@ namespace paperway::desktop {
 /// The queues of a print service, which outlive the object, and the direct printers of the user.
 class UserPrinters {
  public:
-  UserPrinters(paperway::Printers& queues, paperway::Spooler& queueSpooler)
-      : printers(queues, direct_), spooler(queueSpooler, directSpooler_) {}
+  /// A wait for a direct printer ends when `stop` is set.
+  UserPrinters(paperway::Printers& queues, paperway::Spooler& queueSpooler,
+               const volatile std::sig_atomic_t* stop = nullptr)
+      : directSpooler_(DirectPrinterFile::ofUser(), Patience(DirectSpooler::kTimeout, stop)),
+        printers(queues, direct_),
+        spooler(queueSpooler, directSpooler_) {}
 
  private:
   DirectPrinters direct_{DirectPrinterFile::ofUser()};
-  DirectSpooler directSpooler_{DirectPrinterFile::ofUser()};
+  DirectSpooler directSpooler_;
 
  public:
   JoinedPrinters printers;
