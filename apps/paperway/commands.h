@@ -1,12 +1,12 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
-#include <cerrno>
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 
-#include "util/output_file.h"
+#include "platform/file_error.h"
 
 namespace paperway::command {
 
@@ -28,7 +28,7 @@ void forFile(const char* verb, const std::string& file, const Work& work) {
   try {
     work();
   } catch (const std::bad_alloc&) {
-    raiseFileError(verb, file, ENOMEM, "paperway");
+    raiseFileError(verb, file, std::make_error_code(std::errc::not_enough_memory), "paperway");
   }
 }
 

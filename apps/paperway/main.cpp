@@ -51,6 +51,14 @@ int run(int argc, char** argv) {
   return code;
 }
 
+void say(const char* text) {
+  try {
+    std::cerr << "paperway: " << paperway::command::visible(text) << "\n";
+  } catch (const std::bad_alloc&) {
+    std::cerr << "paperway: " << text << "\n";
+  }
+}
+
 /// Tells the exception in hand, and needs no memory for it; the exit code.
 int tellFailure(const char* command) {
   if (const int signal = paperway::command::StopSignals::raised(); signal != 0) {
@@ -63,7 +71,7 @@ int tellFailure(const char* command) {
   } catch (const std::bad_alloc&) {
     std::cerr << "paperway: Not enough memory for \"paperway " << command << "\".\n";
   } catch (const std::exception& error) {
-    std::cerr << "paperway: " << paperway::command::visible(error.what()) << "\n";
+    say(error.what());
   }
   return kFailed;
 }

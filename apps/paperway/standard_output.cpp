@@ -5,7 +5,7 @@
 #include <iostream>
 #include <unistd.h>
 
-#include "util/output_file.h"
+#include "platform/file_error.h"
 
 namespace paperway::command {
 
@@ -41,7 +41,8 @@ StandardOutput::int_type StandardOutput::overflow(int_type character) {
 }
 
 void StandardOutput::finish() {
-  if (sync() != 0) raiseFileError("write", "standard output", error_, "paperway");
+  if (sync() != 0)
+    raiseFileError("write", "standard output", {error_, std::generic_category()}, "paperway");
 }
 
 void holdStandardDescriptors() {

@@ -107,7 +107,7 @@ std::string headingOf(const std::string& field) {
   return result + heading.substr(behindFirst);
 }
 
-std::string csvText(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
   std::string cell = "\"";
   for (const char c : text) cell += c == '"' ? "\"\"" : std::string(1, c);
@@ -118,8 +118,8 @@ std::string lineOf(const FieldSample& field) {
   const std::string heading = headingOf(field.name);
   const std::size_t width = std::max({field.width(), characterCount(heading), std::size_t{1}});
   const std::string type(1, field.type());
-  return csvText(field.name) + "," + csvText(heading) + "," + std::to_string(width) + ",1," + type +
-         (type == "N" ? ",R," : ",L,") + csvText(field.pattern()) + ",N\n";
+  return inQuotes(field.name) + "," + inQuotes(heading) + "," + std::to_string(width) + ",1," +
+         type + (type == "N" ? ",R," : ",L,") + inQuotes(field.pattern()) + ",N\n";
 }
 
 void warnOfWidth(const FieldSample& field) {

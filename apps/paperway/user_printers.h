@@ -11,8 +11,7 @@ class UserPrinters {
  public:
   /// A wait for a printer ends when `stop` is set.
   explicit UserPrinters(const volatile std::sig_atomic_t* stop = nullptr)
-      : queues_(openQueues(stop)),
-        user_(*queues_.printers, *queues_.spooler, stop) {}
+      : queues_(openQueues(stop)), user_(*queues_.printers, *queues_.spooler, stop) {}
 
  private:
   Queues queues_;

@@ -169,7 +169,7 @@ TEST_F(RichText, SavesRichText) {
   EXPECT_EQ(readFile(folder.path / "out.rtf", "test"),
             "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 Courier "
             "New;}}\r\n{\\colortbl ;\\red128\\green0\\blue0;}\r\n"
-            "\\paperw11906\\paperh16838\\margl720\\margr720\\margt720\\margb720\deftab1080\r\n"
+            "\\paperw11906\\paperh16838\\margl720\\margr720\\margt720\\margb720\\deftab1080\r\n"
             "\\pard\\plain\\f0\r\n"
             "\\b0\\ul0\\fs23\\cf0 \\{a\\}\\\\\\par\r\n"
             "\\b\\ul0\\fs40\\cf1 \\'1bE\\'e9\\b0\\ul0\\fs23\\cf0 }\r\n");

@@ -1,7 +1,7 @@
 #include "printed/page_ranges.h"
 
-#include "support/expect_each.h"
 #include "paperway/headless.h"
+#include "support/expect_each.h"
 #include "support/files.h"
 #include "support/test_folder.h"
 
@@ -34,6 +34,7 @@ TEST(PageRanges, KnowWhatAReportLacks) {
 
 TEST(PageRanges, AreWrittenToAFile) {
   const TestFolder folder;
+  headless::Storage storage;
   const auto written = [&](const char* report, const char* pages) {
     replaceFile(folder.path / "report", report, "test");
     std::filesystem::remove(folder.path / "part");

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "backends/desktop/qt/application.h"
+#include "support/files.h"
 #include "support/test_folder.h"
-#include "util/output_file.h"
 
 /// Windows without a screen, and nothing of the user's own desktop.
 int main(int argc, char** argv) {
