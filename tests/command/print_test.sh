@@ -45,7 +45,7 @@ for target in '|sleep 1000' "file://$work/still" '|cat >/dev/null; sleep 1000'; 
   expect 0 '' $printers add Still "$target"
   expect_stop "$paperway" print long.txt --printer Still
 done
-expect 1 'report.txt has 3 pages.' env TMPDIR="$work" $print --pages 4
+expect 1 'report.txt has 3 pages, and no page 4.' env TMPDIR="$work" $print --pages 4
 [ -z "$(ls -A paperway-*)" ] || fail "work files are left: $(ls -A paperway-*)"
 
 if $print --pdf all.pdf 2>said; then

@@ -17,7 +17,8 @@ expect 2 '"␛[31m␊␡é�" is no number' "$paperway" words $'\e[31m\n\177\xc
 printf 'fNM,fHeder,Sz,Spc,Dtyp,Ali,Lt,Frmt,AllPageTot,GTot1,GTot2,BoldGroup1,BoldGroup2,FontNm\n' >c.csv
 printf '"a\e[2J","It\r\nem",5,0,T,L,N,,,,,,,\n' >>c.csv
 expect 0 'a␛[2J            It␍␊em ' "$paperway" columns c.csv
-expect 1 'There is no field "a␛[2J"' "$paperway" columns c.csv --db /dev/null --data 'SELECT 1 AS x'
+: >empty.db
+expect 1 'There is no field "a␛[2J"' "$paperway" columns c.csv --db empty.db --data 'SELECT 1 AS x'
 "$paperway" setting set S k $'\ec' --file own.ini
 [ "$("$paperway" setting get S k --file own.ini)" = $'\ec' ] || fail "a value in a pipe"
 script -qec "'$paperway' setting get S k --file own.ini" /dev/null </dev/null | grep -q '␛c' ||

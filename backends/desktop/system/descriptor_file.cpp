@@ -14,11 +14,11 @@ namespace {
 constexpr mode_t kAllAccess = S_IRWXU | S_IRWXG | S_IRWXO;
 constexpr std::int64_t kNanoseconds = 1'000'000'000;
 
-/// The call until no signal breaks it off; a failure is raised.
+/// A failure is raised. A signal that breaks the call off is one: whoever asks a program to stop
+/// does not wait for what stands at the other end of a pipe.
 template <typename Call>
 auto checked(const Call& call) {
-  auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
+  const auto result = call();
   if (result < 0) raiseSystemError();
   return result;
 }
