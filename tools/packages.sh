@@ -3,7 +3,7 @@
 build_packages="g++ cmake ninja-build pkg-config libsqlite3-dev unixodbc-dev libcli11-dev
   qt6-base-dev libcups2-dev"
 run_packages="fonts-liberation2"
-test_packages="libgtest-dev cups poppler-utils libsqliteodbc odbc-postgresql postgresql clang-format clang-tidy zsh fish groff"
+test_packages="libgtest-dev dpkg-dev file cups poppler-utils libsqliteodbc odbc-postgresql postgresql clang-format clang-tidy zsh fish groff"
 
 need_packages() {
   local missing=()

@@ -122,7 +122,7 @@ void printRaw(const PrintOptions& options) {
         fitWarnings(extentOf(platform.storage, file, options),
                     rawRoom(user.printers.settings(arguments.printerName), arguments.paperHeight)));
   }
-  if (!PrintFile(arguments, platform, runState())) throw Told();
+  PrintFile(arguments, platform, runState());
 }
 
 /// The printer's paper. A file takes the first that holds the report: the usual one, upright or

@@ -54,8 +54,8 @@ class PAPERWAY_API Class1 {
   /// Whether the last Set_Repot_Format read the whole table; false before the first.
   bool formatIsWhole() const;
 
-  /// What the last Set_Repot_Format or Text_Rpt showed in a message instead of raising it; null
-  /// when it showed none.
+  /// What the last Set_Repot_Format, Text_Rpt or PreviewReport showed in a message instead of
+  /// raising it; null when it showed none.
   const AutomationError* lastFailure() const;
 
   /// Writes a paged report file of the rows, under the table that Set_Repot_Format read. Call that
@@ -84,7 +84,7 @@ class PAPERWAY_API Class1 {
 
   /// Opens a report file in a window of its own and returns while it stays open, or prints it. No
   /// window opens when the report or the settings file cannot be read: an AutomationError says so.
-  /// A print that fails is told in a message; only an unreadable settings file (`Tear` = 1) raises.
+  /// A print that fails is told in a message.
   void PreviewReport(PreviewReportArguments& arguments);
   void PreviewReport(PreviewReportArguments&& arguments) { PreviewReport(arguments); }
 

@@ -130,6 +130,7 @@ std::string Class1::Print_line(std::int16_t Start_pos, std::string_view Print_st
 }
 
 void Class1::PreviewReport(PreviewReportArguments& arguments) {
+  state_->lastFailure.reset();
   RunState& state = *run_;
   state.ModPagelenth = Pagelenth;
   state.ModPrinterName = PrinterName;
@@ -162,7 +163,12 @@ void Class1::printDirectly(PreviewReportArguments& arguments) {
                            .semiCond = arguments.cc12,
                            .copies = 1,
                            .tear = arguments.Tear};
-  PrintFile(print, platform_, *run_);
+  try {
+    PrintFile(print, platform_, *run_);
+  } catch (const AutomationError& error) {
+    state_->lastFailure = error;
+    showPrintFailure(platform_.messageBox, error);
+  }
 }
 
 bool Class1::RtWindows1() const {

@@ -106,7 +106,11 @@ void PanelJob::PrintReport() {
       .tear = static_cast<std::uint8_t>(form_.Chtear.Value),
       .linesIn = lines(form_.Comtear),
       .linesOut = lines(form_.ComtearOut)};
-  PrintFile(arguments, platform_, *form_.run);
+  try {
+    PrintFile(arguments, platform_, *form_.run);
+  } catch (const AutomationError& error) {
+    showPrintFailure(platform_.messageBox, error);
+  }
 }
 
 void PanelJob::printDrawn() {
@@ -116,8 +120,7 @@ void PanelJob::printDrawn() {
   try {
     withPanelAway([this] { draw(); });
   } catch (const AutomationError& error) {
-    platform_.messageBox.show(error.description(), "Printer Error Information",
-                              MessageBox::Buttons::ok, MessageBox::Icon::information);
+    showPrintFailure(platform_.messageBox, error);
   }
 }
 

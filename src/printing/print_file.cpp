@@ -15,10 +15,7 @@
 namespace paperway {
 namespace {
 
-void tell(MessageBox& messageBox, const std::string& text) {
-  messageBox.show(text, "Printer Error Information", MessageBox::Buttons::ok,
-                  MessageBox::Icon::information);
-}
+constexpr const char* kSource = "PrintFile";
 
 void takeStoredTearLines(PrintFileArguments& arguments, const Platform& platform,
                          const std::string& company) {
@@ -115,24 +112,24 @@ std::string documentNameOf(std::string fileName) {
   return fileName.substr(fileName.rfind('\\') + 1);
 }
 
-bool PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run) {
-  try {
-    if (arguments.tear == 1) takeStoredTearLines(arguments, platform, run.ModGuidComp);
-    run.ModDosFont = DOSEFONTcHR{};
-    if (!exists(platform.storage, arguments.fileName)) {
-      tell(platform.messageBox, "File " + arguments.fileName + " does not exists");
-      return false;
-    }
-    // Opened before the printer, which is not to move its paper for a report that cannot be read.
-    InputFile file(platform.storage, arguments.fileName, "PrintFile");
-    if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
-    if (print(file, arguments, platform.spooler)) return true;
-    tell(platform.messageBox,
-         "The Printer Name (" + arguments.printerName + ") wasn't recognized.");
-  } catch (const AutomationError& error) {
-    tell(platform.messageBox, error.description());
+void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run) {
+  if (arguments.tear == 1) takeStoredTearLines(arguments, platform, run.ModGuidComp);
+  run.ModDosFont = DOSEFONTcHR{};
+  if (!exists(platform.storage, arguments.fileName)) {
+    throw AutomationError(AutomationError::kFileNotFound, kSource,
+                          "File " + arguments.fileName + " does not exists");
   }
-  return false;
+  // Opened before the printer, which is not to move its paper for a report that cannot be read.
+  InputFile file(platform.storage, arguments.fileName, kSource);
+  if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
+  if (print(file, arguments, platform.spooler)) return;
+  throw AutomationError(AutomationError::kInvalidCall, kSource,
+                        "The Printer Name (" + arguments.printerName + ") wasn't recognized.");
+}
+
+void showPrintFailure(MessageBox& messageBox, const AutomationError& error) {
+  messageBox.show(error.description(), "Printer Error Information", MessageBox::Buttons::ok,
+                  MessageBox::Icon::information);
 }
 
 }  // namespace paperway

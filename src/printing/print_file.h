@@ -7,6 +7,7 @@
 
 namespace paperway {
 
+class AutomationError;
 struct RunState;
 
 struct PrintFileArguments {
@@ -22,9 +23,11 @@ struct PrintFileArguments {
   std::uint8_t linesOut = 0;  // written back
 };
 
-/// Sends a report file to a printer as one raw document. What goes wrong is told in a message; true
-/// when the printer took the whole job.
-bool PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run);
+/// Sends a report file to a printer as one raw document. An AutomationError says what stopped it.
+void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run);
+
+/// The message in which a user learns of a print that failed.
+void showPrintFailure(MessageBox& messageBox, const AutomationError& error);
 
 /// Of the job that prints this file: the name behind the last separator.
 std::string documentNameOf(std::string fileName);

@@ -18,7 +18,7 @@ link() { c++ $flags "$1" -o "$2" $(pkg-config --libs "$3"); }
 not() { if "$@"; then echo "should fail: $*" && exit 1; fi; }
 
 # needs PROGRAM PATTERN: the program loads a library of that name.
-needs() { readelf -d "$1" | grep NEEDED | grep -qE "$2"; }
+needs() { [[ $(readelf -d "$1" | grep NEEDED) =~ $2 ]]; }
 
 # write_report HOST: the host makes a report of the ledger.
 write_report() {
@@ -29,6 +29,6 @@ write_report() {
 # draw_report HOST: the host makes a picture of that report.
 draw_report() {
   "$1" "$work/ledger.txt" "$work/page.png"
-  file "$work/page.png" | grep -q "PNG image data"
+  [[ $(file "$work/page.png") =~ "PNG image data" ]]
   rm "$work/page.png"
 }

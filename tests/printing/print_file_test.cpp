@@ -67,8 +67,7 @@ TEST_F(PrintFileTest, SaysWhatStopsAJob) {
   const auto print = [&](const std::string& file, const std::string& printer) {
     PrintFileArguments arguments{
         .fileName = file, .printerName = printer, .paperHeight = 12, .copies = 2};
-    EXPECT_FALSE(PrintFile(arguments, machine_.platform(), runState()));
-    return message();
+    return errorOf([&] { PrintFile(arguments, machine_.platform(), runState()); });
   };
   EXPECT_EQ(print("/no/such/file", "Nobody"), "File /no/such/file does not exists");
   EXPECT_EQ(print(report_, "Nobody"), "The Printer Name (Nobody) wasn't recognized.");
@@ -86,6 +85,17 @@ TEST_F(PrintFileTest, SaysWhatStopsAJob) {
   machine_.spooler.answers = true;
   machine_.printers.infos.clear();
   EXPECT_EQ(print(report_, ""), "The Printer Name () wasn't recognized.");
+}
+
+TEST_F(PrintFileTest, ADirectPrintThatFailsIsToldAndKeptForTheHost) {
+  class1_.PrinterName = "Nobody";
+  class1_.PreviewReport({.Path1 = report_, .DirectPrint = 1});
+  EXPECT_EQ(message(), "The Printer Name (Nobody) wasn't recognized.");
+  EXPECT_STREQ(class1_.lastFailure()->description(),
+               "The Printer Name (Nobody) wasn't recognized.");
+  class1_.PrinterName = "Laser";
+  class1_.PreviewReport({.Path1 = report_, .DirectPrint = 1});
+  EXPECT_EQ(class1_.lastFailure(), nullptr);
 }
 
 TEST_F(PrintFileTest, LocalDosCopiesTheReportAndStartsTheUsersScript) {
