@@ -41,11 +41,14 @@ expect_stop "$paperway" print pipe --printer File
 
 # More than memory holds.
 truncate -s 8G large.txt
-expect 1 'Cannot read "large.txt": Cannot allocate memory.' bash -c \
-  'ulimit -v 2000000; "$0" setting get S k --file large.txt' "$paperway"
-if "$paperway" preview own.ini --picture own.png 2>/dev/null; then
+# (The sanitizers' own memory does not fit in so little.)
+if (ulimit -v 2000000; "$paperway" --version) >/dev/null 2>&1; then
   expect 1 'Cannot read "large.txt": Cannot allocate memory.' bash -c \
-    'ulimit -v 2000000; "$0" preview large.txt --picture x.png' "$paperway"
+    'ulimit -v 2000000; "$0" setting get S k --file large.txt' "$paperway"
+  if "$paperway" preview own.ini --picture own.png 2>/dev/null; then
+    expect 1 'Cannot read "large.txt": Cannot allocate memory.' bash -c \
+      'ulimit -v 2000000; "$0" preview large.txt --picture x.png' "$paperway"
+  fi
 fi
 
 # A report needs no folder of the user's, nor a temporary one.
