@@ -11,6 +11,8 @@
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
+#include "apps/paperway/printer_choice.h"
+#include "apps/paperway/report_input.h"
 #include "apps/paperway/user_printers.h"
 #include "platform/input_file.h"
 #include "printed/page_ranges.h"
@@ -101,8 +103,10 @@ class FileToPrint {
   std::optional<WorkFolder> folder_;
 };
 
-void printRaw(const PrintOptions& options) {
+void printRaw(PrintOptions options) {
   Machine machine;
+  const ReportInput input(options.file, machine.platform().folders);
+  options.file = input.path();
   StoppablePrinters user;
   const Platform screenless = machine.platform();
   const Platform platform = screenless.with(user.spooler, user.printers, screenless.printDevice);
@@ -116,7 +120,7 @@ void printRaw(const PrintOptions& options) {
                                .copies = static_cast<std::uint8_t>(options.copies),
                                .linesIn = static_cast<std::uint8_t>(options.tear[0]),
                                .linesOut = static_cast<std::uint8_t>(options.tear[1])};
-  if (arguments.printerName.empty()) arguments.printerName = user.printers.current();
+  arguments.printerName = printerFor(options.printer, user.printers);
   if (std::filesystem::is_regular_file(file)) {
     warn(
         fitWarnings(extentOf(platform.storage, file, options),
@@ -142,9 +146,12 @@ PageSettings paperFor(const PrintOptions& options, const ReportExtent& report, P
   return settings;
 }
 
-void printStyled(const PrintOptions& options) {
+void printStyled(PrintOptions options) {
   const std::unique_ptr<Desk> desk = Desk::open({.screenless = true});
   const Platform platform = desk->platform();
+  const ReportInput input(options.file, platform.folders);  // not before another program takes over
+  options.file = input.path();
+  if (options.pdf == "-") options.pdf = "/dev/stdout";
   const ReportDocument file = ReportDocument::read(platform.storage, options.file);
   const std::int64_t count = file.pages().PageCount();
   requirePages(options, count);
@@ -157,7 +164,7 @@ void printStyled(const PrintOptions& options) {
                           .file = options.pdf,
                           .sources = {options.file},
                           .settings = paperFor(options, report, platform.printers)};
-  if (document.printer.empty()) document.printer = platform.printers.current();
+  if (options.pdf.empty()) document.printer = printerFor(options.printer, platform.printers);
   warn(fitWarnings(report, sheetRoom(document.settings)));
   drawn.draw(document, platform.printDevice);
 }
@@ -167,7 +174,8 @@ void printStyled(const PrintOptions& options) {
 void addPrint(CLI::App& app) {
   CLI::App* print = app.add_subcommand("print", "Print a report file, or make a PDF of it");
   const auto options = std::make_shared<PrintOptions>();
-  print->add_option("FILE", options->file, "Report file, or any text file")->required();
+  print->add_option("FILE", options->file, "Report file, or any text file; - is standard input")
+      ->required();
   print->add_option("--printer", options->printer, "A printer of \"paperway printers\"")
       ->type_name("PRINTER")
       ->default_str("the default printer");
@@ -193,7 +201,8 @@ void addPrint(CLI::App& app) {
   CLI::Option* styled = print->add_flag(
       "--styled", options->styled, "Draw the pages, for printers that take more than raw text");
   CLI::Option* pdf =
-      print->add_option("--pdf", options->pdf, "Draw the pages into a file")->type_name("OUT.pdf");
+      print->add_option("--pdf", options->pdf, "Draw the pages into a file; - is standard output")
+          ->type_name("OUT.pdf");
   styled->excludes(pdf);
   for (CLI::Option* raw : {pitch, paper, tear}) {
     styled->excludes(raw);
@@ -207,6 +216,9 @@ void addPrint(CLI::App& app) {
       "  paperway print ledger.txt --pages 1 --pdf first.pdf");
   print->callback([options] {
     readPages(*options);
+    if (options->pdf == "-" && isatty(STDOUT_FILENO) != 0) {
+      throw CLI::ValidationError("--pdf", "a PDF is nothing for a terminal to show");
+    }
     const bool drawn = options->styled || !options->pdf.empty();
     forFile("print", options->file, [&] { drawn ? printStyled(*options) : printRaw(*options); });
   });

@@ -7,6 +7,8 @@
 #include <string>
 
 #include "apps/paperway/commands.h"
+#include "apps/paperway/near_miss.h"
+#include "apps/paperway/printer_choice.h"
 #include "apps/paperway/user_printers.h"
 #include "util/control_strings.h"
 
@@ -40,7 +42,12 @@ void listNames() {
 
 void remove(const std::string& name) {
   if (DirectPrinterFile::ofUser().remove(name)) return;
-  throw std::runtime_error("There is no direct printer \"" + name + "\".");
+  std::vector<std::string> names;
+  for (const DirectPrinter& printer : DirectPrinterFile::ofUser().read()) {
+    names.push_back(printer.name);
+  }
+  throw std::runtime_error("There is no direct printer \"" + name + "\"." +
+                           didYouMean(name, names));
 }
 
 std::string ruler(const std::string& pitch, int columns, const std::string& title) {
@@ -61,8 +68,8 @@ std::string testPage(const std::string& name) {
 
 void test(const std::string& name) {
   StoppablePrinters user;
-  const auto job = user.spooler.open(name);
-  if (!job) throw std::runtime_error("There is no printer \"" + name + "\".");
+  const auto job = user.spooler.open(printerFor(name, user.printers));
+  if (!job) throw std::runtime_error(noPrinter(name, user.printers));
   const std::string page = testPage(name);
   job->start("Paperway test page", DocumentFormat::raw);
   job->write(page);

@@ -48,6 +48,14 @@ done
 expect 1 'report.txt has 3 pages, and no page 4.' env TMPDIR="$work" $print --pages 4
 [ -z "$(ls -A paperway-*)" ] || fail "work files are left: $(ls -A paperway-*)"
 
+# Standard input; a printer that nobody chose; one that is nearly right.
+out=$("$paperway" print - --pages 2 --printer "A program" <report.txt 2>&1) || fail "standard input: $out"
+{ setup12 && printf '\r\ntwo\r\n\f'; } | cmp -s - program || fail "a page of standard input"
+expect 0 'No printer is the default one; this goes to "A program", the first of them.' $print
+expect 1 'There is no printer "a progam". Did you mean A program?' $print --printer "a progam"
+expect 1 'There is no printer "Ful". Did you mean Full?' $printers test Ful
+expect 1 'There is no direct printer "Ful". Did you mean Full?' $printers remove Ful
+
 if $print --pdf all.pdf 2>said; then
   [ "$(pdftotext -layout all.pdf - | tr -d '\n')" = $'one\ftwo\fcafé\f' ] || fail "the text of the PDF"
   expect 0 '' $print --pages 3 --copies 2 --pdf two.pdf
@@ -59,6 +67,11 @@ if $print --pdf all.pdf 2>said; then
   [ "$(stat -c %s long.pdf)" -lt 100000 ] || fail "lines beyond the paper are in the PDF"
   expect 1 'It is written to directly and takes raw text alone' $print --styled
   expect 1 'none/all.pdf' $print --pdf none/all.pdf
+  "$paperway" print - --pages 1,3 --pdf - <report.txt | pdftotext - - | tr -d '\n' >through.txt
+  [ "$(cat through.txt)" = $'one\fcafé\f' ] || fail "a PDF through a pipe"
+  $print --pages 1 --pdf - >one.pdf && pdftotext one.pdf - | grep -qx one || fail "a PDF to a file"
+  [ ! -e - ] || fail "a file named -"
+  expect 2 'nothing for a terminal' script -qec "$print --pdf -" /dev/null
 else
   grep -q 'This build has no windows' said || fail "a PDF: $(cat said)"
 fi

@@ -64,7 +64,7 @@ std::vector<PrinterInfo> CupsPrinters::list() {
   const CupsConnection connection = connectToCups(patience_);
   std::vector<PrinterInfo> infos;
   for (const cups_dest_t& queue : CupsQueues(connection.get())) {
-    infos.push_back({nameOf(queue), describe(queue), isRaw(queue)});
+    infos.push_back({nameOf(queue), describe(queue), isRaw(queue), queue.is_default != 0});
   }
   return infos;
 }

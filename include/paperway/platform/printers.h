@@ -14,6 +14,7 @@ struct PrinterInfo {
   std::string DeviceName;
   std::string description;  // for people: a place, a model, an address
   bool raw = false;         // takes a printer's own language and nothing else
+  bool isDefault = false;   // somebody chose it as the default one
 };
 
 /// What a printer uses for the next print of this user. Papers go by their published numbers
