@@ -60,7 +60,10 @@ void Windows::doEvents() {
 void Windows::repaint() {
   for (FormWindow* window : std::vector(windows_)) window->sync();
   QEventLoop loop;
-  QTimer::singleShot(kUncovering, &loop, &QEventLoop::quit);
+  QTimer timer;
+  timer.setSingleShot(true);
+  QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+  timer.start(kUncovering);
   loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
