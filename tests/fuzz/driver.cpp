@@ -1,8 +1,10 @@
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <limits>
 #include <random>
 
 #include "fuzz/fuzz.h"
@@ -13,12 +15,19 @@ extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__
 namespace {
 
 constexpr long kDefaultInputs = 20000;
+constexpr unsigned kDefaultSeed = 20260305;
 constexpr std::size_t kLongest = 4096;
 constexpr std::size_t kPool = 256;
 
-std::string current;  // what the target is given, shown when it dies of it
+std::string current;  // what the target is given, kept and shown when it dies of it
 
 void showCurrent() {
+  constexpr const char* kKept = "fuzz_input.bin";
+  if (std::FILE* file = std::fopen(kKept, "wb"); file != nullptr) {
+    std::fwrite(current.data(), 1, current.size(), file);
+    std::fclose(file);
+    std::fprintf(stderr, "Kept in %s. ", kKept);
+  }
   std::fprintf(stderr, "The input, %zu bytes:\n", current.size());
   for (const char c : current) {
     const bool plain = c >= 0x20 && c < 0x7F && c != '\\' && c != '"';
@@ -42,7 +51,7 @@ void showInputOnDeath() {
 /// Texts that are changed a little at a time, always in the same way.
 class Mutator {
  public:
-  explicit Mutator(std::vector<std::string> seeds) : pool_(std::move(seeds)) {
+  Mutator(std::vector<std::string> seeds, unsigned seed) : random_(seed), pool_(std::move(seeds)) {
     if (pool_.empty()) pool_.emplace_back();
   }
 
@@ -78,7 +87,7 @@ class Mutator {
     }
   }
 
-  std::mt19937 random_{20260305};
+  std::mt19937 random_;
   std::vector<std::string> pool_;
 };
 
@@ -87,20 +96,52 @@ void run(std::string input) {
   paperway::fuzz::check(current);
 }
 
+struct Options {
+  long inputs = kDefaultInputs;
+  double seconds = std::numeric_limits<double>::infinity();
+  unsigned seed = kDefaultSeed;
+  std::string file;  // to run alone
+};
+
+Options optionsOf(int argc, char** argv) {
+  Options options;
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view name = argv[i];
+    const char* value = i + 1 < argc ? argv[i + 1] : "";
+    if (name == "--inputs")
+      options.inputs = std::atol(value), ++i;
+    else if (name == "--seconds")
+      options.seconds = std::atof(value), ++i;
+    else if (name == "--seed")
+      options.seed = static_cast<unsigned>(std::atol(value)), ++i;
+    else
+      options.file = name;
+  }
+  return options;
+}
+
+int runFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return std::fprintf(stderr, "Cannot read \"%s\".\n", path.c_str()), 2;
+  run({std::istreambuf_iterator<char>(file), {}});
+  return 0;
+}
+
 }  // namespace
 
-/// Usage: fuzz_NAME [number of inputs, or a file to run alone]
+/// Usage: fuzz_NAME [--inputs N] [--seconds S] [--seed X] | FILE
+/// Gives the target N inputs, or as many as S seconds allow; or the one in FILE.
 int main(int argc, char** argv) {
+  using Clock = std::chrono::steady_clock;
+  const Options options = optionsOf(argc, argv);
   showInputOnDeath();
-  if (argc > 1 && std::filesystem::exists(argv[1])) {
-    std::ifstream file(argv[1], std::ios::binary);
-    run({std::istreambuf_iterator<char>(file), {}});
-    return 0;
-  }
+  if (!options.file.empty()) return runFile(options.file);
+  const auto begin = Clock::now();
   const auto seeds = paperway::fuzz::seeds();
   for (const std::string& seed : seeds) run(seed);
-  Mutator mutator(seeds);
-  const long inputs = argc > 1 ? std::atol(argv[1]) : kDefaultInputs;
-  for (long i = 0; i < inputs; ++i) run(mutator.next());
-  std::printf("%ld inputs\n", inputs);
+  Mutator mutator(seeds, options.seed);
+  long inputs = 0;
+  const std::chrono::duration<double> limit(options.seconds);
+  while (inputs < options.inputs && Clock::now() - begin < limit) run(mutator.next()), ++inputs;
+  std::printf("%ld inputs, seed %u\n", inputs, options.seed);
 }

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QTest>
 #include <QWheelEvent>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -106,7 +107,13 @@ TEST_P(AnyEvents, LeaveModelAndViewInAgreement) {
   form_->unload();
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, AnyEvents, testing::Range(1U, 9U));
+/// PAPERWAY_EVENT_SEEDS: how many, for longer walks by hand.
+unsigned seeds() {
+  const char* text = std::getenv("PAPERWAY_EVENT_SEEDS");
+  return text == nullptr ? 3 : static_cast<unsigned>(std::atoi(text));
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, AnyEvents, testing::Range(1U, seeds() + 1));
 
 }  // namespace
 }  // namespace paperway

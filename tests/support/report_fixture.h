@@ -4,30 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "paperway/memory.h"
 #include "support/class1_test.h"
+#include "support/column_table.h"
 
 namespace paperway {
-
-/// The columns of a report, each a row of the column table from its first field on; the fields that
-/// a row leaves out, and empty ones, are null.
-using Columns = std::vector<std::vector<std::string>>;
-
-inline MemoryTable columnTable(const Columns& columns) {
-  const std::vector<std::string> names = {
-      "fNM",           "fHeder", "Sz",    "Dtyp", "Ali",        "Spc",        "Lt",
-      "AllPageTot",    "GTot1",  "GTot2", "Frmt", "BoldGroup1", "BoldGroup2", "DupPrintYN",
-      "DupPrintField", "FontNm"};
-  MemoryTable table(names);
-  for (const auto& column : columns) {
-    std::vector<Value> row(names.size());
-    for (std::size_t i = 0; i < column.size(); ++i) {
-      if (!column[i].empty()) row[i] = column[i];
-    }
-    table.addRow(row);
-  }
-  return table;
-}
 
 inline void replaceAll(std::string& text, const std::string& from, const std::string& to) {
   for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
