@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "controls/accessor.h"
+#include "controls/caret_stops.h"
 #include "controls/control.h"
 #include "controls/format_runs.h"
 #include "controls/styled_runs.h"
@@ -168,13 +169,9 @@ class RichTextBox : public Control {
   void textReplaced();
   void write(const std::function<void(std::string_view)>& out) const;
 
-  /// Where the user's text ends: before the form feed that closes it.
-  std::size_t textEnd() const;
+  CaretStops stops() const { return {text_, formats_}; }
+  BaseLook baseLook() const { return {Font, ForeColor}; }
   bool restsOnFirst() const;
-  bool insideLineEnd(std::size_t offset) const;
-  std::size_t nextStop(std::size_t offset) const;
-  std::size_t previousStop(std::size_t offset) const;
-  std::size_t wordStop(std::size_t offset, bool forward) const;
   std::size_t stepTarget(Step step, std::uint64_t linesPerPage);
   std::size_t verticalTarget(std::int64_t lines);
 
@@ -195,9 +192,5 @@ class RichTextBox : public Control {
   std::uint64_t textRevision_ = 0;
   std::uint64_t formatRevision_ = 0;
 };
-
-/// A text as rich text for word processors: fonts, sizes, colours and line ends as shown; a form
-/// feed is a page break, except at the text's end. `out` takes the document piece by piece.
-void writeRtf(const RichTextBox& box, const std::function<void(std::string_view)>& out);
 
 }  // namespace paperway

@@ -1,8 +1,10 @@
+#include "controls/rtf_writer.h"
+
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <vector>
 
-#include "controls/rich_text.h"
 #include "printed/pen.h"
 
 namespace paperway {
@@ -24,25 +26,33 @@ int colorNumber(const std::vector<Color>& table, Color color) {
   return static_cast<int>(std::find(table.begin(), table.end(), color) - table.begin()) + 1;
 }
 
-std::vector<Color> colorsOf(const RichTextBox& box) {
+std::vector<Color> colorsOf(const FormatRuns& formats, const BaseLook& base) {
   std::vector<Color> colors;
   const auto add = [&colors](Color color) {
     if (isSystemColor(color)) return;
     if (std::find(colors.begin(), colors.end(), color) == colors.end()) colors.push_back(color);
   };
-  add(box.ForeColor);
-  for (const CharFormat& format : box.formats().formats()) {
+  add(base.ink);
+  for (const CharFormat& format : formats.formats()) {
     if (format.color) add(*format.color);
   }
   return colors;
 }
 
-template <typename Visit>
-void forEachRun(const RichTextBox& box, const Visit& visit) {
-  for (std::size_t begin = 0; begin < box.buffer().size(); begin += kChunk) {
-    for (const StyledRun& run : box.styledRuns(begin, begin + kChunk)) visit(run);
+struct Document {
+  const TextBuffer& text;
+  const FormatRuns& formats;
+  const BaseLook& base;
+
+  template <typename Visit>
+  void forEachRun(const Visit& visit) const {
+    for (std::size_t begin = 0; begin < text.size(); begin += kChunk) {
+      for (const StyledRun& run : styledRuns(text, formats, begin, begin + kChunk, base)) {
+        visit(run);
+      }
+    }
   }
-}
+};
 
 /// By the rules of printed text, at the pitch of each font.
 class WidestLine {
@@ -73,30 +83,31 @@ class WidestLine {
   double widest_ = 0;  // inches
 };
 
-int widestLine(const RichTextBox& box) {  // twips
+int widestLine(const Document& document) {  // twips
   WidestLine widest;
-  forEachRun(box, [&widest](const StyledRun& run) { widest.add(run); });
+  document.forEachRun([&widest](const StyledRun& run) { widest.add(run); });
   return widest.twips();
 }
 
-std::string paper(const RichTextBox& box) {
+std::string paper(const Document& document) {
   const std::string margin = std::to_string(kMargin);
-  const int width = std::max(kPaperWidth, widestLine(box) + 2 * kMargin);
+  const int width = std::max(kPaperWidth, widestLine(document) + 2 * kMargin);
   return "\\paperw" + std::to_string(width) + "\\paperh" + std::to_string(kPaperHeight) +
          "\\margl" + margin + "\\margr" + margin + "\\margt" + margin + "\\margb" + margin +
-         "\\deftab" + std::to_string(std::lround(box.Font.Size * kCharacterWidth * kTabColumns)) +
+         "\\deftab" +
+         std::to_string(std::lround(document.base.font.Size * kCharacterWidth * kTabColumns)) +
          "\r\n";
 }
 
-std::string header(const RichTextBox& box, const std::vector<Color>& colors) {
+std::string header(const Document& document, const std::vector<Color>& colors) {
   std::string text =
       "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern\\fprq1\\fcharset0 " +
-      box.Font.Name + ";}}\r\n{\\colortbl ;";
+      document.base.font.Name + ";}}\r\n{\\colortbl ;";
   for (const Color color : colors) {
     text += "\\red" + std::to_string(redOf(color)) + "\\green" + std::to_string(greenOf(color)) +
             "\\blue" + std::to_string(blueOf(color)) + ";";
   }
-  return text + "}\r\n" + paper(box) + "\\pard\\plain\\f0\r\n";
+  return text + "}\r\n" + paper(document) + "\\pard\\plain\\f0\r\n";
 }
 
 std::string look(const StyledRun& run, const std::vector<Color>& colors) {
@@ -130,11 +141,12 @@ void appendByte(std::string& out, char byte) {
 
 }  // namespace
 
-void writeRtf(const RichTextBox& box, const std::function<void(std::string_view)>& out) {
-  const std::vector<Color> colors = colorsOf(box);
-  const TextBuffer& text = box.buffer();
-  std::string rtf = header(box, colors);
-  forEachRun(box, [&](const StyledRun& run) {
+void writeRtf(const TextBuffer& text, const FormatRuns& formats, const BaseLook& base,
+              const std::function<void(std::string_view)>& out) {
+  const std::vector<Color> colors = colorsOf(formats, base);
+  const Document document{text, formats, base};
+  std::string rtf = header(document, colors);
+  document.forEachRun([&](const StyledRun& run) {
     rtf += look(run, colors);
     for (std::size_t i = 0; i < run.bytes.size(); ++i) {
       const std::size_t behind = run.begin + i + 1;

@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "util/date.h"
-#include "util/date_text.h"
 #include "util/numbers.h"
 #include "util/value_text.h"
 

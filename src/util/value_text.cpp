@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "util/date_text.h"
+#include "util/date.h"
 #include "util/decimal.h"
 #include "util/digits.h"
 

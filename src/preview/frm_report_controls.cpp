@@ -1,9 +1,8 @@
-// Where the controls of the report window stand, in twips, and what else they are at design.
+#include "preview/frm_report_controls.h"
 
 #include <algorithm>
 
 #include "paperway/platform/windows.h"
-#include "preview/frm_report.h"
 
 namespace paperway {
 namespace {
@@ -37,7 +36,14 @@ void panel(Frame& frame) {
 
 }  // namespace
 
-void FrmReport::nameControls() {
+FrmReportControls::FrmReportControls() : Form("FrmReport") {
+  Caption = " Report View";
+  describe();
+  placeSettingPanel();
+  placePrintPanel();
+}
+
+void FrmReportControls::describe() {
   Width = kDefaultWidth;
   Height = kDefaultHeight;
   MinWidth = 14400;
@@ -89,24 +95,21 @@ void FrmReport::nameControls() {
 
   for (Frame* frame : {&Frame8, &FrmMode}) groupOnly(*frame);
   for (Frame* frame : {&Frame6, &Frame1}) panel(*frame);
-  placeSettingPanel();
-  placePrintPanel();
 }
 
-void FrmReport::arrange() {
+void FrmReportControls::arrange(const ScreenSize& screen) {
   place(Rt1, 15, kPageTop, Width - 100, Height - 1250);
   placeTopRow();
   placeBottomRow();
   if (Frame6.Top >= kOffTheWindow) Frame6.Top = std::max(kOffTheWindow, Height);
   // The middle of the screen is that of the window when it fills the screen, and may lie outside of
   // a smaller one.
-  const ScreenSize screen = platform_.windows.screen();
   centreOnScreen(Frame1, {std::min(screen.Width, Width), std::min(screen.Height, Height)});
   Frame1.Left = std::clamp(Frame1.Left, 0, std::max(0, Width - Frame1.Width));
   Frame1.Top = std::clamp(Frame1.Top, 0, std::max(0, Height - Frame1.Height));
 }
 
-void FrmReport::placeTopRow() {
+void FrmReportControls::placeTopRow() {
   place(Label7, 120, kRowTop, 1350, kRowHeight);
   place(Text4, 1500, kRowTop, 2400, kRowHeight);
   place(Check1, 4080, kRowTop, 1000, kRowHeight);
@@ -120,7 +123,7 @@ void FrmReport::placeTopRow() {
   place(CmdExelExp, Label4.Left - 2000, kRowTop, 1900, kRowHeight);
 }
 
-void FrmReport::placeBottomRow() {
+void FrmReportControls::placeBottomRow() {
   place(Frame8, 30, Rt1.Height + 500, Width - 60, 720);
   place(CmdFst, 90, kButtonTop, 950, kButtonHeight);
   place(CmdBck, 1100, kButtonTop, 950, kButtonHeight);
@@ -143,7 +146,7 @@ void FrmReport::placeBottomRow() {
   Image1.Tag = "0";
 }
 
-void FrmReport::placeSettingPanel() {
+void FrmReportControls::placeSettingPanel() {
   constexpr int kPitch = 420;  // from row to row
   constexpr int kLeft = 240;
   place(Frame6, 240, 1500, 4500, 5700);
@@ -171,7 +174,7 @@ void FrmReport::placeSettingPanel() {
   place(ChL, kLeft, top, 2000, kBoxHeight);
 }
 
-void FrmReport::placePrintPanel() {
+void FrmReportControls::placePrintPanel() {
   constexpr int kLeft = 240;
   constexpr int kMiddle = 4440;
   place(Frame1, 0, 0, 8640, 6110);
