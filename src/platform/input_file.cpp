@@ -1,14 +1,29 @@
 #include "platform/input_file.h"
 
+#include <algorithm>
 #include <new>
 
 #include "platform/file_error.h"
 
 namespace paperway {
+namespace {
+
+/// A small file is read at once, with room to see its end.
+std::size_t blockSize(const FileStatus& file) {
+  constexpr std::uint64_t kLeast = 4 * 1024;
+  constexpr std::uint64_t kMost = 256 * 1024;
+  const bool isSized = file.kind == FileStatus::Kind::regular;
+  return static_cast<std::size_t>(isSized ? std::clamp(file.size + 1, kLeast, kMost) : kMost);
+}
+
+}  // namespace
 
 InputFile::InputFile(Storage& storage, std::filesystem::path path, std::string source)
-    : path_(std::move(path)), source_(std::move(source)), buffer_(256 * 1024) {
-  withFileError("read", path_, source_, [&] { file_ = storage.openToRead(path_); });
+    : path_(std::move(path)), source_(std::move(source)) {
+  withFileError("read", path_, source_, [&] {
+    file_ = storage.openToRead(path_);
+    buffer_.resize(blockSize(file_->status()));
+  });
 }
 
 std::size_t InputFile::readBlock() {

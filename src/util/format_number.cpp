@@ -46,16 +46,13 @@ constexpr double kSurelyNoTie = 0.499;
 
 /// `number` (not negative) × 10^decimals, rounded half away from zero on its decimal digits; false
 /// when only those digits can tell.
-bool roundScaled(double number, int decimals, std::uint64_t& rounded) {
+bool roundScaled(double number, int decimals, std::int64_t& rounded) {
   const double product = number * kPowersOfTen[static_cast<std::size_t>(decimals)];
   if (product < kMaxRoundable) {
-    rounded = static_cast<std::uint64_t>(product + 0.5);
+    rounded = static_cast<std::int64_t>(product + 0.5);
     if (std::abs(product - static_cast<double>(rounded)) < kSurelyNoTie) return true;
   }
-  std::int64_t scaled = 0;
-  if (!scaleExactly(number, decimals, scaled)) return false;
-  rounded = static_cast<std::uint64_t>(scaled);
-  return true;
+  return scaleExactly(number, decimals, rounded);
 }
 
 char digitAt(const Decimal& decimal, int place) {
@@ -174,12 +171,34 @@ bool NumberSection::append(std::string& out, std::int64_t number, bool sign) con
 bool NumberSection::append(std::string& out, double number, bool sign) const {
   const bool minus = sign && number < 0;
   const int power = decimals_ + shift_;
-  std::uint64_t scaled = 0;
+  std::int64_t scaled = 0;
   if (straight_ && power >= 0 && power < static_cast<int>(kPowersOfTen.size()) &&
       roundScaled(std::abs(number), power, scaled)) {
-    return (scaled != 0 || number == 0) && appendScaled(out, scaled, minus);
+    return (scaled != 0 || number == 0) &&
+           appendScaled(out, static_cast<std::uint64_t>(scaled), minus);
   }
   return appendDecimal(out, Decimal::fromDouble(number), minus);
+}
+
+inline char* NumberSection::writeWholeBefore(char* end, std::uint64_t number) const {
+  char* at = end;
+  int digits = 0;
+  if (grouped_) {
+    for (; number >= 1000; number /= 1000, digits += 3) {
+      at = writeThreeBefore(at, static_cast<unsigned>(number % 1000));
+      *--at = ',';
+    }
+  }
+  if (number > 0) {
+    char* const begin = writeDigitsBefore(at, number);
+    digits += static_cast<int>(at - begin);
+    at = begin;
+  }
+  for (; digits < minWhole_; ++digits) {
+    if (grouped_ && digits > 0 && digits % 3 == 0) *--at = ',';
+    *--at = '0';
+  }
+  return at;
 }
 
 /// scaled / 10^decimals_, in a straight section.
@@ -203,32 +222,11 @@ bool NumberSection::appendScaled(std::string& out, std::uint64_t scaled, bool mi
     if (minus) *--at = '-';
   } else {
     if (minus) out += '-';
-    if (!before_.empty()) out += before_;
+    out += before_;
   }
   out.append(at, static_cast<std::size_t>(end - at));
   if (!after_.empty()) out += after_;
   return true;
-}
-
-char* NumberSection::writeWholeBefore(char* end, std::uint64_t number) const {
-  char* at = end;
-  int digits = 0;
-  if (grouped_) {
-    for (; number >= 1000; number /= 1000, digits += 3) {
-      at = writeThreeBefore(at, static_cast<unsigned>(number % 1000));
-      *--at = ',';
-    }
-  }
-  if (number > 0) {
-    char* const begin = writeDigitsBefore(at, number);
-    digits += static_cast<int>(at - begin);
-    at = begin;
-  }
-  for (; digits < minWhole_; ++digits) {
-    if (grouped_ && digits > 0 && digits % 3 == 0) *--at = ',';
-    *--at = '0';
-  }
-  return at;
 }
 
 bool NumberSection::appendDecimal(std::string& out, Decimal decimal, bool minus) const {
@@ -319,6 +317,10 @@ void NumberFormat::append(std::string& out, const ValueView& value) const {
   }
 }
 
+void NumberFormat::append(std::string& out, double number) const {
+  appendNumber(out, number);
+}
+
 void NumberFormat::appendDecimal(std::string& out, double number) const {
   if (number == 0 || sectionOf(number)) {
     appendNumber(out, number);
@@ -333,7 +335,7 @@ const std::optional<NumberSection>& NumberFormat::sectionOf(double number) const
 
 /// A number that rounds to zero is shown as zero is.
 template <class Number>
-void NumberFormat::appendNumber(std::string& out, Number number) const {
+inline void NumberFormat::appendNumber(std::string& out, Number number) const {
   if (number == 0) {
     appendZero(out);
     return;

@@ -66,6 +66,7 @@ class NumberFormat {
   explicit NumberFormat(Symbols pattern);
 
   void append(std::string& out, const ValueView& value) const;
+  void append(std::string& out, double number) const;
 
   /// The default text, where the pattern asks for it, is that of a decimal: without an exponent.
   void appendDecimal(std::string& out, double number) const;

@@ -88,6 +88,14 @@ void FormatPattern::append(std::string& out, const ValueView& value) const {
   }
 }
 
+void FormatPattern::append(std::string& out, double number) const {
+  if (const auto* const numbers = std::get_if<NumberFormat>(&format_)) {
+    numbers->append(out, number);
+  } else {
+    append(out, ValueView(number));
+  }
+}
+
 void FormatPattern::appendDecimal(std::string& out, double number) const {
   std::string text;
   switch (format_.index()) {

@@ -25,6 +25,7 @@ class FormatPattern {
 
   /// Appends the value in this pattern (UTF-8). An empty pattern gives the default text form.
   void append(std::string& out, const ValueView& value) const;
+  void append(std::string& out, double number) const;
   std::string operator()(ValueView value) const;
 
   /// The same of a total, which is a decimal: where the pattern leaves a number its default text,

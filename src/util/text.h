@@ -13,32 +13,39 @@ namespace paperway {
 /// Bytes before the first one that is not ASCII.
 std::size_t asciiLength(std::string_view text);
 
-inline bool isAscii(std::string_view text) {
-  constexpr std::uint64_t kHighBits = 0x8080808080808080;
-  std::uint64_t seen = 0;
-  std::size_t i = 0;
-  for (std::uint64_t word = 0; i + sizeof word <= text.size(); i += sizeof word) {
-    std::memcpy(&word, text.data() + i, sizeof word);
-    seen |= word;
+inline constexpr std::uint64_t kEachByte = 0x0101010101010101;
+
+/// Takes the bytes of a text in words of eight. A short text is filled up with blanks; the last
+/// word of a longer one begins within the one before.
+template <class Take>
+void forEachWord(std::string_view text, Take take) {
+  std::uint64_t word = kEachByte * ' ';
+  if (text.size() < sizeof word) {
+    for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
+    return take(word);
   }
-  for (; i < text.size(); ++i) seen |= static_cast<unsigned char>(text[i]);
-  return (seen & kHighBits) == 0;
+  const char* const last = text.data() + text.size() - sizeof word;
+  for (const char* at = text.data(); at < last; at += sizeof word) {
+    std::memcpy(&word, at, sizeof word);
+    take(word);
+  }
+  std::memcpy(&word, last, sizeof word);
+  take(word);
+}
+
+inline bool isAscii(std::string_view text) {
+  std::uint64_t seen = 0;
+  forEachWord(text, [&seen](std::uint64_t word) { seen |= word; });
+  return (seen & kEachByte * 0x80) == 0;
 }
 
 /// ASCII without control characters.
 inline bool isPrintableAscii(std::string_view text) {
-  constexpr std::uint64_t kEach = 0x0101010101010101;
   std::uint64_t seen = 0;  // the high bit of a byte: it is below 32, 127 or above
-  std::size_t i = 0;
-  for (std::uint64_t word = 0; i + sizeof word <= text.size(); i += sizeof word) {
-    std::memcpy(&word, text.data() + i, sizeof word);
-    seen |= word | (word - kEach * 0x20) | (word + kEach);
-  }
-  for (; i < text.size(); ++i) {
-    const auto byte = static_cast<unsigned char>(text[i]);
-    seen |= static_cast<std::uint64_t>(byte < 0x20 || byte >= 0x7F) << 7;
-  }
-  return (seen & kEach * 0x80) == 0;
+  forEachWord(text, [&seen](std::uint64_t word) {
+    seen |= word | (word - kEachByte * 0x20) | (word + kEachByte);
+  });
+  return (seen & kEachByte * 0x80) == 0;
 }
 
 /// Blanks (character 32 alone) off both ends.

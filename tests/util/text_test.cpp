@@ -25,6 +25,20 @@ TEST(Text, FindsWhereUtf8Ends) {
              Row{"ab\xC3(", 2});
 }
 
+TEST(Text, FindsAByteThatDoesNotPrintWhereverItStands) {
+  for (const char byte : {'\x1F', '\x7F', '\x80'}) {
+    for (std::size_t length = 1; length <= 20; ++length) {
+      for (std::size_t at = 0; at < length; ++at) {
+        std::string text(length, at % 2 == 0 ? ' ' : '~');
+        ASSERT_TRUE(isPrintableAscii(text));
+        text[at] = byte;
+        EXPECT_FALSE(isPrintableAscii(text)) << at << " of " << length;
+        EXPECT_EQ(isAscii(text), byte != '\x80') << at << " of " << length;
+      }
+    }
+  }
+}
+
 TEST(Text, TrimsBlanksAlone) {
   expectEach(trimBlanks, Row{"  a b  ", "a b"}, Row{" \ta\n ", "\ta\n"}, Row{"   ", ""});
 }

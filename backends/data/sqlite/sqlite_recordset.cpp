@@ -204,7 +204,7 @@ void SqliteRecordset::keepRow(std::vector<Cell>& row) const {
   }
 }
 
-sqlite3_value* SqliteRecordset::cellOf(std::size_t ordinal) const {
+inline sqlite3_value* SqliteRecordset::cellOf(std::size_t ordinal) const {
   if (eof_) raiseNoRow();
   return lastRow_.empty() ? sqlite3_column_value(statement_.get(), static_cast<int>(ordinal))
                           : lastRow_[ordinal].get();
