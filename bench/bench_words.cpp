@@ -1,7 +1,7 @@
 #include <benchmark/benchmark.h>
 #include <vector>
 
-#include "util/words.h"
+#include "util/amounts.h"
 
 namespace {
 

@@ -36,7 +36,7 @@ class Machine {
 
  private:
   /// Remembers that it has been used.
-  struct MessageBox : desktop::ConsoleMessageBox {
+  struct MessageBoxes : desktop::ConsoleMessageBox {
     Answer show(std::string_view text, std::string_view title, Buttons buttons,
                 Icon icon) override {
       if (StopSignals::raised() != 0) throw Interrupted();  // which is what the user expects
@@ -46,7 +46,7 @@ class Machine {
     bool told = false;
   };
 
-  MessageBox messageBox_;
+  MessageBoxes messageBox_;
   desktop::System system_;
   headless::Headless screenless_{std::filesystem::path()};  // its folders and files are not used
 };

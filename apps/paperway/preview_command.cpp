@@ -34,7 +34,7 @@ void addSwitch(CLI::App& command, const std::string& name, std::uint8_t& feature
 
 void goTo(FrmReport& form, int page) {
   if (page > form.PageCount()) {
-    throw std::runtime_error(form.ReportPath + " has " + std::to_string(form.PageCount()) +
+    throw std::runtime_error(form.ReportPath.string() + " has " + std::to_string(form.PageCount()) +
                              " pages, not " + std::to_string(page) + ".");
   }
   form.Text2.Text = std::to_string(page);

@@ -5,8 +5,8 @@
 
 #include "apps/paperway/commands.h"
 #include "paperway/value.h"
+#include "util/amounts.h"
 #include "util/numbers.h"
-#include "util/words.h"
 
 namespace paperway::command {
 namespace {

@@ -18,8 +18,8 @@ std::optional<T> takeFront(std::vector<std::optional<T>>& answers) {
 
 }  // namespace
 
-MessageBox::Answer MessageBox::show(std::string_view text, std::string_view title, Buttons buttons,
-                                    Icon icon) {
+MessageBoxes::Answer MessageBoxes::show(std::string_view text, std::string_view title,
+                                        Buttons buttons, Icon icon) {
   shown.push_back({std::string(text), std::string(title), buttons, icon});
   if (answers.empty()) return buttons == Buttons::ok ? Answer::ok : Answer::no;
   const Answer answer = answers.front();
@@ -60,6 +60,19 @@ void Shell::start(const std::vector<std::string>& command) {
                           command.front() + " cannot be started: there is no such program");
   }
   started.push_back(command);
+}
+
+std::filesystem::path Shell::scriptName(std::string_view stem) {
+  return std::string(stem) + ".script";
+}
+
+std::string Shell::scriptText(std::string_view purpose, std::string_view line) {
+  return std::string(purpose) + "\n" + std::string(line) + "\n";
+}
+
+std::string Shell::copyLine(const std::filesystem::path& file,
+                            const std::filesystem::path& device) {
+  return "copy \"" + file.string() + "\" \"" + device.string() + "\"";
 }
 
 std::filesystem::path Folders::folder(const char* name) const {

@@ -72,64 +72,66 @@ class PlainFile : public StoredFile {
   std::unique_ptr<std::FILE, Closer> file_;
 };
 
+class PlainStorage : public paperway::Storage {
+ public:
+  FileStatus status(const Path& path) override { return statusAt(path); }
+
+  bool isSame(const Path& one, const Path& other) override {
+    return fs::exists(one) && fs::exists(other) && fs::equivalent(one, other);
+  }
+
+  Path behindLinks(const Path& path) override {
+    return fs::is_symlink(fs::symlink_status(path)) ? fs::weakly_canonical(path) : path;
+  }
+
+  std::unique_ptr<StoredFile> openToRead(const Path& path) override {
+    if (fs::is_directory(path)) raise(std::errc::is_a_directory);
+    return std::make_unique<PlainFile>(path, "rb");
+  }
+
+  std::unique_ptr<StoredFile> openToAppend(const Path& path) override {
+    return std::make_unique<PlainFile>(path, "ab");
+  }
+
+  std::unique_ptr<StoredFile> openToChange(const Path& path, FileAccess access) override {
+    const bool isNew = !fs::exists(path);
+    auto file = std::make_unique<PlainFile>(path, "a+b");
+    if (isNew) setAccess(path, access);
+    return file;
+  }
+
+  std::unique_ptr<StoredFile> create(const Path& path, FileAccess access) override {
+    auto file = std::make_unique<PlainFile>(path, "wbx");
+    setAccess(path, access);
+    return file;
+  }
+
+  void rename(const Path& from, const Path& to) override { fs::rename(from, to); }
+
+  void remove(const Path& path) override { fs::remove(path); }
+
+  /// Whether its maker is still there cannot be told.
+  void removeAbandoned(const Path& /*path*/) override {}
+
+  void syncFolder(const Path& /*folder*/) override {}
+
+  std::vector<Path> names(const Path& folder) override {
+    std::vector<Path> names;
+    for (const auto& entry : fs::directory_iterator(folder))
+      names.push_back(entry.path().filename());
+    return names;
+  }
+
+  void makeWritable(const Path& path) override {
+    std::error_code ignored;  // the user may write to a file without owning it
+    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
+  }
+};
+
 }  // namespace
 
-FileStatus PlainStorage::status(const Path& path) {
-  return statusAt(path);
-}
-
-bool PlainStorage::isSame(const Path& one, const Path& other) {
-  return fs::exists(one) && fs::exists(other) && fs::equivalent(one, other);
-}
-
-PlainStorage::Path PlainStorage::behindLinks(const Path& path) {
-  return fs::is_symlink(fs::symlink_status(path)) ? fs::weakly_canonical(path) : path;
-}
-
-std::unique_ptr<StoredFile> PlainStorage::openToRead(const Path& path) {
-  if (fs::is_directory(path)) raise(std::errc::is_a_directory);
-  return std::make_unique<PlainFile>(path, "rb");
-}
-
-std::unique_ptr<StoredFile> PlainStorage::openToAppend(const Path& path) {
-  return std::make_unique<PlainFile>(path, "ab");
-}
-
-std::unique_ptr<StoredFile> PlainStorage::openToChange(const Path& path, FileAccess access) {
-  const bool isNew = !fs::exists(path);
-  auto file = std::make_unique<PlainFile>(path, "a+b");
-  if (isNew) setAccess(path, access);
-  return file;
-}
-
-std::unique_ptr<StoredFile> PlainStorage::create(const Path& path, FileAccess access) {
-  auto file = std::make_unique<PlainFile>(path, "wbx");
-  setAccess(path, access);
-  return file;
-}
-
-void PlainStorage::rename(const Path& from, const Path& to) {
-  fs::rename(from, to);
-}
-
-void PlainStorage::remove(const Path& path) {
-  fs::remove(path);
-}
-
-/// Whether its maker is still there cannot be told.
-void PlainStorage::removeAbandoned(const Path& /*path*/) {}
-
-void PlainStorage::syncFolder(const Path& /*folder*/) {}
-
-std::vector<PlainStorage::Path> PlainStorage::names(const Path& folder) {
-  std::vector<Path> names;
-  for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
-  return names;
-}
-
-void PlainStorage::makeWritable(const Path& path) {
-  std::error_code ignored;  // the user may write to a file without owning it
-  fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ignored);
+std::unique_ptr<paperway::Storage> plainStorage() {
+  return std::make_unique<PlainStorage>();
 }
 
 }  // namespace paperway::headless

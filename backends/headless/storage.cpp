@@ -36,7 +36,7 @@ class NotedFile : public StoredFile {
 
 }  // namespace
 
-Storage::Storage() : own_(std::make_unique<PlainStorage>()), real_(*own_) {}
+Storage::Storage() : own_(plainStorage()), real_(*own_) {}
 
 void Storage::note(const char* step) {
   if (++steps != failAt) return;

@@ -24,8 +24,8 @@ struct ReportProgress {
 using ReportProgressCallback = std::function<void(const ReportProgress&)>;
 
 /// The arguments of Class1's larger members: the published names in the published order, for
-/// designated initialisers. What a member gives back is written into them. Texts are UTF-8, paths
-/// native.
+/// designated initialisers. What a member gives back is written into them. Texts are UTF-8,
+/// the paths of files too.
 
 struct TextRptArguments {
   Recordset& Rs;               // rewound first, left at its end

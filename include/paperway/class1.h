@@ -27,7 +27,7 @@ enum class CaseTyp { Tital = 0, Uper = 1, Lover = 2 };
 /// its members in the order Guid_comp1, Pagelenth and PrinterName, Set_Repot_Format, Text_Rpt,
 /// PreviewReport.
 ///
-/// Texts are UTF-8, paths native, both std::string. Failures are AutomationErrors, unless a member
+/// Texts are UTF-8, the paths of files too. Failures are AutomationErrors, unless a member
 /// says that it shows a message. One thread uses an object. Objects of a thread share their run
 /// state, with one another and with their windows, unless they are given contexts of their own.
 class PAPERWAY_API Class1 {
@@ -54,8 +54,8 @@ class PAPERWAY_API Class1 {
   /// Whether the last Set_Repot_Format read the whole table; false before the first.
   bool formatIsWhole() const;
 
-  /// What the last Set_Repot_Format, Text_Rpt or PreviewReport showed in a message instead of
-  /// raising it; null when it showed none.
+  /// What the last Set_Repot_Format, Text_Rpt, PreviewReport or Set_Orientation showed in a message
+  /// instead of raising it; null when it showed none.
   const AutomationError* lastFailure() const;
 
   /// Writes a paged report file of the rows, under the table that Set_Repot_Format read. Call that
@@ -66,7 +66,7 @@ class PAPERWAY_API Class1 {
   void Text_Rpt(TextRptArguments& arguments);
   void Text_Rpt(TextRptArguments&& arguments) { Text_Rpt(arguments); }
 
-  // Layout primitives: texts in fixed positions, counted in characters. See report/layout.h
+  // Layout primitives: texts in fixed positions, counted in characters
 
   /// The text without blanks at its ends, padded or cut to a width at its right (TxtL) or its left
   /// (TxtR). A width below 0 raises an AutomationError.
@@ -94,55 +94,93 @@ class PAPERWAY_API Class1 {
   // Printer set-up
 
   /// Makes the current printer print in landscape ("L") or portrait (anything else), on the paper
-  /// of a published number, or on its own paper (0). The user's later prints go out so too.
+  /// of a published number (9 is A4), or on its own paper (0). The user's later prints go out so
+  /// too. A printer that keeps no settings is told in a message.
   void Set_Orientation(std::string_view PL, std::int16_t Page_Sz);
 
   // Settings
 
-  /// The value of a key in a settings file, or the default. See facade/settings_store.h.
+  /// The value of a key in a settings file ("[KEY]", "Variable=value"), or the default. A missing
+  /// file is created empty; one that cannot be created or read raises an AutomationError.
   std::string ReadIniValue(const std::string& INIpath, std::string_view KEY,
                            std::string_view Variable, std::string_view DefultVal);
+  /// Replaces the file in one step, read-only or not; programs that write at once wait for one
+  /// another. An AutomationError, with the file as it was, when a text holds a line end or a
+  /// character that windows-1252 lacks, or the file would be longer than 32766 characters.
   void WriteIniValue(const std::string& INIpath, std::string_view PutKey,
                      std::string_view PutVariable, std::string_view PutValue);
 
   /// The host's company or installation number, which names the settings file.
   void Guid_comp1(std::string Guid_comp1);
 
-  // Numbers and dates: see util/words.h
+  // Amounts
 
+  /// An amount in words, grouped in hundreds, thousands, lakhs and crores: "One Crore Twelve
+  /// Thousand Three Hundred Forty-Five and Fifty- Paisa Only". Below 1 it is "zero ", above
+  /// 999999999 the words are "# Error #". Paise are rounded to the nearest, ties to even; 100 of
+  /// them carry into the whole. A number that is not finite raises an AutomationError.
   std::string NumToText(double Num);
+  /// The part behind the point, counted up from the next lower whole number: 0.75 for -2.25.
   float Desi(double Kk);
+  /// A number at 15 significant digits, or the number that any other value's text begins with
+  /// (which reads no exponent), rounded to two decimals, halves towards plus infinity. Zero gives
+  /// the empty value; null raises an AutomationError.
   Value round_curr(ValueView currValue);
+
+  // Texts, numbers and colours
+
+  /// Name of the month, 1 to 12; any other number raises an AutomationError.
   std::string MonName(std::uint8_t Mon);
-
-  // Text, path, file and system: see util/text_tools.h, util/colors.h, util/extremes.h and
-  // platform/system_tools.h
-
+  /// A key filter: digits, backspace (8) and return (13) pass, every other key becomes 1.
   std::int16_t OnlyNum(std::int16_t KEY);
-  /// Moves a form, or a control, to the middle of the screen, a little above the true centre.
-  void cent_scr(Geometry& pform);
-  std::string ShowShortPath(ValueView filespec);
-  std::string UNIQFile();
+  /// The characters in reverse order.
   std::string ReverseName(std::string_view str);
+  /// Blanks, digits, "|" and the letters A to Z and a to z alone, in their order.
+  std::string Allow_Only_azAZ_01(std::string_view STr1);
+  /// Each UTF-16 unit of the value's text as "&#", a signed 16-bit decimal number, ";": units from
+  /// 32768 up come out negative.
+  std::string UniToHex(ValueView strSource);
+  /// What stands behind the last backslash; with `NoExtention` = 1 only up to its first ".". A
+  /// native path needs its separators turned into backslashes first.
   std::string ParseFileName(std::string_view PstrFileIn, std::uint8_t NoExtention = 0);
+  /// Shifts each character's code by that of a password character, modulo 256, and back. Codes are
+  /// those of windows-1252, which all round-trip; a character that it lacks counts as "?". An empty
+  /// password leaves the text as it is. A text or password above 32767 characters raises an
+  /// AutomationError.
   std::string EncryptText(std::string_view strText, std::string_view strPwd);
   std::string DecryptText(std::string_view strText, std::string_view strPwd);
-  std::string TempFile();
-  std::string TempFolder();
-  std::uint8_t RgbR(std::int32_t Colr);
-  std::uint8_t RgbG(std::int32_t Colr);
-  std::uint8_t RgbB(std::int32_t Colr);
+  /// The greatest, or least, of the values, which are numbers or texts that say a number. No value,
+  /// or one that is no number, raises an AutomationError that names its place, counted from 1.
   double MaximumValue(std::initializer_list<ValueView> Val);
   double MaximumValue(std::span<const ValueView> Val);
   double MinimamValue(std::initializer_list<ValueView> Val);
   double MinimamValue(std::span<const ValueView> Val);
+  /// The bytes of a colour, blue x 65536 + green x 256 + red. The highest byte of the 32 counts for
+  /// nothing, so that every number is a colour.
+  std::uint8_t RgbR(std::int32_t Colr);
+  std::uint8_t RgbG(std::int32_t Colr);
+  std::uint8_t RgbB(std::int32_t Colr);
+
+  // The machine. A missing file raises an AutomationError that names it
+
+  /// Moves a form, or a control, to the middle of the screen, a little above the true centre.
+  void cent_scr(Geometry& pform);
+  /// The canonical path of an existing file.
+  std::string ShowShortPath(ValueView filespec);
+  bool DirExists(const std::string& OrigFile);
+  std::string TempFolder();
+  /// A new name in the folder "TempDir" below the temporary folder. Makes sure of that folder; does
+  /// not create the file.
+  std::string TempFile();
+  /// Day, month, year, hour, minute and second as plain numbers in a row, then ".zip".
+  std::string UNIQFile();
+  /// Adds the text, in windows-1252 and with no line end, to a file that exists.
+  void Appendtxt(const std::string& FileName, std::string_view Text);
+  /// 255 when both files exist.
+  std::uint8_t FileCompare_DateLastModified(const std::string& f1, const std::string& f2);
+  /// Empty when the system gives no name.
   std::string Get_CoputerName();
   std::string Get_UserName();
-  bool DirExists(const std::string& OrigFile);
-  void Appendtxt(const std::string& FileName, std::string_view Text);
-  std::uint8_t FileCompare_DateLastModified(const std::string& f1, const std::string& f2);
-  std::string UniToHex(ValueView strSource);
-  std::string Allow_Only_azAZ_01(std::string_view STr1);
 
  private:
   void printDirectly(PreviewReportArguments& arguments);

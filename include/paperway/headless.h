@@ -18,7 +18,7 @@
 #include "paperway/platform/dialogs.h"
 #include "paperway/platform/file_system.h"
 #include "paperway/platform/folders.h"
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 #include "paperway/platform/print_device.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/shell.h"
@@ -42,9 +42,11 @@ class PAPERWAY_API SystemNames : public paperway::SystemNames {
  public:
   std::string computerName() override { return computer; }
   std::string userName() override { return user; }
+  std::filesystem::path printerPort() override { return port; }
 
   std::string computer = "HEADLESS";
   std::string user = "nobody";
+  std::filesystem::path port = "printer_port";
 };
 
 /// Hands each step on to another storage, counts it, and fails one on demand.
@@ -182,7 +184,7 @@ class PAPERWAY_API PrintDevice : public paperway::PrintDevice {
 };
 
 /// Keeps what was said; answers from a script, and with the last button once that is used up.
-class PAPERWAY_API MessageBox : public paperway::MessageBox {
+class PAPERWAY_API MessageBoxes : public paperway::MessageBoxes {
  public:
   struct Shown {
     std::string text;
@@ -236,6 +238,11 @@ class PAPERWAY_API Shell : public paperway::Shell {
  public:
   void start(const std::vector<std::string>& command) override;
   std::optional<std::vector<std::string>> calculator() override { return calculatorCommand; }
+  std::filesystem::path scriptName(std::string_view stem) override;
+  std::string scriptText(std::string_view purpose, std::string_view line) override;
+  std::string copyLine(const std::filesystem::path& file,
+                       const std::filesystem::path& device) override;
+  void startScript(const std::filesystem::path& script) override { start({script.string()}); }
 
   std::vector<std::vector<std::string>> started;
   std::optional<std::vector<std::string>> calculatorCommand{{"calculator"}};
@@ -262,7 +269,7 @@ struct PAPERWAY_API Headless {
   Headless(const std::filesystem::path& root, paperway::Storage& real)
       : folders(root), storage(real), files(root / "temporary") {}
 
-  MessageBox messageBox;
+  MessageBoxes messageBox;
   Windows windows;
   Folders folders;
   Clipboard clipboard;

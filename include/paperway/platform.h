@@ -7,7 +7,7 @@ class Clock;
 class Dialogs;
 class FileSystem;
 class Folders;
-class MessageBox;
+class MessageBoxes;
 class PrintDevice;
 class Printers;
 class Shell;
@@ -20,7 +20,7 @@ class Windows;
 /// Everything outside the library that it asks something of. A plain record of references: whoever
 /// makes it owns what they refer to and keeps it alive as long as any Class1 made with it.
 struct Platform {
-  MessageBox& messageBox;
+  MessageBoxes& messageBox;
   Windows& windows;
   Folders& folders;
   Clipboard& clipboard;

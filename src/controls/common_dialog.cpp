@@ -30,11 +30,11 @@ FileQuestion questionOf(const CommonDialog& dialog) {
 }  // namespace
 
 void CommonDialog::ShowOpen() {
-  if (const auto chosen = dialogs_.openFile(questionOf(*this))) FileName = chosen->string();
+  if (const auto chosen = dialogs_.openFile(questionOf(*this))) FileName = *chosen;
 }
 
 void CommonDialog::ShowSave() {
-  if (const auto chosen = dialogs_.saveFile(questionOf(*this))) FileName = chosen->string();
+  if (const auto chosen = dialogs_.saveFile(questionOf(*this))) FileName = *chosen;
 }
 
 void CommonDialog::ShowColor() {

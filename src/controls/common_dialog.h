@@ -1,8 +1,9 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
-#include "controls/look.h"
+#include "controls/appearance.h"
 
 namespace paperway {
 
@@ -15,7 +16,7 @@ class CommonDialog {
 
   std::string Filter;  // "Text (*.txt)|*.txt|…": pairs of description and pattern
   std::string DialogTitle;
-  std::string FileName;  // native path
+  std::filesystem::path FileName;
   paperway::Color Color = 0;
 
   void ShowOpen();

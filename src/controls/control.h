@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "controls/look.h"
+#include "controls/appearance.h"
+#include "controls/input_events.h"
 
 namespace paperway {
 

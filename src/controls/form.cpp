@@ -82,15 +82,15 @@ Control* Form::accessKeyTarget(char32_t character) const {
   const char32_t wanted = upperCase(character);
   const Control* beside = activeControl_ == nullptr ? nullptr : activeControl_->container;
   Control* target = nullptr;
-  int nearest = -1;
+  int closest = -1;
   for (Control* control : controls_) {
     if (control->kind == ControlKind::menuItem || control->accessKey() != wanted) continue;
     if (!control->reachable()) continue;
     if (onlyLabels(*control) && labelled(*control) == activeControl_) continue;
     const bool behind = activeControl_ != nullptr && control->TabIndex > activeControl_->TabIndex;
-    const int near = (control->container == beside ? 2 : 0) + (behind ? 1 : 0);
-    if (near <= nearest) continue;
-    nearest = near;
+    const int closeness = (control->container == beside ? 2 : 0) + (behind ? 1 : 0);
+    if (closeness <= closest) continue;
+    closest = closeness;
     target = control;
   }
   return target;

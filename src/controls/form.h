@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "controls/appearance.h"
 #include "controls/containers.h"
-#include "controls/look.h"
 
 namespace paperway {
 

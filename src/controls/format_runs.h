@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "controls/look.h"
+#include "controls/appearance.h"
 
 namespace paperway {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/appearance.h"
 #include "controls/format_runs.h"
-#include "controls/look.h"
 #include "controls/text_buffer.h"
 
 namespace paperway {

@@ -7,10 +7,10 @@
 #include "controls/form.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/folders.h"
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/windows.h"
-#include "platform/system_tools.h"
+#include "platform/system_utilities.h"
 #include "preview/frm_report.h"
 #include "printing/print_file.h"
 #include "printing/print_panel.h"
@@ -20,14 +20,12 @@
 #include "session/run_state.h"
 #include "session/settings_store.h"
 #include "textreport/text_rpt.h"
-#include "util/colors.h"
+#include "util/amounts.h"
 #include "util/control_strings.h"
-#include "util/extremes.h"
 #include "util/path_text.h"
 #include "util/revision.h"
-#include "util/text_tools.h"
+#include "util/utilities.h"
 #include "util/value_text.h"
-#include "util/words.h"
 
 namespace paperway {
 namespace {
@@ -144,7 +142,7 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModRExport = arguments.RExport;
   state.ModRColor = arguments.RColor;
   state.ModRPrint = arguments.RPrint;
-  state.ModPath1 = arguments.Path1;
+  state.ModPath1 = pathOf(arguments.Path1);
   const auto form = std::make_shared<FrmReport>(platform_, run_);
   PrintPanel::bind(*form, platform_);
   form->load();
@@ -155,7 +153,7 @@ void Class1::printDirectly(PreviewReportArguments& arguments) {
   RunState& state = *run_;
   arguments.Tear = arguments.Tear == 1 ? 1 : 0;
   if (state.ModPrinterName.empty()) state.ModPrinterName = platform_.printers.current();
-  PrintFileArguments print{.fileName = arguments.Path1,
+  PrintFileArguments print{.fileName = pathOf(arguments.Path1),
                            .printerName = state.ModPrinterName,
                            .paperHeight = state.ModPagelenth,
                            .draft = true,
@@ -176,7 +174,13 @@ bool Class1::RtWindows1() const {
 }
 
 void Class1::Set_Orientation(std::string_view PL, std::int16_t Page_Sz) {
-  paperway::Set_Orientation(PL, Page_Sz, platform_);
+  state_->lastFailure.reset();
+  try {
+    paperway::Set_Orientation(PL, Page_Sz, platform_.printers);
+  } catch (const NoPrinterSettings& error) {
+    state_->lastFailure = error;
+    platform_.messageBox.show(error.description());
+  }
 }
 
 std::string Class1::ReadIniValue(const std::string& INIpath, std::string_view KEY,

@@ -18,6 +18,11 @@ std::size_t blockSize(const FileStatus& file) {
 
 }  // namespace
 
+bool fileExists(Storage& storage, const std::filesystem::path& path, const std::string& source) {
+  return withFileError("read", path, source,
+                       [&] { return storage.status(path).kind != FileStatus::Kind::none; });
+}
+
 InputFile::InputFile(Storage& storage, std::filesystem::path path, std::string source)
     : path_(std::move(path)), source_(std::move(source)) {
   withFileError("read", path_, source_, [&] {

@@ -13,6 +13,9 @@
 
 namespace paperway {
 
+/// True when the path leads to anything, be it a folder. `source` names the caller in errors.
+bool fileExists(Storage& storage, const std::filesystem::path& path, const std::string& source);
+
 /// A file that is read block by block, in memory that does not grow with it, as often as wanted:
 /// each time the same file, whatever has taken its name meanwhile. Every failure is an
 /// AutomationError that names the file and the reason.

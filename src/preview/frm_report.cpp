@@ -6,15 +6,16 @@
 #include "paperway/automation_error.h"
 #include "paperway/platform/clipboard.h"
 #include "paperway/platform/file_system.h"
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 #include "paperway/platform/shell.h"
 #include "paperway/platform/windows.h"
 #include "paperway/value.h"
 #include "preview/page_styles.h"
 #include "session/run_state.h"
 #include "util/numbers.h"
+#include "util/path_text.h"
 #include "util/revision.h"
-#include "util/text_tools.h"
+#include "util/utilities.h"
 
 namespace paperway {
 namespace {
@@ -276,8 +277,8 @@ void FrmReport::Text2_LostFocus() {
 void FrmReport::goToPage() {
   const double page = leadingNumber(Text2.Text.get()) - 1;
   if (!(page >= 0 && page <= static_cast<double>(PageCount() - 1))) {
-    platform_.messageBox.show(" Select Valid PageNo...!", "", MessageBox::Buttons::ok,
-                              MessageBox::Icon::critical);
+    platform_.messageBox.show(" Select Valid PageNo...!", "", MessageBoxes::Buttons::ok,
+                              MessageBoxes::Icon::critical);
     return;
   }
   turnTo(wholeNumber(page));
@@ -434,8 +435,8 @@ void FrmReport::CmdImport_Click() {
   CommonDialog1.DialogTitle = "[ TXT File Only ]Select A File From Which To Retrive Data";
   CommonDialog1.ShowOpen();
   if (CommonDialog1.FileName.empty()) return;
-  const std::string before =
-      std::exchange(run->ModPath1, platform_.files.GetFile(CommonDialog1.FileName).ShortPath);
+  const std::string chosen = platform_.files.GetFile(textOf(CommonDialog1.FileName)).ShortPath;
+  const std::filesystem::path before = std::exchange(run->ModPath1, pathOf(chosen));
   try {
     loadSteps();
   } catch (...) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -44,12 +45,12 @@ class FrmReport : public FrmReportControls {
   /// Keeps the bound parts alive as long as the form.
   std::vector<std::shared_ptr<void>> parts;
 
-  std::string ReportPath;  // native
+  std::filesystem::path ReportPath;
   PageTable PageText;
   std::int64_t PageCount() const { return PageText.PageCount(); }
   std::int64_t CurrentPage = 0;
   bool ZoomOn = false;
-  std::string PrintPartFile;  // native path; empty means the whole report
+  std::filesystem::path PrintPartFile;  // empty means the whole report
   std::vector<std::int16_t> ColumnMarks;
   std::uint8_t ColumnMarkCount = 0;
   DOSEFONTcHR dosFont;

@@ -10,6 +10,10 @@ constexpr char kEscape = '\x1B';
 constexpr double kTabColumns = 8;
 constexpr double kRounding = 1e-6;  // columns
 
+constexpr char kShiftOut = '\x0E';
+constexpr char kShiftIn = '\x0F';
+constexpr int kEscaped = 0x100;
+
 constexpr bool isOn(char parameter) {
   return parameter == 1 || parameter == '1';
 }
@@ -18,16 +22,23 @@ char byteAt(std::string_view code, std::size_t offset) {
   return offset < code.size() ? code[offset] : '\0';
 }
 
+/// The byte that says what a code is for; plus kEscaped when it stands behind an ESC.
+int commandOf(std::string_view code) {
+  const bool escaped = byteAt(code, 0) == kEscape;
+  return escaped ? kEscaped + static_cast<unsigned char>(byteAt(code, 1))
+                 : static_cast<unsigned char>(byteAt(code, 0));
+}
+
 }  // namespace
 
 void PrinterPitch::obey(std::string_view code) {
-  switch (byteAt(code, 0)) {
-    case kEscape:
-      return obeyEscape(byteAt(code, 1), byteAt(code, 2));
-    case '\x0E':
+  switch (commandOf(code)) {
+    case kShiftOut:
+    case kEscaped + kShiftOut:
       wideLine_ = true;
       break;
-    case '\x0F':
+    case kShiftIn:
+    case kEscaped + kShiftIn:
       condensed_ = true;
       break;
     case '\x12':
@@ -38,35 +49,22 @@ void PrinterPitch::obey(std::string_view code) {
     case '\v':
       wideLine_ = false;
       break;
-    default:
-      break;
-  }
-}
-
-void PrinterPitch::obeyEscape(char letter, char parameter) {
-  switch (letter) {
-    case 'P':
+    case kEscaped + 'P':
       base_ = 10;
       break;
-    case 'M':
+    case kEscaped + 'M':
       base_ = 12;
       break;
-    case 'g':
+    case kEscaped + 'g':
       base_ = 15;
       break;
-    case 'W':
-      wide_ = isOn(parameter);
+    case kEscaped + 'W':
+      wide_ = isOn(byteAt(code, 2));
       break;
-    case '\x0E':
-      wideLine_ = true;
+    case kEscaped + '!':
+      selectAll(static_cast<unsigned char>(byteAt(code, 2)));
       break;
-    case '\x0F':
-      condensed_ = true;
-      break;
-    case '!':
-      selectAll(static_cast<unsigned char>(parameter));
-      break;
-    case '@':
+    case kEscaped + '@':
       *this = PrinterPitch();
       break;
     default:

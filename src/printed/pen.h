@@ -24,7 +24,6 @@ class PrinterPitch {
   double singleCpi() const;
 
  private:
-  void obeyEscape(char letter, char parameter);
   void selectAll(unsigned mask);
 
   int base_ = 10;

@@ -4,53 +4,48 @@
 #include "paperway/platform/folders.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/shell.h"
+#include "paperway/platform/system_names.h"
 #include "platform/input_file.h"
 #include "platform/output_file.h"
-#include "util/shell_quote.h"
+#include "util/path_text.h"
 
 namespace paperway {
 namespace {
 
 namespace fs = std::filesystem;
 
-void copyReport(Storage& storage, const std::string& report, const fs::path& copy) {
-  OutputFile out(storage, copy, "PrintReport", {.access = FileAccess::owner, .lasting = false});
-  readBlocks(storage, report, "PrintReport", [&](std::string_view block) { out.write(block); });
+constexpr const char* kSource = "PrintReport";
+
+void copyReport(Storage& storage, const fs::path& report, const fs::path& copy) {
+  OutputFile out(storage, copy, kSource, {.access = FileAccess::owner, .lasting = false});
+  readBlocks(storage, report, kSource, [&](std::string_view block) { out.write(block); });
   out.commit();
 }
 
-std::string sendCommand(const fs::path& copy, Printers& printers, const fs::path& device) {
-  std::error_code ignored;
-  if (fs::exists(device, ignored)) {
-    return "cat " + shellQuoted(copy.string()) + " > " + shellQuoted(device.string());
-  }
-  const std::string command = printers.sendCommand(printers.current(), copy);
-  if (!command.empty()) return command;
-  throw AutomationError(AutomationError::kPathNotFound, "PrintReport",
+std::string sendLine(const fs::path& copy, const Platform& platform) {
+  const fs::path port = platform.names.printerPort();
+  if (fileExists(platform.storage, port, kSource)) return platform.shell.copyLine(copy, port);
+  std::string line = platform.printers.sendCommand(platform.printers.current(), copy);
+  if (!line.empty()) return line;
+  throw AutomationError(AutomationError::kPathNotFound, kSource,
                         "There is no printer for \"Local Dos\": neither the device " +
-                            device.string() + " nor a current printer.");
-}
-
-void makeScript(Storage& storage, const fs::path& script, const std::string& command) {
-  replaceFile(storage, script,
-              "#!/bin/sh\n"
-              "# Sends a report to the printer. Made once; change it as you like.\n" +
-                  command + "\n",
-              "PrintReport", {.access = FileAccess::ownerRuns});
+                            textOf(port) + " nor a current printer.");
 }
 
 }  // namespace
 
-void printLocalDos(const std::string& reportPath, const Platform& platform,
-                   const fs::path& device) {
+void printLocalDos(const fs::path& report, const Platform& platform) {
   const fs::path copy = platform.folders.work() / "localdos.prn";
-  const fs::path script = platform.folders.work() / "Dosprn.sh";
-  copyReport(platform.storage, reportPath, copy);
-  if (!fs::exists(script))
-    makeScript(platform.storage, script, sendCommand(copy, platform.printers, device));
-  const bool runs = (fs::status(script).permissions() & fs::perms::owner_exec) != fs::perms::none;
-  platform.shell.start(runs ? std::vector{script.string()}
-                            : std::vector<std::string>{"/bin/sh", script.string()});
+  const fs::path script = platform.folders.work() / platform.shell.scriptName("Dosprn");
+  copyReport(platform.storage, report, copy);
+  if (!fileExists(platform.storage, script, kSource)) {
+    replaceFile(platform.storage, script,
+                platform.shell.scriptText(
+                    "Sends a report to the printer. Made once; change it as you like.",
+                    sendLine(copy, platform)),
+                kSource, {.access = FileAccess::ownerRuns});
+  }
+  platform.shell.startScript(script);
 }
 
 }  // namespace paperway

@@ -7,11 +7,12 @@
 #include "paperway/automation_error.h"
 #include "paperway/platform/file_system.h"
 #include "paperway/platform/folders.h"
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 #include "paperway/platform/windows.h"
 #include "printing/local_dos.h"
 #include "printing/print_file.h"
 #include "util/numbers.h"
+#include "util/path_text.h"
 
 namespace paperway {
 namespace {
@@ -49,7 +50,7 @@ std::int16_t paperHeightOf(const FrmReport& form) {
 bool PanelJob::isConfirmed() {
   return platform_.messageBox.show(
              "Are You Sure You Want To Print & Printer is Ready and Online ...", "Printing.... ",
-             MessageBox::Buttons::yesNo) == MessageBox::Answer::yes;
+             MessageBoxes::Buttons::yesNo) == MessageBoxes::Answer::yes;
 }
 
 /// A job holds the window up: the panel goes first, and comes back when there was no job.
@@ -80,10 +81,10 @@ void PanelJob::saveChosenPages() {
   form_.RT3.Text = "";
 }
 
-std::string PanelJob::keepPart(const char* name, const RichTextBox& box) {
+std::filesystem::path PanelJob::keepPart(const char* name, const RichTextBox& box) {
   const std::filesystem::path path = platform_.folders.program() / name;
   box.SaveFile(platform_.storage, path, RichTextBox::rtfText);
-  return platform_.files.GetFile(path.string()).ShortPath;
+  return pathOf(platform_.files.GetFile(textOf(path)).ShortPath);
 }
 
 void PanelJob::PrintReport() {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
-#include <string>
 
 #include "paperway/platform.h"
 #include "preview/frm_report.h"
@@ -34,7 +34,7 @@ class PanelJob {
   bool isConfirmed();
   void withPanelAway(const std::function<void()>& job);
   void saveChosenPages();
-  std::string keepPart(const char* name, const RichTextBox& box);
+  std::filesystem::path keepPart(const char* name, const RichTextBox& box);
   void chooseCurrentPrinter();
   void requirePages(const PageRange& pages) const;
 

@@ -3,14 +3,15 @@
 #include <algorithm>
 
 #include "paperway/automation_error.h"
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/spooler.h"
-#include "platform/file_error.h"
+#include "platform/input_file.h"
 #include "printed/printed_reader.h"
 #include "printing/print_stream.h"
 #include "session/run_state.h"
 #include "session/settings_store.h"
+#include "util/path_text.h"
 
 namespace paperway {
 namespace {
@@ -23,11 +24,6 @@ void takeStoredTearLines(PrintFileArguments& arguments, const Platform& platform
   const TearLines lines = settings.tearLines();
   arguments.linesIn = static_cast<std::uint8_t>(std::max(lines.in, 0));
   arguments.linesOut = static_cast<std::uint8_t>(std::max(lines.out, 0));
-}
-
-bool exists(Storage& storage, const std::string& fileName) {
-  return withFileError("read", fileName, "PrintFile",
-                       [&] { return storage.status(fileName).kind != FileStatus::Kind::none; });
 }
 
 PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
@@ -107,17 +103,17 @@ bool print(InputFile& file, const PrintFileArguments& arguments, Spooler& spoole
 
 }  // namespace
 
-std::string documentNameOf(std::string fileName) {
-  std::replace(fileName.begin(), fileName.end(), '/', '\\');
-  return fileName.substr(fileName.rfind('\\') + 1);
+std::string documentNameOf(const std::filesystem::path& file) {
+  const std::string name = textOf(file);
+  return name.substr(name.find_last_of("/\\") + 1);
 }
 
 void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run) {
   if (arguments.tear == 1) takeStoredTearLines(arguments, platform, run.ModGuidComp);
   run.ModDosFont = DOSEFONTcHR{};
-  if (!exists(platform.storage, arguments.fileName)) {
+  if (!fileExists(platform.storage, arguments.fileName, kSource)) {
     throw AutomationError(AutomationError::kFileNotFound, kSource,
-                          "File " + arguments.fileName + " does not exists");
+                          "File " + textOf(arguments.fileName) + " does not exists");
   }
   // Opened before the printer, which is not to move its paper for a report that cannot be read.
   InputFile file(platform.storage, arguments.fileName, kSource);
@@ -127,9 +123,9 @@ void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState
                         "The Printer Name (" + arguments.printerName + ") wasn't recognized.");
 }
 
-void showPrintFailure(MessageBox& messageBox, const AutomationError& error) {
-  messageBox.show(error.description(), "Printer Error Information", MessageBox::Buttons::ok,
-                  MessageBox::Icon::information);
+void showPrintFailure(MessageBoxes& messageBox, const AutomationError& error) {
+  messageBox.show(error.description(), "Printer Error Information", MessageBoxes::Buttons::ok,
+                  MessageBoxes::Icon::information);
 }
 
 }  // namespace paperway

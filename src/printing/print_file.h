@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "paperway/platform.h"
@@ -11,7 +12,7 @@ class AutomationError;
 struct RunState;
 
 struct PrintFileArguments {
-  std::string fileName{};     // native path
+  std::filesystem::path fileName{};
   std::string printerName{};  // DeviceName; empty: the current printer
   std::int16_t paperHeight = 0;
   bool draft = true;
@@ -27,9 +28,9 @@ struct PrintFileArguments {
 void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run);
 
 /// The message in which a user learns of a print that failed.
-void showPrintFailure(MessageBox& messageBox, const AutomationError& error);
+void showPrintFailure(MessageBoxes& messageBox, const AutomationError& error);
 
 /// Of the job that prints this file: the name behind the last separator.
-std::string documentNameOf(std::string fileName);
+std::string documentNameOf(const std::filesystem::path& file);
 
 }  // namespace paperway

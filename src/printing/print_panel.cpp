@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 #include "session/run_state.h"
 #include "util/numbers.h"
-#include "util/text_tools.h"
+#include "util/utilities.h"
 #include "util/value_text.h"
 
 namespace paperway {
@@ -28,8 +28,8 @@ std::string plainNumber(double number) {
 }
 
 void inform(const Platform& platform, const std::string& text) {
-  platform.messageBox.show(text, "Information Window", MessageBox::Buttons::ok,
-                           MessageBox::Icon::information);
+  platform.messageBox.show(text, "Information Window", MessageBoxes::Buttons::ok,
+                           MessageBoxes::Icon::information);
 }
 
 }  // namespace

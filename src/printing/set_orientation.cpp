@@ -1,7 +1,5 @@
 #include "printing/set_orientation.h"
 
-#include "paperway/automation_error.h"
-#include "paperway/platform/message_box.h"
 #include "paperway/platform/printers.h"
 
 namespace paperway {
@@ -17,8 +15,7 @@ void keep(Printers& printers, const std::string& name, const PageSettings& wante
 
 }  // namespace
 
-void Set_Orientation(std::string_view PL, std::int16_t Page_Sz, const Platform& platform) {
-  Printers& printers = platform.printers;
+void Set_Orientation(std::string_view PL, std::int16_t Page_Sz, Printers& printers) {
   const std::string name = printers.current();
   if (name.empty()) return;
   const auto kept = printers.settings(name);
@@ -29,10 +26,7 @@ void Set_Orientation(std::string_view PL, std::int16_t Page_Sz, const Platform& 
   if (wanted.Orientation == inForce.Orientation && (Page_Sz == 0 || Page_Sz == inForce.PaperSize)) {
     return;
   }
-  if (!kept) {
-    platform.messageBox.show("PRinter Setting No Set..");
-    return;
-  }
+  if (!kept) throw NoPrinterSettings();
   keep(printers, name, wanted);
   printers.setCurrent(name);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "paperway/run_context.h"
@@ -9,7 +10,7 @@
 namespace paperway {
 
 /// The channel between Class1 and the windows, which read their arguments when they load: what a
-/// RunContext holds. Paths are native, texts UTF-8.
+/// RunContext holds. Texts are UTF-8.
 struct RunState {
   std::uint8_t ModPagelenth = 0;  // inches
   std::string ModPrinterName;
@@ -25,10 +26,10 @@ struct RunState {
   std::uint8_t ModRColor = 0;   // the choice of colours
   std::uint8_t ModRPrint = 0;   // printing
 
-  std::string ModPath1;        // report file that the window loads
-  bool ModWindowOpen = false;  // a report window is open
-  std::string ModGuidComp;     // company or installation number; names the settings file
-  DOSEFONTcHR ModDosFont;      // control strings of the last print
+  std::filesystem::path ModPath1;  // report file that the window loads
+  bool ModWindowOpen = false;      // a report window is open
+  std::string ModGuidComp;         // company or installation number; names the settings file
+  DOSEFONTcHR ModDosFont;          // control strings of the last print
 };
 
 /// That of the thread's own context.

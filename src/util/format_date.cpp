@@ -170,9 +170,9 @@ std::size_t DateFormat::readLetters(Symbols rest) {
 std::size_t DateFormat::readHalfOfDay(Symbols rest) {
   for (const std::string_view word : kHalvesOfDay) {
     if (!startsWith(rest, word)) continue;
-    const bool small = rest[0].character == 'a' && word != "ampm";
+    const bool lower = rest[0].character == 'a' && word != "ampm";
     const std::string_view halves =
-        word == "a/p" ? (small ? "ap" : "AP") : (small ? "ampm" : "AMPM");
+        word == "a/p" ? (lower ? "ap" : "AP") : (lower ? "ampm" : "AMPM");
     add(*std::find_if(std::begin(kParts), std::end(kParts),
                       [](const Part& part) { return part.letter == 'a'; }));
     steps_.back().text = static_cast<std::uint32_t>(texts_.size());

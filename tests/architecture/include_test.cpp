@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <regex>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -55,21 +56,15 @@ std::string folderOf(const std::string& file) {
 /// its own floor.
 int floorOf(const std::string& file) {
   if (file == "include/paperway/class1.h") return 7;
-  static const std::map<std::string, int> kFloors = {{"src/util", 1},
-                                                     {"src/platform", 2},
-                                                     {"src/data", 3},
-                                                     {"src/session", 3},
-                                                     {"src/controls", 4},
-                                                     {"src/report", 4},
-                                                     {"src/printed", 3},
-                                                     {"src/preview", 5},
-                                                     {"src/html", 6},
-                                                     {"src/textreport", 5},
-                                                     {"src/excel", 6},
-                                                     {"src/printing", 6},
-                                                     {"backends/desktop/platform", 7},
-                                                     {"src/sticker", 6},
-                                                     {"src/facade", 8}};
+  static const std::map<std::string, int> kFloors = {
+      {"src/util", 1},         {"src/platform", 2},
+      {"src/data", 3},         {"src/session", 3},
+      {"src/controls", 4},     {"src/report", 4},
+      {"src/printed", 3},      {"src/preview", 5},
+      {"src/html", 6},         {"src/textreport", 5},
+      {"src/excel", 6},        {"src/printing", 6},
+      {"backends/desktop", 5}, {"backends/desktop/platform", 7},
+      {"src/sticker", 6},      {"src/facade", 8}};
   const auto found = kFloors.find(folderOf(file));
   if (found != kFloors.end()) return found->second;
   if (file.starts_with("include/")) return 0;
@@ -108,6 +103,48 @@ TEST(Includes, RunInNoCircle) {
   };
   while (std::erase_if(left, includesNothingLeft) > 0) continue;
   for (const auto& [file, included] : left) ADD_FAILURE() << file << " is on a circle or above one";
+}
+
+std::set<std::string> wordsOf(const std::string& code) {
+  static const std::regex kWord("[A-Za-z_][A-Za-z_0-9]*");
+  std::set<std::string> words;
+  const std::sregex_iterator end;
+  for (std::sregex_iterator at(code.begin(), code.end(), kWord); at != end; ++at) {
+    words.insert(at->str());
+  }
+  return words;
+}
+
+/// Calls of one system, names that are macros on another, and roads to files and programs beside
+/// those of the platform.
+const std::set<std::string> kForeignWords = wordsOf(R"(
+    CopyFile CreateFile CreateWindow DeleteFile DrawText GetClassName GetCurrentTime GetJob
+    GetMessage GetObject GetUserName LoadString MessageBox MoveFile SendMessage SetPrinter StartDoc
+    Yield ALTERNATE BOOL CONST DELETE EOF ERROR FALSE IN NO_ERROR OPAQUE OPTIONAL OUT RGB TRANSPARENT
+    TRUE VOID emit far foreach interface linux major minor near signals slots small unix
+    environ errno fdopen fileno fork getenv isatty kill mkdtemp mkstemp pclose pid_t popen setenv
+    ssize_t system unlink usleep
+    create_directories exists fopen fstream ifstream ofstream permissions remove_all)");
+const char* const kForeignTexts[] = {"/bin/", "/dev/", "/tmp", "#!", "sh -c"};
+
+void expectNothingForeign(const std::string& file, const std::string& line) {
+  static const std::regex kText("\"(\\\\.|[^\"\\\\])*\"");
+  for (const std::string& word : wordsOf(std::regex_replace(line, kText, ""))) {
+    EXPECT_FALSE(kForeignWords.contains(word)) << file << " has " << word << ": " << line;
+  }
+  for (const char* text : kForeignTexts) {
+    EXPECT_EQ(line.find(text), std::string::npos) << file << " has " << text << ": " << line;
+  }
+}
+
+TEST(Core, IsReadyForAnotherSystem) {
+  for (const auto& [file, included] : kIncludes) {
+    if (!file.starts_with("src/") && !file.starts_with("include/")) continue;
+    std::ifstream code(kRoot / file);
+    for (std::string line; std::getline(code, line);) {
+      expectNothingForeign(file, line.substr(0, line.find("//")));
+    }
+  }
 }
 
 }  // namespace

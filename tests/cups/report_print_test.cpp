@@ -18,7 +18,7 @@ class ReportPrint : public Class1Test {
  protected:
   ReportPrint() {
     replaceFile(report_, text_, "test");
-    machine_.messageBox.answers.assign(8, MessageBox::Answer::yes);
+    machine_.messageBox.answers.assign(8, MessageBoxes::Answer::yes);
   }
 
   std::string run(const std::string& command) {

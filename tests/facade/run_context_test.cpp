@@ -26,8 +26,8 @@ TEST_F(RunContexts, AreSharedByAThreadUnlessAHostHandsOneIn) {
   EXPECT_TRUE(beside.RtWindows1());
   EXPECT_FALSE(apart.RtWindows1());
   apart.PreviewReport({.Path1 = report("apart.txt"), .RCont = 1});
-  EXPECT_EQ(runState().ModGuidComp + runState().ModPath1, "7" + path("shared.txt"));
-  EXPECT_EQ(own->ModGuidComp + own->ModPath1, "8" + path("apart.txt"));
+  EXPECT_EQ(runState().ModGuidComp + runState().ModPath1.string(), "7" + path("shared.txt"));
+  EXPECT_EQ(own->ModGuidComp + own->ModPath1.string(), "8" + path("apart.txt"));
   EXPECT_EQ(runState().ModPagelenth * 100 + own->ModPagelenth, 1106);
   machine_.windows.forms.back()->unload();
   EXPECT_TRUE(class1_.RtWindows1());

@@ -27,7 +27,7 @@ class PrintFileTest : public Class1Test {
     const auto shown = machine_.messageBox.shown.front();
     machine_.messageBox.shown.clear();
     EXPECT_EQ(shown.title, "Printer Error Information");
-    EXPECT_EQ(shown.icon, MessageBox::Icon::information);
+    EXPECT_EQ(shown.icon, MessageBoxes::Icon::information);
     return shown.text;
   }
 
@@ -100,11 +100,11 @@ TEST_F(PrintFileTest, ADirectPrintThatFailsIsToldAndKeptForTheHost) {
 
 TEST_F(PrintFileTest, LocalDosCopiesTheReportAndStartsTheUsersScript) {
   const std::string copy = machine_.folders.work() / "localdos.prn";
-  const std::string script = machine_.folders.work() / "Dosprn.sh";
+  const std::string script = machine_.folders.work() / "Dosprn.script";
   const std::string device = path("lp0");
-  const auto run = [&] { printLocalDos(report_, machine_.platform(), device); };
-  const std::string head =
-      "#!/bin/sh\n# Sends a report to the printer. Made once; change it as you like.\n";
+  machine_.names.port = device;
+  const auto run = [&] { printLocalDos(report_, machine_.platform()); };
+  const std::string head = "Sends a report to the printer. Made once; change it as you like.\n";
   run();
   EXPECT_EQ(bytesOf(script), head + "send \"Dot Matrix\" \"" + copy + "\"\n");
   EXPECT_EQ(machine_.shell.started.at(0), (std::vector<std::string>{script}));
@@ -118,7 +118,7 @@ TEST_F(PrintFileTest, LocalDosCopiesTheReportAndStartsTheUsersScript) {
   std::filesystem::remove(script);
   replaceFile(device, "", "test");
   run();
-  EXPECT_EQ(bytesOf(script), head + "cat '" + copy + "' > '" + device + "'\n");
+  EXPECT_EQ(bytesOf(script), head + "copy \"" + copy + "\" \"" + device + "\"\n");
 
   std::filesystem::remove(script);
   std::filesystem::remove(device);
@@ -150,6 +150,7 @@ TEST_F(PrintFileTest, PrintersWithoutSettingsAreToldAndRefusalsAreNot) {
   class1_.Set_Orientation("L", 0);
   ASSERT_EQ(machine_.messageBox.shown.size(), 1U);
   EXPECT_EQ(machine_.messageBox.shown[0].text, "PRinter Setting No Set..");
+  EXPECT_STREQ(class1_.lastFailure()->description(), "PRinter Setting No Set..");
 
   machine_.printers.currentPrinter = "Laser";
   machine_.printers.failure = AutomationError(AutomationError::kPermissionDenied, "", "No.");

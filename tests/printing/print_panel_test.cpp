@@ -8,7 +8,7 @@
 namespace paperway {
 namespace {
 
-using Answer = MessageBox::Answer;
+using Answer = MessageBoxes::Answer;
 using Key = ReportViewKey;
 
 class Panel : public Class1Test {

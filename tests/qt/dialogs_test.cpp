@@ -3,6 +3,7 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 #include "backends/desktop/qt/clipboard.h"
@@ -86,6 +87,18 @@ TEST(ClipboardOnTheDesktop, KeepsText) {
   qt::Clipboard clipboard;
   clipboard.setText("a\xC3\xA9\r\n\x1B");
   EXPECT_EQ(clipboard.text(), "a\xC3\xA9\r\n\x1B");
+}
+
+TEST(ShellOnTheDesktop, AScriptCopiesAFileWhateverItsName) {
+  qt::Shell shell;
+  const TestFolder folder;
+  const auto file = folder.path / "it's $HOME";
+  const auto device = folder.path / "a device";
+  const auto script = folder.path / shell.scriptName("send");
+  replaceFile(file, "page");
+  replaceFile(script, shell.scriptText("Made by a test.", shell.copyLine(file, device)));
+  ASSERT_EQ(std::system(("sh " + script.string()).c_str()), 0);
+  EXPECT_EQ(readFile(device), "page");
 }
 
 TEST(ShellOnTheDesktop, NamesWhatItCannotStart) {

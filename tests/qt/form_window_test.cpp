@@ -74,7 +74,7 @@ TEST_F(FormWindowTest, AClickThatIsRefusedLeavesTheFocusAndPressesNothing) {
   form->Text1.onValidate = [&](bool& cancel) {
     cancel = ++refused > 0;
     answer<QMessageBox>([](QMessageBox& box) { box.accept(); });
-    qt::MessageBox().show("no", "", MessageBox::Buttons::ok, MessageBox::Icon::none);
+    qt::MessageBoxes().show("no", "", MessageBoxes::Buttons::ok, MessageBoxes::Icon::none);
   };
   user.focus("Text1");
   user.click("CmdOk");
@@ -144,7 +144,7 @@ TEST_F(FormWindowTest, FormsAreToldOnlyWhenTheyComeToTheFrontOfOthers) {
   desk.user(*form);
   EXPECT_EQ(form->takeLog(), "front ");
   answer<QMessageBox>([](QMessageBox& box) { box.close(); });
-  qt::MessageBox().show("text", "", MessageBox::Buttons::ok, MessageBox::Icon::none);
+  qt::MessageBoxes().show("text", "", MessageBoxes::Buttons::ok, MessageBoxes::Icon::none);
   QApplication::processEvents();
   EXPECT_EQ(form->takeLog(), "") << "coming back from a message is not coming to the front";
   desk.windows.window(*other)->close();
@@ -187,9 +187,9 @@ TEST(WindowsOnTheDesktop, RunEndsWithTheLastOne) {
 }
 
 TEST(MessageBoxOnTheDesktop, ShowsTextsAsTheyStand) {
-  using Buttons = MessageBox::Buttons;
-  using Icon = MessageBox::Icon;
-  using Answer = MessageBox::Answer;
+  using Buttons = MessageBoxes::Buttons;
+  using Icon = MessageBoxes::Icon;
+  using Answer = MessageBoxes::Answer;
   constexpr auto kEsc = QMessageBox::NoButton;
   const std::tuple<Buttons, Icon, QMessageBox::Icon, QMessageBox::StandardButton, Answer> cases[] =
       {{Buttons::yesNo, Icon::none, QMessageBox::NoIcon, QMessageBox::Yes, Answer::yes},
@@ -204,7 +204,7 @@ TEST(MessageBoxOnTheDesktop, ShowsTextsAsTheyStand) {
       if (pressed == kEsc) return box.reject();
       QTest::mouseClick(static_cast<QWidget*>(box.button(pressed)), Qt::LeftButton);
     });
-    EXPECT_EQ(qt::MessageBox().show(" Select <b>Page</b>...!", "Title ", buttons, icon), given);
+    EXPECT_EQ(qt::MessageBoxes().show(" Select <b>Page</b>...!", "Title ", buttons, icon), given);
   }
 }
 

@@ -7,8 +7,8 @@
 namespace paperway::desktop {
 namespace {
 
-using Answer = MessageBox::Answer;
-using Buttons = MessageBox::Buttons;
+using Answer = MessageBoxes::Answer;
+using Buttons = MessageBoxes::Buttons;
 
 TEST(ConsoleMessageBox, WritesTheMessageAndTakesTheAnswer) {
   // What is typed is null when nobody is there.
@@ -28,7 +28,7 @@ TEST(ConsoleMessageBox, WritesTheMessageAndTakesTheAnswer) {
     std::ostringstream out;
     std::istringstream user(typed == nullptr ? "" : typed);
     ConsoleMessageBox box(out, typed == nullptr ? nullptr : &user, fixed);
-    EXPECT_EQ(box.show(text, title, buttons, MessageBox::Icon::none), answer) << written;
+    EXPECT_EQ(box.show(text, title, buttons, MessageBoxes::Icon::none), answer) << written;
     EXPECT_EQ(out.str(), written);
   }
 }

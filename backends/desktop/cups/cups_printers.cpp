@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cups/pwg.h>
 
+#include "backends/desktop/shell_quote.h"
 #include "paperway/automation_error.h"
 #include "util/paper.h"
-#include "util/shell_quote.h"
 
 namespace paperway::desktop {
 namespace {

@@ -84,7 +84,7 @@ class Application {
 struct Desktop::Parts {
   explicit Parts(const Options& options)
       : application(system, options),
-        messages(options.screenless ? static_cast<MessageBox&>(system.messageBox) : messageBox) {}
+        messages(options.screenless ? static_cast<MessageBoxes&>(system.messageBox) : messageBox) {}
 
   qt::FormWindow& lastWindow() {
     if (windows.windows().empty()) fail("No window is open.");
@@ -98,11 +98,11 @@ struct Desktop::Parts {
   desktop::UserPrinters user{queues, queueSpooler};
   qt::PrintDevice printDevice{system.storage, user.spooler};
   qt::Windows windows;
-  qt::MessageBox messageBox;
+  qt::MessageBoxes messageBox;
   qt::Clipboard clipboard;
   qt::Dialogs dialogs;
   qt::Shell shell;
-  MessageBox& messages;  // nobody answers one that is not on a screen
+  MessageBoxes& messages;  // nobody answers one that is not on a screen
 };
 
 Desktop::Desktop() : Desktop(Options()) {}

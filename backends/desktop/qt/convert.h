@@ -9,7 +9,8 @@
 #include <string>
 #include <string_view>
 
-#include "controls/look.h"
+#include "controls/appearance.h"
+#include "controls/input_events.h"
 
 /// Values of the forms as Qt has them, and back.
 class QKeyEvent;

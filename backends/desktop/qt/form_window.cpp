@@ -119,8 +119,8 @@ void FormWindow::watch(QWidget& widget, ControlView& view) {
 
 void FormWindow::tell(const std::exception& error) {
   sync();
-  MessageBox().show(error.what(), form_->Caption, MessageBox::Buttons::ok,
-                    MessageBox::Icon::critical);
+  MessageBoxes().show(error.what(), form_->Caption, MessageBoxes::Buttons::ok,
+                      MessageBoxes::Icon::critical);
 }
 
 void FormWindow::finish() {

@@ -8,13 +8,13 @@
 namespace paperway::qt {
 namespace {
 
-QMessageBox::Icon qtIcon(MessageBox::Icon icon) {
+QMessageBox::Icon qtIcon(MessageBoxes::Icon icon) {
   switch (icon) {
-    case MessageBox::Icon::critical:
+    case MessageBoxes::Icon::critical:
       return QMessageBox::Critical;
-    case MessageBox::Icon::information:
+    case MessageBoxes::Icon::information:
       return QMessageBox::Information;
-    case MessageBox::Icon::none:
+    case MessageBoxes::Icon::none:
       break;
   }
   return QMessageBox::NoIcon;
@@ -22,8 +22,8 @@ QMessageBox::Icon qtIcon(MessageBox::Icon icon) {
 
 }  // namespace
 
-MessageBox::Answer MessageBox::show(std::string_view text, std::string_view title, Buttons buttons,
-                                    Icon icon) {
+MessageBoxes::Answer MessageBoxes::show(std::string_view text, std::string_view title,
+                                        Buttons buttons, Icon icon) {
   QMessageBox box(QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
   box.setText(qt::text(text));

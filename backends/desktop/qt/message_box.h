@@ -1,11 +1,11 @@
 #pragma once
 
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 
 namespace paperway::qt {
 
 /// A box over the active window, with the texts as they stand.
-class MessageBox : public paperway::MessageBox {
+class MessageBoxes : public paperway::MessageBoxes {
  public:
   Answer show(std::string_view text, std::string_view title, Buttons buttons, Icon icon) override;
 };

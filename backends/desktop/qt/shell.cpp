@@ -1,9 +1,11 @@
 #include "backends/desktop/qt/shell.h"
 
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 
 #include "backends/desktop/qt/convert.h"
+#include "backends/desktop/shell_quote.h"
 #include "paperway/automation_error.h"
 
 namespace paperway::qt {
@@ -28,6 +30,27 @@ std::optional<std::vector<std::string>> Shell::calculator() {
     }
   }
   return std::nullopt;
+}
+
+std::filesystem::path Shell::scriptName(std::string_view stem) {
+  return std::string(stem) + ".sh";
+}
+
+std::string Shell::scriptText(std::string_view purpose, std::string_view line) {
+  return "#!/bin/sh\n# " + std::string(purpose) + "\n" + std::string(line) + "\n";
+}
+
+std::string Shell::copyLine(const std::filesystem::path& file,
+                            const std::filesystem::path& device) {
+  return "cat " + shellQuoted(file.string()) + " > " + shellQuoted(device.string());
+}
+
+void Shell::startScript(const std::filesystem::path& script) {
+  if (QFileInfo(text(script.string())).isExecutable()) {
+    start({script.string()});
+  } else {
+    start({"/bin/sh", script.string()});
+  }
 }
 
 }  // namespace paperway::qt

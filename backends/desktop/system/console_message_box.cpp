@@ -23,8 +23,8 @@ void writeWithPlainLineEnds(std::ostream& out, std::string_view text) {
 ConsoleMessageBox::ConsoleMessageBox(Answer fixed)
     : ConsoleMessageBox(std::cerr, terminalUser(), fixed) {}
 
-MessageBox::Answer ConsoleMessageBox::show(std::string_view text, std::string_view title,
-                                           Buttons buttons, Icon /*icon*/) {
+MessageBoxes::Answer ConsoleMessageBox::show(std::string_view text, std::string_view title,
+                                             Buttons buttons, Icon /*icon*/) {
   if (!title.empty()) out_ << title << ": ";
   writeWithPlainLineEnds(out_, text);
   if (buttons == Buttons::yesNo) return ask();
@@ -32,7 +32,7 @@ MessageBox::Answer ConsoleMessageBox::show(std::string_view text, std::string_vi
   return Answer::ok;
 }
 
-MessageBox::Answer ConsoleMessageBox::ask() {
+MessageBoxes::Answer ConsoleMessageBox::ask() {
   if (user_ == nullptr) {
     out_ << (fixed_ == Answer::yes ? " [yes]" : " [no]") << std::endl;
     return fixed_;

@@ -3,13 +3,13 @@
 #include <istream>
 #include <ostream>
 
-#include "paperway/platform/message_box.h"
+#include "paperway/platform/message_boxes.h"
 
 namespace paperway::desktop {
 
 /// Messages as lines of text. A question is answered by a line "y" or "n" of the user's, or, where
 /// nobody is there to ask, by an answer fixed beforehand.
-class ConsoleMessageBox : public paperway::MessageBox {
+class ConsoleMessageBox : public paperway::MessageBoxes {
  public:
   /// `user` null: questions get the answer `fixed`. The streams outlive the box.
   ConsoleMessageBox(std::ostream& out, std::istream* user, Answer fixed = Answer::no)

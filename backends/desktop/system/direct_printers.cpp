@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <charconv>
 
+#include "backends/desktop/shell_quote.h"
 #include "backends/desktop/system/user_directories.h"
 #include "paperway/automation_error.h"
 #include "paperway/storage.h"
 #include "platform/change_file.h"
 #include "platform/file_error.h"
 #include "platform/input_file.h"
-#include "util/shell_quote.h"
 
 namespace paperway::desktop {
 namespace {

@@ -8,6 +8,7 @@ class SystemNames : public paperway::SystemNames {
  public:
   std::string computerName() override;
   std::string userName() override;
+  std::filesystem::path printerPort() override { return "/dev/usb/lp0"; }
 };
 
 }  // namespace paperway::desktop

@@ -8,7 +8,8 @@
 
 namespace paperway {
 
-/// The machine's files, as the utility functions ask about them. Paths are native. A file that is
+/// The machine's files, as the utility functions ask about them. Paths are UTF-8, for hosts
+/// see them as texts. A file that is
 /// missing, or a step that fails, is an AutomationError that names the file and the reason.
 class PAPERWAY_API FileSystem {
  public:

@@ -18,7 +18,7 @@ struct PrinterInfo {
 };
 
 /// What a printer uses for the next print of this user. Papers go by their published numbers
-/// (util/paper.h).
+/// (9 is A4, 1 Letter).
 struct PageSettings {
   std::int16_t Orientation = 1;  // 1 portrait, 2 landscape
   std::int16_t PaperSize = 9;
@@ -47,7 +47,8 @@ class PAPERWAY_API Printers {
   /// kept.
   virtual void keep(const std::string& printer, const PageSettings& settings) = 0;
 
-  /// A line of shell that sends the file to the printer as raw bytes; empty for an unknown printer.
+  /// A line of a script (platform/shell.h) that sends the file to the printer as raw bytes; empty
+  /// for an unknown printer.
   virtual std::string sendCommand(const std::string& printer,
                                   const std::filesystem::path& file) = 0;
 };

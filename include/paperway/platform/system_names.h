@@ -1,18 +1,22 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "paperway/export.h"
 
 namespace paperway {
 
-/// Names by which the machine and its user are known, in UTF-8; empty when the system gives none.
+/// Names by which the machine, its user and its parts are known; a text is UTF-8, and empty when
+/// the system gives none.
 class PAPERWAY_API SystemNames {
  public:
   virtual ~SystemNames() = default;
 
   virtual std::string computerName() = 0;
   virtual std::string userName() = 0;
+  /// The device of the machine's own printer port, whether there is one or not.
+  virtual std::filesystem::path printerPort() = 0;
 };
 
 }  // namespace paperway

@@ -1,4 +1,4 @@
-#include "platform/system_tools.h"
+#include "platform/system_utilities.h"
 
 #include <filesystem>
 
@@ -6,6 +6,7 @@
 #include "paperway/platform/file_system.h"
 #include "paperway/platform/system_names.h"
 #include "util/code_page.h"
+#include "util/path_text.h"
 #include "util/text.h"
 #include "util/value_text.h"
 
@@ -35,9 +36,9 @@ std::string TempFolder(FileSystem& files) {
 }
 
 std::string TempFile(FileSystem& files) {
-  const std::filesystem::path folder = std::filesystem::path(TempFolder(files)) / "TempDir";
-  files.createFolder(folder.string());
-  return (folder / files.GetTempName()).string();
+  const std::filesystem::path folder = pathOf(TempFolder(files)) / "TempDir";
+  files.createFolder(textOf(folder));
+  return textOf(folder / pathOf(files.GetTempName()));
 }
 
 std::string UNIQFile(Clock& clock) {

@@ -1,4 +1,4 @@
-#include "util/words.h"
+#include "util/amounts.h"
 
 #include <array>
 #include <cmath>
@@ -17,10 +17,6 @@ constexpr std::array<std::string_view, 20> kOnes = {
 
 constexpr std::array<std::string_view, 10> kTens = {
     "", "Ten", "Twenty", "Thirty", "Forty", "Fifty", "Sixty", "Seventy", "Eighty", "Ninety"};
-
-constexpr std::array<std::string_view, 12> kMonths = {
-    "January", "Febuary", "March",     "April",   "May",      "June",
-    "July",    "August",  "September", "October", "November", "December"};
 
 constexpr double kLargestInWords = 999999999;
 
@@ -122,14 +118,6 @@ Value round_curr(ValueView currValue) {
   requireFinite(number * 100, "round_curr", "currValue");
   if (number == 0) return {};
   return std::floor(number * 100 + 0.5) / 100;
-}
-
-std::string MonName(std::uint8_t Mon) {
-  if (Mon < 1 || Mon > kMonths.size()) {
-    throw AutomationError(AutomationError::kInvalidCall, "MonName",
-                          "Mon is " + std::to_string(Mon) + "; months are 1 to 12.");
-  }
-  return std::string(kMonths[Mon - 1]);
 }
 
 }  // namespace paperway

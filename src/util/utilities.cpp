@@ -1,12 +1,23 @@
-#include "util/text_tools.h"
+#include "util/utilities.h"
+
+#include <array>
+#include <cmath>
+#include <functional>
+#include <optional>
 
 #include "paperway/automation_error.h"
 #include "util/code_page.h"
+#include "util/numbers.h"
 #include "util/text.h"
 #include "util/value_text.h"
 
 namespace paperway {
 namespace {
+
+/// As published, the second one too.
+constexpr std::array<std::string_view, 12> kMonths = {
+    "January", "Febuary", "March",     "April",   "May",      "June",
+    "July",    "August",  "September", "October", "November", "December"};
 
 constexpr std::size_t kLongestText = 32767;
 
@@ -36,6 +47,41 @@ std::string shift(std::string_view text, std::string_view password, int sign, co
     codes[i] = static_cast<char>(codes[i] + sign * keys[(i + 1) % keys.size()]);
   }
   return CodePage::windows1252().decode(codes);
+}
+
+std::optional<double> asNumber(ValueView value) {
+  switch (value.kind()) {
+    case ValueView::Kind::real:
+      if (std::isnan(value.real())) return std::nullopt;
+      return value.real();
+    case ValueView::Kind::integer:
+      return static_cast<double>(value.integer());
+    case ValueView::Kind::text:
+      return parseNumber(value.text());
+    default:
+      return std::nullopt;
+  }
+}
+
+double numberAt(std::size_t place, ValueView value, const char* member) {
+  if (const auto number = asNumber(value)) return *number;
+  const std::string text = value.isNull() ? "null" : "\"" + defaultText(value) + "\"";
+  throw AutomationError(
+      AutomationError::kTypeMismatch, member,
+      "Value " + std::to_string(place + 1) + " is " + text + ", which is no number.");
+}
+
+template <class KeepsCurrent>
+double choose(std::span<const ValueView> values, const char* member, KeepsCurrent keeps) {
+  if (values.empty()) {
+    throw AutomationError(AutomationError::kSubscript, member, "Value 1 is missing.");
+  }
+  double chosen = numberAt(0, values.front(), member);
+  for (std::size_t place = 1; place < values.size(); ++place) {
+    const double number = numberAt(place, values[place], member);
+    if (!keeps(chosen, number)) chosen = number;
+  }
+  return chosen;
 }
 
 }  // namespace
@@ -91,6 +137,22 @@ std::string EncryptText(std::string_view strText, std::string_view strPwd) {
 
 std::string DecryptText(std::string_view strText, std::string_view strPwd) {
   return shift(strText, strPwd, -1, "DecryptText");
+}
+
+std::string MonName(std::uint8_t Mon) {
+  if (Mon < 1 || Mon > kMonths.size()) {
+    throw AutomationError(AutomationError::kInvalidCall, "MonName",
+                          "Mon is " + std::to_string(Mon) + "; months are 1 to 12.");
+  }
+  return std::string(kMonths[Mon - 1]);
+}
+
+double MaximumValue(std::span<const ValueView> Val) {
+  return choose(Val, "MaximumValue", std::greater<>());
+}
+
+double MinimamValue(std::span<const ValueView> Val) {
+  return choose(Val, "MinimamValue", std::less<>());
 }
 
 }  // namespace paperway
