@@ -56,15 +56,22 @@ std::string folderOf(const std::string& file) {
 /// its own floor.
 int floorOf(const std::string& file) {
   if (file == "include/paperway/class1.h") return 7;
-  static const std::map<std::string, int> kFloors = {
-      {"src/util", 1},         {"src/platform", 2},
-      {"src/data", 3},         {"src/session", 3},
-      {"src/controls", 4},     {"src/report", 4},
-      {"src/printed", 3},      {"src/preview", 5},
-      {"src/html", 6},         {"src/textreport", 5},
-      {"src/excel", 6},        {"src/printing", 6},
-      {"backends/desktop", 5}, {"backends/desktop/platform", 7},
-      {"src/sticker", 6},      {"src/facade", 8}};
+  static const std::map<std::string, int> kFloors = {{"src/util", 1},
+                                                     {"src/platform", 2},
+                                                     {"src/data", 3},
+                                                     {"src/session", 3},
+                                                     {"src/controls", 4},
+                                                     {"src/report", 4},
+                                                     {"src/printed", 3},
+                                                     {"src/preview", 5},
+                                                     {"src/html", 6},
+                                                     {"src/textreport", 5},
+                                                     {"src/excel", 6},
+                                                     {"src/printing", 6},
+                                                     {"backends/desktop", 5},
+                                                     {"backends/desktop/platform", 7},
+                                                     {"src/sticker", 6},
+                                                     {"src/facade", 8}};
   const auto found = kFloors.find(folderOf(file));
   if (found != kFloors.end()) return found->second;
   if (file.starts_with("include/")) return 0;

@@ -57,9 +57,12 @@ TYPED_TEST_P(ReportWindowContract, ButtonsAndAccessKeysTurnPages) {
 
 TYPED_TEST_P(ReportWindowContract, TheGoToBoxTakesTheNumberOfAPage) {
   auto user = this->desk.user(*this->form);
-  const std::tuple<const char*, const char*, bool> cases[] = {
-      {"4\r", "page 4", false}, {"0\r", "page 4", true},   {"8\r", "page 4", true},
-      {"\r", "page 4", true},   {"x7\r", "page 7", false}, {"12\b\r", "page 1", false}};
+  const std::tuple<const char*, const char*, bool> cases[] = {{"4\r", "page 4", false},
+                                                              {"0\r", "page 4", true},
+                                                              {"8\r", "page 4", true},
+                                                              {"\r", "page 4", true},
+                                                              {"x7\r", "page 7", false},
+                                                              {"12\b\r", "page 1", false}};
   auto& shown = this->desk.machine.messageBox.shown;
   for (const auto& [keys, page, message] : cases) {
     shown.clear();

@@ -44,8 +44,11 @@ TEST(Form, LoadsAndUnloadsOnce) {
 
 TEST(Caption, AccessKeysAndPlainTexts) {
   const std::tuple<const char*, char32_t, const char*> cases[] = {
-      {"&First", 'F', "First"}, {" C&lose", 'L', " Close"}, {"a && b", 0, "a & b"},
-      {"R&&&D", 'D', "R&D"},    {"end&", 0, "end"},
+      {"&First", 'F', "First"},
+      {" C&lose", 'L', " Close"},
+      {"a && b", 0, "a & b"},
+      {"R&&&D", 'D', "R&D"},
+      {"end&", 0, "end"},
   };
   for (const auto& [caption, key, text] : cases) {
     EXPECT_EQ(accessKeyOf(caption), key) << caption;

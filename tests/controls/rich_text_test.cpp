@@ -43,10 +43,17 @@ TEST_F(RichText, FilesComeAndGoByteForByte) {
 TEST_F(RichText, FindIgnoresCase) {
   box.Text = "Total TOTAL to\304l t\366tal \212";
   expectEach([&](const char* text, int start, int end) { return box.Find(text, start, end); },
-             Row{"total", 0, 99, 0}, Row{"total", 1, 99, 6}, Row{"total", 7, 99, -1},
-             Row{"total", 6, 10, -1}, Row{"total", 6, 11, 6}, Row{"TO\344L", 0, 99, 12},
-             Row{"t\326tal", 0, 99, 17}, Row{"\232", 0, 99, 23}, Row{"", 0, 99, -1},
-             Row{"x", 0, 99, -1}, Row{"total", 99, 99, -1});
+             Row{"total", 0, 99, 0},
+             Row{"total", 1, 99, 6},
+             Row{"total", 7, 99, -1},
+             Row{"total", 6, 10, -1},
+             Row{"total", 6, 11, 6},
+             Row{"TO\344L", 0, 99, 12},
+             Row{"t\326tal", 0, 99, 17},
+             Row{"\232", 0, 99, 23},
+             Row{"", 0, 99, -1},
+             Row{"x", 0, 99, -1},
+             Row{"total", 99, 99, -1});
 }
 
 TEST_F(RichText, SelectionsEndAtTheTextsEnd) {
@@ -117,11 +124,17 @@ TEST_F(RichText, KeysMoveByLinesWordsAndPages) {
     EXPECT_TRUE(box.handleKey(key, shift)) << key;
     return Places(box.caret(), box.anchor());
   };
-  expectEach(caretAndAnchor, Row{keyEnd, 0, Places(10, 10)}, Row{keyDown, 0, Places(13, 13)},
-             Row{keyDown, 0, Places(24, 24)}, Row{keyUp, smShift, Places(13, 24)},
-             Row{keyLeft, 0, Places(13, 13)}, Row{keyHome, smCtrl, Places(0, 0)},
-             Row{keyRight, smCtrl, Places(6, 6)}, Row{keyPageDown, smShift, Places(21, 6)},
-             Row{'A', smCtrl, Places(24, 0)}, Row{keyLeft, smCtrl, Places(21, 21)});
+  expectEach(caretAndAnchor,
+             Row{keyEnd, 0, Places(10, 10)},
+             Row{keyDown, 0, Places(13, 13)},
+             Row{keyDown, 0, Places(24, 24)},
+             Row{keyUp, smShift, Places(13, 24)},
+             Row{keyLeft, 0, Places(13, 13)},
+             Row{keyHome, smCtrl, Places(0, 0)},
+             Row{keyRight, smCtrl, Places(6, 6)},
+             Row{keyPageDown, smShift, Places(21, 6)},
+             Row{'A', smCtrl, Places(24, 0)},
+             Row{keyLeft, smCtrl, Places(21, 21)});
 }
 
 TEST_F(RichText, WordKeysBehindTheClosingFormFeed) {
@@ -211,8 +224,8 @@ TEST_F(RichText, AgreesWithAPlainListOfCharacters) {
         box.typeText(typed);
         text.replace(begin, end - begin, typed);
         const auto at = formats.begin() + static_cast<long>(begin);
-        formats.insert(formats.erase(at, at + static_cast<long>(end - begin)), typed.size(),
-                       format);
+        formats.insert(
+            formats.erase(at, at + static_cast<long>(end - begin)), typed.size(), format);
       }
     }
     ASSERT_EQ(box.Text, text);

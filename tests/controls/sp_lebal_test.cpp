@@ -33,8 +33,10 @@ TEST_F(SpLebalTest, PaintsCaptionAndHotKeyByItsStyle) {
     }
     return plan.str();
   };
-  expectEach(texts, Row{0, "8,8,92,32 0 1 0|8,8,92,32 2 1 0|"},
-             Row{1, "8,8,92,32 1 1 0|8,8,92,32 2 1 0|"}, Row{2, "8,7,92,33 1 0 1|8,7,92,33 2 2 0|"},
+  expectEach(texts,
+             Row{0, "8,8,92,32 0 1 0|8,8,92,32 2 1 0|"},
+             Row{1, "8,8,92,32 1 1 0|8,8,92,32 2 1 0|"},
+             Row{2, "8,7,92,33 1 0 1|8,7,92,33 2 2 0|"},
              Row{3, ""});
   label.CaptionStyle = 2;
   EXPECT_EQ(paint(300).texts[0].top, -3) << "a caption taller than the surface";
@@ -55,7 +57,8 @@ TEST_F(SpLebalTest, StandsInAFrameOfFourLines) {
       "1499,0 1499,600 light|0,0 0,599 dark|30,599 1500,599 light|0,0 1499,0 dark|";
   expectEach(frame,
              Row{1, "1499,0 1499,600 dark|0,0 0,599 light|30,599 1500,599 dark|0,0 1499,0 light|"},
-             Row{0, sunken}, Row{7, sunken},
+             Row{0, sunken},
+             Row{7, sunken},
              Row{2, "1499,0 1499,600 face|0,0 0,599 face|30,599 1500,599 face|0,0 1499,0 face|"});
 }
 

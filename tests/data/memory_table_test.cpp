@@ -68,12 +68,17 @@ std::string flat(const char* csv) {
 }
 
 TEST(CsvTable, Reads) {
-  expectEach(flat, Row{"a,b\n1,2\n", "a|b/1|2"}, Row{"a,b\r\n1,2\r\n3,4", "a|b/1|2/3|4"},
-             Row{"\uFEFFa\nx\n", "a/x"}, Row{"a,b\n,\n1,\n", "a|b/-|-/1|-"},
+  expectEach(flat,
+             Row{"a,b\n1,2\n", "a|b/1|2"},
+             Row{"a,b\r\n1,2\r\n3,4", "a|b/1|2/3|4"},
+             Row{"\uFEFFa\nx\n", "a/x"},
+             Row{"a,b\n,\n1,\n", "a|b/-|-/1|-"},
              Row{"a,b\n\"\",2\n", "a|b/|2"},
              Row{"a,b\n\"x,\"\"y\"\"\r\nz\",2\n", "a|b/x,\"y\"\r\nz|2"},
-             Row{" a ,b\n x ,y\n", "a|b/ x |y"}, Row{"\n\r\na,b\n\n1,2\r\n\n", "a|b/1|2"},
-             Row{"Betrag,Größe\n1,\xE2\x82\xB9\n", "Betrag|Größe/1|₹"}, Row{"a,b", "a|b"},
+             Row{" a ,b\n x ,y\n", "a|b/ x |y"},
+             Row{"\n\r\na,b\n\n1,2\r\n\n", "a|b/1|2"},
+             Row{"Betrag,Größe\n1,\xE2\x82\xB9\n", "Betrag|Größe/1|₹"},
+             Row{"a,b", "a|b"},
              Row{"a\nx\ry\n", "a/x\ry"});
 }
 
@@ -83,7 +88,8 @@ TEST(CsvTable, NamesFileLineAndReason) {
     EXPECT_TRUE(whole.starts_with("\"f.csv\", line ")) << whole;
     return whole.substr(14);
   };
-  expectEach(error, Row{"", "1: the line that names the columns is missing."},
+  expectEach(error,
+             Row{"", "1: the line that names the columns is missing."},
              Row{"\n\n", "3: the line that names the columns is missing."},
              Row{"a,b\n1\n", "2: 1 cell for 2 columns."},
              Row{"a,b\n\n\"x\ny\",2\n1,2,3\n", "5: 3 cells for 2 columns."},

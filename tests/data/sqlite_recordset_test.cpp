@@ -38,12 +38,17 @@ TEST_F(SqliteRecordsetTest, TypesValuesAsDeclaredAndStored) {
     EXPECT_EQ(shown(rows.value(0)), first) << "after MoveLast";
     return first;
   };
-  expectEach(described, Row{"REAL", "2", "r 2"}, Row{"TEXT", "12", "t 12"},
-             Row{"TEXT", "'2026-03-05'", "t 2026-03-05"}, Row{"INTEGER", "'abc'", "t abc"},
-             Row{"Date", "'2026-02-30'", "t 2026-02-30"}, Row{"DATE", "20260305", "i 20260305"},
+  expectEach(described,
+             Row{"REAL", "2", "r 2"},
+             Row{"TEXT", "12", "t 12"},
+             Row{"TEXT", "'2026-03-05'", "t 2026-03-05"},
+             Row{"INTEGER", "'abc'", "t abc"},
+             Row{"Date", "'2026-02-30'", "t 2026-02-30"},
+             Row{"DATE", "20260305", "i 20260305"},
              Row{"datetime", "'2026-03-05 14:07:09'", "d 3/5/2026 2:07:09 PM"},
              Row{"timestamp without time zone", "'2026-03-05T14:07'", "d 3/5/2026 2:07:00 PM"},
-             Row{"BLOB", "x'C3A9'", "t é"}, Row{"BLOB", "x''", "t "},
+             Row{"BLOB", "x'C3A9'", "t é"},
+             Row{"BLOB", "x''", "t "},
              Row{"BLOB", "zeroblob(0)", "t "});
 }
 
@@ -53,16 +58,19 @@ TEST_F(SqliteRecordsetTest, TakesOneReadingStatement) {
   };
   const std::string notReading = unreadable_ + "the statement is not one that only reads rows.";
   const std::string several = unreadable_ + "the text holds more than one statement.";
-  expectEach(failure, Row{"SELECT n FROM t; -- that is all\n;", "no error"},
+  expectEach(failure,
+             Row{"SELECT n FROM t; -- that is all\n;", "no error"},
              Row{"WITH a AS (SELECT n FROM t) SELECT * FROM a", "no error"},
-             Row{"VALUES (1, 'a')", "no error"}, Row{"PRAGMA table_info(t)", "no error"},
+             Row{"VALUES (1, 'a')", "no error"},
+             Row{"PRAGMA table_info(t)", "no error"},
              Row{"SELECT n FROM sale", unreadable_ + "no such table: sale."},
              Row{" /* nothing */ ", unreadable_ + "the text holds no statement."},
              Row{"DELETE FROM t", notReading},
              Row{"INSERT INTO t VALUES (4) RETURNING n", notReading},
              Row{"SELECT n FROM t WHERE n = ?",
                  unreadable_ + "the statement has parameters, and nothing fills them."},
-             Row{"SELECT 1; SELECT 2", several}, Row{"SELECT 1; and so on", several});
+             Row{"SELECT 1; SELECT 2", several},
+             Row{"SELECT 1; and so on", several});
 }
 
 TEST_F(SqliteRecordsetTest, TellsWhatFailsWhileReading) {

@@ -34,10 +34,11 @@ class InterruptedRows : public Recordset {
 class NestedReports : public ReportTest {
  protected:
   static MemoryTable sales() {
-    return MemoryTable({"item", "amount", "town"}, {{"Pen", 1.5, "Agra"},
-                                                    {"Pen", 2.0, "Agra"},
-                                                    {"Ink", 4.0, "Bhopal"},
-                                                    {"Ink", 8.0, "Bhopal"}});
+    return MemoryTable({"item", "amount", "town"},
+                       {{"Pen", 1.5, "Agra"},
+                        {"Pen", 2.0, "Agra"},
+                        {"Ink", 4.0, "Bhopal"},
+                        {"Ink", 8.0, "Bhopal"}});
   }
 
   /// Writes a report whose groups, duplicates, totals and pages all have a state of their own.

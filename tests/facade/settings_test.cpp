@@ -44,11 +44,14 @@ TEST_F(Settings, WhatAFileCannotHoldIsRefusedAndTheFileStays) {
     EXPECT_EQ(bytes(), before) << error;
     return error;
   };
-  expectEach(refusal, Row{"S\r", "k", "2", "PutKey" + lineEnd},
+  expectEach(refusal,
+             Row{"S\r", "k", "2", "PutKey" + lineEnd},
              Row{"S", "k\nx", "2", "PutVariable" + lineEnd},
              Row{"S", "k", "2\r\n", "PutValue" + lineEnd},
              Row{"S", "k", "₹ 2", "PutValue holds \"₹\", which a settings file cannot hold."},
-             Row{"S", "k", std::string(32758, 'x'),
+             Row{"S",
+                 "k",
+                 std::string(32758, 'x'),
                  "\"" + file_ + "\" would have 32767 characters; 32766 are the most."});
   class1_.WriteIniValue(file_, "S", "k", std::string(32757, 'x'));
   EXPECT_EQ(bytes().size(), 32766U);
@@ -59,8 +62,12 @@ TEST_F(Settings, TearLinesAreTwoDigitsEach) {
     const TearLines lines = TearLines::fromText(text);
     return std::pair<int, int>(lines.in, lines.out);
   };
-  expectEach(inAndOut, Row{"0305", std::pair(3, 5)}, Row{"0", std::pair(0, 0)},
-             Row{"", std::pair(0, 0)}, Row{"7", std::pair(70, 7)}, Row{"x5", std::pair(0, 0)},
+  expectEach(inAndOut,
+             Row{"0305", std::pair(3, 5)},
+             Row{"0", std::pair(0, 0)},
+             Row{"", std::pair(0, 0)},
+             Row{"7", std::pair(70, 7)},
+             Row{"x5", std::pair(0, 0)},
              Row{"305", std::pair(30, 5)});
   expectEach(TearLines::toText, Row{"3", "25", "0325"}, Row{"", "117", "0017"});
 }

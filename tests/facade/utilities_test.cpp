@@ -11,8 +11,16 @@ namespace {
 using Utilities = Class1Test;
 
 TEST_F(Utilities, OnlyNumLetsDigitsAndEditingKeysPass) {
-  expectEach([&](std::int16_t key) { return class1_.OnlyNum(key); }, Row{48, 48}, Row{57, 57},
-             Row{8, 8}, Row{13, 13}, Row{65, 1}, Row{0, 1}, Row{47, 1}, Row{58, 1}, Row{-48, 1});
+  expectEach([&](std::int16_t key) { return class1_.OnlyNum(key); },
+             Row{48, 48},
+             Row{57, 57},
+             Row{8, 8},
+             Row{13, 13},
+             Row{65, 1},
+             Row{0, 1},
+             Row{47, 1},
+             Row{58, 1},
+             Row{-48, 1});
 }
 
 TEST_F(Utilities, TextFunctions) {
@@ -30,9 +38,14 @@ TEST_F(Utilities, ParseFileName) {
     EXPECT_EQ(class1_.ParseFileName(path, 2), class1_.ParseFileName(path));
     return class1_.ParseFileName(path) + "|" + class1_.ParseFileName(path, 1);
   };
-  expectEach(parts, Row{"report.txt", "report.txt|report"}, Row{"c:\\report", "report|report"},
-             Row{"c:\\a.b\\report.txt", "report.txt|report"}, Row{"c:\\b.c.txt", "b.c.txt|b"},
-             Row{"c:\\reports\\", "|"}, Row{"a/b:c.txt", "a/b:c.txt|a/b:c"}, Row{"", "|"},
+  expectEach(parts,
+             Row{"report.txt", "report.txt|report"},
+             Row{"c:\\report", "report|report"},
+             Row{"c:\\a.b\\report.txt", "report.txt|report"},
+             Row{"c:\\b.c.txt", "b.c.txt|b"},
+             Row{"c:\\reports\\", "|"},
+             Row{"a/b:c.txt", "a/b:c.txt|a/b:c"},
+             Row{"", "|"},
              Row{".ini", ".ini|"});
 }
 
@@ -61,7 +74,9 @@ TEST_F(Utilities, ColourBytes) {
   const auto parts = [&](std::int32_t color) {
     return std::vector<int>{class1_.RgbR(color), class1_.RgbG(color), class1_.RgbB(color)};
   };
-  expectEach(parts, Row{8388736, std::vector{128, 0, 128}}, Row{0x1030201, std::vector{1, 2, 3}},
+  expectEach(parts,
+             Row{8388736, std::vector{128, 0, 128}},
+             Row{0x1030201, std::vector{1, 2, 3}},
              Row{-256, std::vector{0, 255, 255}});
 }
 

@@ -42,8 +42,8 @@ class Choices {
 };
 
 inline Value Choices::value() {
-  static const std::vector<double> kReals = {0.1,    -0.0,     1E15,  5.5E-17,   1E300,
-                                             -1E300, 4.9E-324, 2.345, 1.0 / 0.0, 0.0 / 0.0};
+  static const std::vector<double> kReals = {
+      0.1, -0.0, 1E15, 5.5E-17, 1E300, -1E300, 4.9E-324, 2.345, 1.0 / 0.0, 0.0 / 0.0};
   static const std::vector<std::int64_t> kIntegers = {0, -1, INT64_MAX, INT64_MIN, 999999999999999};
   static const std::vector<Date> kDates = {
       {2006, 3, 5, 14, 7, 9}, {100, 1, 1}, {9999, 12, 31, 23, 59, 59}, {2024, 2, 29}};

@@ -14,7 +14,8 @@ std::vector<std::string> fuzz::seeds() {
       "item,\"It\"\"em\",32767,T,L,N,,,,,255,Y,,Arial\r\n",
       "\xEF\xBB\xBF"
       "a,b\r\n\"x\ny\",\"\"\n\n,\n",
-      "name\n\"\"\n\xE2\x82\xB9", ""};
+      "name\n\"\"\n\xE2\x82\xB9",
+      ""};
 }
 
 namespace {

@@ -58,7 +58,10 @@ void fuzz::check(std::string_view input) {
   const std::string_view patternText = fuzz::takeUntil(input, '\n');
   const FormatPattern pattern(patternText);
   const double real = asReal(input);
-  for (const ValueView value : {ValueView(), ValueView(input), ValueView(real), ValueView(-0.005),
+  for (const ValueView value : {ValueView(),
+                                ValueView(input),
+                                ValueView(real),
+                                ValueView(-0.005),
                                 ValueView(static_cast<std::int64_t>(input.size()) << 56),
                                 ValueView(serialToDate(real).value_or(Date{}))}) {
     formatBoth(pattern, value);

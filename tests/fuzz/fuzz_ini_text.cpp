@@ -9,7 +9,8 @@ using namespace paperway;
 /// Section, key, value and file with a "|" between them.
 std::vector<std::string> fuzz::seeds() {
   return {"ReportView|Bold|255|[ReportView]\r\nCond=1\r\nbold=2\r\n\r\n[Other]\r\nk=v\r\n",
-          "S|k|a=b|", "other|K||\r\n\r\n[s]\r\nk=[1]\r\n[OTHER] \r\n[Other]\r\nk",
+          "S|k|a=b|",
+          "other|K||\r\n\r\n[s]\r\nk=[1]\r\n[OTHER] \r\n[Other]\r\nk",
           "\xC4|\xD6|1|[\xE4]\r\n\r\n\r\n\r\n\xF6=2\r[\xC4]\n\xF6=3"};
 }
 

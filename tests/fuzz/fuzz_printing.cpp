@@ -7,7 +7,8 @@ using namespace paperway;
 /// A report, and before the first line feed how long its blocks are.
 std::vector<std::string> fuzz::seeds() {
   return {"\3\n\022\033W \033M\r\n\016\033E\033GBig\024\033F\033H\r\n\f\017cond\022\r\n\f\r\n",
-          "1\n\033C\0\014x\ty\r\nover\rprint\f\f", "\n\xC3\xA9\x81\n\033!\x25\033@",
+          "1\n\033C\0\014x\ty\r\nover\rprint\f\f",
+          "\n\xC3\xA9\x81\n\033!\x25\033@",
           "\x7F\nno end"};
 }
 

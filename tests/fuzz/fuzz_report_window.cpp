@@ -40,8 +40,16 @@ class Walk {
 
  private:
   void actBy(headless::User& user, char command) {
-    static constexpr const char* kClicks[] = {"CmdFst", "CmdBck", "CmdNxt", "CmdLast", "Command2",
-                                              "Check1", "Check2", "Check3", "Op(1)",   "lb1"};
+    static constexpr const char* kClicks[] = {"CmdFst",
+                                              "CmdBck",
+                                              "CmdNxt",
+                                              "CmdLast",
+                                              "Command2",
+                                              "Check1",
+                                              "Check2",
+                                              "Check3",
+                                              "Op(1)",
+                                              "lb1"};
     RichTextBox& page = form_->Rt1;
     const auto code = static_cast<unsigned char>(command);
     if (command == 'g') return user.type("Text2", std::to_string(code % 9) + "\r");

@@ -9,12 +9,16 @@ namespace {
 
 TEST(OdbcAttributes, MessagesShowNoPassword) {
   const auto shown = [](const char* connection) { return OdbcAttributes(connection).shown(); };
-  expectEach(shown, Row{"shop;Pwd=s3cret", "shop;Pwd=***"}, Row{"shop", "shop"},
+  expectEach(shown,
+             Row{"shop;Pwd=s3cret", "shop;Pwd=***"},
+             Row{"shop", "shop"},
              Row{"Driver={a;Pwd=b};Uid=me; PWD =x;Port=1", "Driver=***;Uid=me; PWD =***;Port=1"},
-             Row{"Pwd={a;b}};c}; Uid=me", "Pwd=***; Uid=me"}, Row{"Pwd= {a;b};x=1", "Pwd=***;x=1"},
+             Row{"Pwd={a;b}};c}; Uid=me", "Pwd=***; Uid=me"},
+             Row{"Pwd= {a;b};x=1", "Pwd=***;x=1"},
              Row{"x=1;Pwd={a;never closed", "x=1;Pwd=***"},
              Row{"SSLPassword=a=b;", "SSLPassword=***;"},
-             Row{"pqopt={password=x port=1};DSN=a", "pqopt=***;DSN=a"}, Row{"Pwd=;x", "Pwd=***;x"});
+             Row{"pqopt={password=x port=1};DSN=a", "pqopt=***;DSN=a"},
+             Row{"Pwd=;x", "Pwd=***;x"});
 }
 
 TEST(OdbcAttributes, ADriverThatRepeatsAPasswordIsNotQuoted) {

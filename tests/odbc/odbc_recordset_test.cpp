@@ -102,7 +102,8 @@ TEST(OdbcLongQuery, GivesRowsAsTheyComeAndEndsWhenAsked) {
        {Case{databases.sqlite(),
              "WITH RECURSIVE s(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM s) SELECT n FROM s",
              "[HY000] [SQLite]interrupted"},
-        Case{postgres("UseDeclareFetch=1;Fetch=1000"), "SELECT generate_series(1, 50000000) AS n",
+        Case{postgres("UseDeclareFetch=1;Fetch=1000"),
+             "SELECT generate_series(1, 50000000) AS n",
              "[57014] ERROR: canceling statement due to user request"}}) {
     const OdbcConnection connection(server);
     OdbcRecordset rows(connection, query);
@@ -140,7 +141,8 @@ TEST(OdbcError, CarriesTheDriversWordsAndState) {
         Case{"Driver=SQLite3;Database=/nowhere/é.db", "", "* to \"*/é.db\": [[]HY000] *failed*"},
         Case{lost, "", "*Port=1;Pwd=[*][*][*]\": [[]08001] *refused*"},
         Case{server + "Uid=nobody;Password=wrong", "", "*;Password=[*][*][*]\": [[]*] *nobody*"},
-        Case{server, "SELECT * FROM sale",
+        Case{server,
+             "SELECT * FROM sale",
              "Cannot prepare \"SELECT [*] FROM sale\": [[]42P01] *sale*"},
         Case{server, "SELECT 1 / (1 - 1) AS x", "*: [[]22012] *division by zero*"},
         Case{server, "SELECT 'é' FROM grün", "* FROM grün\": [[]42P01] *\"grün\"*"},
@@ -172,8 +174,9 @@ TEST(OdbcError, AStatementThatIsNoQueryDoesNotRun) {
 TEST(OdbcError, EndsTheRowsWhenTheServerGoesAway) {
   OdbcRecordset rows(OdbcConnection(postgres("UseDeclareFetch=1;Fetch=10")),
                      "SELECT generate_series(1, 100000), pg_backend_pid() AS pid");
-  run(postgres(), "DO $$ BEGIN PERFORM pg_terminate_backend(" +
-                      std::to_string(rows.value(1).integer()) + ", 10000); END $$");
+  run(postgres(),
+      "DO $$ BEGIN PERFORM pg_terminate_backend(" + std::to_string(rows.value(1).integer()) +
+          ", 10000); END $$");
   const std::string error = errorOf([&] {
     while (!rows.Eof()) rows.MoveNext();
   });

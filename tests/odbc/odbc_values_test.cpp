@@ -33,7 +33,9 @@ const auto kCells = table(
     Cell{"NUMERIC(16,2)", "1234567890123.45", "r 1234567890123.45"},
     // SQLite itself keeps these as doubles.
     Cell{"NUMERIC(16,2)", "12345678901234.56", "t 12345678901234.56", "r 12345678901234.6"},
-    Cell{"NUMERIC(30,3)", "-12345678901234567890.5", "t -12345678901234567890.500",
+    Cell{"NUMERIC(30,3)",
+         "-12345678901234567890.5",
+         "t -12345678901234567890.500",
          "r -1.23456789012346E+19"},
     Cell{"NUMERIC(30,0)", "9223372036854775807", "i 9223372036854775807"},
     Cell{"NUMERIC(30,0)", "5000000000000000000000", "r 5E+21"}, Cell{"BOOLEAN", "true", "i 1"},
@@ -138,11 +140,13 @@ TEST(OdbcValues, ThatHaveNoFormNameTheirPlace) {
     return errorOf([&] { rows.MoveLast(); });
   };
   expectEach(errorOfQuery,
-             Row{server, "SELECT '\\x00ff'::bytea AS photo",
+             Row{server,
+                 "SELECT '\\x00ff'::bytea AS photo",
                  "The field \"photo\" of row 1 holds bytes that are no text."},
              Row{server, "SELECT '0044-03-15 BC'::date AS ides", "The field \"ides\"" + outside},
              Row{server, "SELECT '-infinity'::timestamp AS ever", "The field \"ever\"" + outside},
-             Row{databases.sqlite(), "SELECT 'a' AS latin UNION ALL SELECT CAST(x'67fc' AS TEXT)",
+             Row{databases.sqlite(),
+                 "SELECT 'a' AS latin UNION ALL SELECT CAST(x'67fc' AS TEXT)",
                  "The field \"latin\" of row 2 holds a text that is not UTF-8."});
 }
 

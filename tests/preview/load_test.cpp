@@ -30,9 +30,12 @@ TEST_F(Load, ComingToTheFrontOrResizingGoesBackToAllPages) {
 
 TEST_F(Load, HidesWhatIsSwitchedOff) {
   const std::pair<std::uint8_t RunState::*, const char*> cases[] = {
-      {&RunState::ModRCont, "Check3 "},          {&RunState::ModREdit, "Check2 "},
-      {&RunState::ModRSearch, "Label7 Text4 "},  {&RunState::ModRImport, "CmdImport "},
-      {&RunState::ModRColor, "Label4 "},         {&RunState::ModRExport, "JeweledButton1 "},
+      {&RunState::ModRCont, "Check3 "},
+      {&RunState::ModREdit, "Check2 "},
+      {&RunState::ModRSearch, "Label7 Text4 "},
+      {&RunState::ModRImport, "CmdImport "},
+      {&RunState::ModRColor, "Label4 "},
+      {&RunState::ModRExport, "JeweledButton1 "},
       {&RunState::ModRPrint, "CmdPrint Label8 "}};
   for (const auto& [flag, names] : cases) {
     runState().*flag = 0;
@@ -40,8 +43,15 @@ TEST_F(Load, HidesWhatIsSwitchedOff) {
     form->JeweledButton1.onClick = form->Label8.onClick = [] {};
     form->load();
     std::string hidden;
-    for (const char* name : {"Check3", "Check2", "Label7", "Text4", "CmdImport", "Label4",
-                             "JeweledButton1", "CmdPrint", "Label8"}) {
+    for (const char* name : {"Check3",
+                             "Check2",
+                             "Label7",
+                             "Text4",
+                             "CmdImport",
+                             "Label4",
+                             "JeweledButton1",
+                             "CmdPrint",
+                             "Label8"}) {
       if (!form->at(name).Visible) hidden += std::string(name) + " ";
     }
     EXPECT_EQ(hidden, names);

@@ -8,10 +8,18 @@ using Moves = ReportWindow;
 
 TEST_F(Moves, EachButtonDoesItsRow) {
   const std::tuple<const char*, int, bool, bool> walk[] = {
-      {"CmdFst", 1, false, true}, {"CmdNxt", 2, true, true},   {"CmdBck", 1, true, true},
-      {"CmdBck", 1, false, true}, {"CmdNxt", 2, true, true},   {"CmdNxt", 3, true, true},
-      {"CmdNxt", 3, true, false}, {"CmdBck", 2, true, true},   {"CmdLast", 3, true, false},
-      {"CmdFst", 1, false, true}, {"CmdLast", 3, true, false}, {"CmdBck", 2, true, true},
+      {"CmdFst", 1, false, true},
+      {"CmdNxt", 2, true, true},
+      {"CmdBck", 1, true, true},
+      {"CmdBck", 1, false, true},
+      {"CmdNxt", 2, true, true},
+      {"CmdNxt", 3, true, true},
+      {"CmdNxt", 3, true, false},
+      {"CmdBck", 2, true, true},
+      {"CmdLast", 3, true, false},
+      {"CmdFst", 1, false, true},
+      {"CmdLast", 3, true, false},
+      {"CmdBck", 2, true, true},
   };
   open(pages(3));
   for (const auto& [click, page, back, next] : walk) {

@@ -18,11 +18,21 @@ TEST(PageRanges, AreReadAsPeopleWriteThem) {
     }
     return chosen;
   };
-  expectEach(pages, Row{"1,3,7-9,12-", "1 3 7 8 9 12 13 14 15 "}, Row{"9, 2-3 ,3", "2 3 9 "},
-             Row{"2-5,4-8,6", "2 3 4 5 6 7 8 "}, Row{"14-99999999999999999", "14 15 "},
-             Row{"", "none"}, Row{"0", "none"}, Row{"3-2", "none"}, Row{"1,,2", "none"},
-             Row{"1,", "none"}, Row{"-3", "none"}, Row{"a", "none"}, Row{"1-2-3", "none"},
-             Row{"9223372036854775807", "none"}, Row{"99999999999999999999", "none"});
+  expectEach(pages,
+             Row{"1,3,7-9,12-", "1 3 7 8 9 12 13 14 15 "},
+             Row{"9, 2-3 ,3", "2 3 9 "},
+             Row{"2-5,4-8,6", "2 3 4 5 6 7 8 "},
+             Row{"14-99999999999999999", "14 15 "},
+             Row{"", "none"},
+             Row{"0", "none"},
+             Row{"3-2", "none"},
+             Row{"1,,2", "none"},
+             Row{"1,", "none"},
+             Row{"-3", "none"},
+             Row{"a", "none"},
+             Row{"1-2-3", "none"},
+             Row{"9223372036854775807", "none"},
+             Row{"99999999999999999999", "none"});
 }
 
 TEST(PageRanges, KnowWhatAReportLacks) {
@@ -43,8 +53,11 @@ TEST(PageRanges, AreWrittenToAFile) {
     const bool isWritten = std::filesystem::exists(folder.path / "part");
     return std::to_string(count) + ": " + (isWritten ? readFile(folder.path / "part", "test") : "");
   };
-  expectEach(written, Row{"a\fb\fc\f\r\n", "1,3", "3: a\fc\f"}, Row{"a\fb", "1-", "1: a\f"},
-             Row{"a", "1", "1: a\f"}, Row{"a\fb\f", "2,9", "2: "});
+  expectEach(written,
+             Row{"a\fb\fc\f\r\n", "1,3", "3: a\fc\f"},
+             Row{"a\fb", "1-", "1: a\f"},
+             Row{"a", "1", "1: a\f"},
+             Row{"a\fb\f", "2,9", "2: "});
 }
 
 }  // namespace

@@ -16,9 +16,14 @@ TEST(PageTable, IsCutAtFormFeedsAlone) {
     for (std::int64_t i = 0; i < size; ++i) all += std::string(table[i]) + "|";
     return all;
   };
-  expectEach(elements, Row{"", "||"}, Row{"one", "one||"}, Row{"one\f", "one||"},
-             Row{"one\ftwo", "one|two|"}, Row{"one\ftwo\f", "one|two||"},
-             Row{"one\ftwo\f\r\n", "one|two|\r\n|"}, Row{"\f\f", "|||"});
+  expectEach(elements,
+             Row{"", "||"},
+             Row{"one", "one||"},
+             Row{"one\f", "one||"},
+             Row{"one\ftwo", "one|two|"},
+             Row{"one\ftwo\f", "one|two||"},
+             Row{"one\ftwo\f\r\n", "one|two|\r\n|"},
+             Row{"\f\f", "|||"});
 }
 
 }  // namespace

@@ -45,19 +45,29 @@ std::string told(std::string_view text) {
 
 TEST(PrintedReader, TellsTextAndWhereItStands) {
   const auto events = [](const std::string& text) { return told(text); };
-  expectEach(events, Row{"", ""}, Row{"ab\r\ncd\n", "0ab / 0cd / "}, Row{"ab\rc", "0ab 1! 0c"},
-             Row{"ab\r\r\n", "0ab 1!  / "}, Row{"a\tb\t\tc", "0a 1! 8b 1!  1! 24c"},
-             Row{"12345678\tx", "012345678 1! 16x"}, Row{"abc\b\bx", "0abc 1!  1! 1x"},
+  expectEach(events,
+             Row{"", ""},
+             Row{"ab\r\ncd\n", "0ab / 0cd / "},
+             Row{"ab\rc", "0ab 1! 0c"},
+             Row{"ab\r\r\n", "0ab 1!  / "},
+             Row{"a\tb\t\tc", "0a 1! 8b 1!  1! 24c"},
+             Row{"12345678\tx", "012345678 1! 16x"},
+             Row{"abc\b\bx", "0abc 1!  1! 1x"},
              Row{"a\x7F"
                  "b",
                  "0a 1! 1b"},
-             Row{"a\fb\r\nc", "0a # 0b / 0c"}, Row{"a\r", "0a 1! "},
-             Row{"\016ab\bc\nd", " 1! 0ab 1! 2c / 0d"}, Row{"\033J\n\033C\012x", " 3!  3! 0x"},
+             Row{"a\fb\r\nc", "0a # 0b / 0c"},
+             Row{"a\r", "0a 1! "},
+             Row{"\016ab\bc\nd", " 1! 0ab 1! 2c / 0d"},
+             Row{"\033J\n\033C\012x", " 3!  3! 0x"},
              Row{"\033Ea\033Gb\033F\033Hc", " 2! 0*a 2! 1*+b 2!  2! 2c"},
              Row{"\033-1a\033!\110b\033@c", " 3! 0_a 3! 1*~b 2! 2c"},
-             Row{std::string("\033C\0\fx", 5), " 4! 0x"}, Row{"\033", " 1! "},
-             Row{"\033$\f\nx", " 4! 0x"}, Row{std::string("\033K\002\000\f\nx", 7), " 6! 0x"},
-             Row{"x\033*\041\002", "0x 4! "}, Row{std::string("\033(U\001\000\nx", 7), " 6! 0x"},
+             Row{std::string("\033C\0\fx", 5), " 4! 0x"},
+             Row{"\033", " 1! "},
+             Row{"\033$\f\nx", " 4! 0x"},
+             Row{std::string("\033K\002\000\f\nx", 7), " 6! 0x"},
+             Row{"x\033*\041\002", "0x 4! "},
+             Row{std::string("\033(U\001\000\nx", 7), " 6! 0x"},
              Row{"\033D\010\020\001x", " 5! 0x"});
 }
 

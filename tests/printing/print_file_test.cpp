@@ -74,10 +74,10 @@ TEST_F(PrintFileTest, SaysWhatStopsAJob) {
   EXPECT_EQ(print(path(""), ""), "Cannot read \"" + path("") + "\": Is a directory.");
   machine_.spooler.breaksAfter =
       printerSetup({.paperHeight = 12, .draft = true}).size() + text_.size() + 7;
-  EXPECT_EQ(print(report_, "Laser"), "The printer \"Laser\" took " +
-                                         std::to_string(*machine_.spooler.breaksAfter) +
-                                         " bytes of the job and no more: The printer went away."
-                                         " It has 3 whole pages.");
+  EXPECT_EQ(print(report_, "Laser"),
+            "The printer \"Laser\" took " + std::to_string(*machine_.spooler.breaksAfter) +
+                " bytes of the job and no more: The printer went away."
+                " It has 3 whole pages.");
   EXPECT_EQ(machine_.spooler.jobs.back()->state, Job::State::cancelled);
   machine_.spooler.answers = false;
   EXPECT_EQ(print(report_, ""),
@@ -123,8 +123,9 @@ TEST_F(PrintFileTest, LocalDosCopiesTheReportAndStartsTheUsersScript) {
   std::filesystem::remove(script);
   std::filesystem::remove(device);
   machine_.printers.infos.clear();
-  EXPECT_EQ(errorOf(run), "There is no printer for \"Local Dos\": neither the device " + device +
-                              " nor a current printer.");
+  EXPECT_EQ(errorOf(run),
+            "There is no printer for \"Local Dos\": neither the device " + device +
+                " nor a current printer.");
 }
 
 TEST_F(PrintFileTest, OrientationAndPaperAreSetWhereTheyDiffer) {
@@ -133,12 +134,15 @@ TEST_F(PrintFileTest, OrientationAndPaperAreSetWhereTheyDiffer) {
     machine_.printers.kept["Laser"] = before;
     machine_.printers.calls.clear();
     class1_.Set_Orientation(PL, Page_Sz);
-    return std::accumulate(machine_.printers.calls.begin(), machine_.printers.calls.end(),
-                           std::string());
+    return std::accumulate(
+        machine_.printers.calls.begin(), machine_.printers.calls.end(), std::string());
   };
   using Before = PageSettings;
-  expectEach(calls, Row{"P", 0, Before{1, 9}, ""}, Row{"L", 0, Before{2, 9}, ""},
-             Row{"L", 9, Before{2, 9}, ""}, Row{"l", 1, Before{1, 1}, ""},
+  expectEach(calls,
+             Row{"P", 0, Before{1, 9}, ""},
+             Row{"L", 0, Before{2, 9}, ""},
+             Row{"L", 9, Before{2, 9}, ""},
+             Row{"l", 1, Before{1, 1}, ""},
              Row{"L", 0, Before{1, 5}, "keep Laser 2 5setCurrent Laser"},
              Row{"P", 1, Before{1, 9}, "keep Laser 1 1setCurrent Laser"},
              Row{"", 39, Before{2, 9}, "keep Laser 1 39setCurrent Laser"});

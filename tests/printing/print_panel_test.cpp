@@ -63,7 +63,11 @@ TEST_F(Panel, StartsInTheStoredModeAndWritesNothing) {
     return std::string(form.OptCharMode.Value ? "D" : "") + (form.OptWinMode.Value ? "W" : "") +
            (form.OptDosLocal.Value ? "L" : "");
   };
-  expectEach(chosen, Row{"D", "F", "D"}, Row{"W", "F", "W"}, Row{"L", "F", "D"}, Row{"L", "T", "L"},
+  expectEach(chosen,
+             Row{"D", "F", "D"},
+             Row{"W", "F", "W"},
+             Row{"L", "F", "D"},
+             Row{"L", "T", "L"},
              Row{"D", "T", "D"});
 }
 
@@ -82,8 +86,12 @@ TEST_F(Panel, WritesWhatTheUserChooses) {
     click(control);
     return stored();
   };
-  expectEach(storedBy, Row{"Check5", "0312T0D"}, Row{"ChL", "0312T1D"},
-             Row{"OptDosLocal", "0312T1L"}, Row{"OptWinMode", "0312T1W"}, Row{"Check5", "0312F1W"});
+  expectEach(storedBy,
+             Row{"Check5", "0312T0D"},
+             Row{"ChL", "0312T1D"},
+             Row{"OptDosLocal", "0312T1L"},
+             Row{"OptWinMode", "0312T1W"},
+             Row{"Check5", "0312F1W"});
   EXPECT_EQ(open().Comtear.Text, "3");
   EXPECT_EQ(form_->ComtearOut.Text, "12");
   EXPECT_EQ(form_->Chtear.Value, 1);
@@ -137,12 +145,14 @@ TEST_F(Panel, MarksWhatIsChosen) {
     }
     return bold;
   };
-  expectEach(boldAfter, Row{"Ch10", "OptCharMode ChDraft* Ch10* Op(0) "},
+  expectEach(boldAfter,
+             Row{"Ch10", "OptCharMode ChDraft* Ch10* Op(0) "},
              Row{"Ch12", "OptCharMode ChDraft* Ch12* Op(0) "},
              Row{"Ch17", "OptCharMode ChDraft* Ch12* Ch17* Op(0) "},
              Row{"Ch10", "OptCharMode ChDraft* Ch10* Op(0) "},
              Row{"ChDraft", "OptCharMode Ch10* Op(0) "},
-             Row{"OptWinMode", "OptWinMode Ch10* Op(0) "}, Row{"Op(2)", "OptWinMode Ch10* Op(2) "},
+             Row{"OptWinMode", "OptWinMode Ch10* Op(0) "},
+             Row{"Op(2)", "OptWinMode Ch10* Op(2) "},
              Row{"Op(1)", "OptWinMode Ch10* Op(1) "});
   headless::User(form).scroll("VScroll1", 1);
   EXPECT_EQ(form.Text3.Text, "99");
@@ -164,9 +174,15 @@ TEST_F(Panel, RangeIsMadeToFitTheReport) {
     form.moveFocus(nullptr);
     return refused ? after + ": " + lastMessage() : after;
   };
-  expectEach(fitted, Row{"2", "3", "2 to 3"}, Row{"3", "2", "3 to 3"}, Row{"2", "9", "2 to 3"},
-             Row{"", "3", "1 to 3"}, Row{"0", "2", "1 to 2"}, Row{"3", "", "3 to 3"},
-             Row{"9", "9", "9 to 3"}, Row{"", "", "1 to : plese Check Velue..."},
+  expectEach(fitted,
+             Row{"2", "3", "2 to 3"},
+             Row{"3", "2", "3 to 3"},
+             Row{"2", "9", "2 to 3"},
+             Row{"", "3", "1 to 3"},
+             Row{"0", "2", "1 to 2"},
+             Row{"3", "", "3 to 3"},
+             Row{"9", "9", "9 to 3"},
+             Row{"", "", "1 to : plese Check Velue..."},
              Row{"0", "0", "1 to 0: plese Check Velue..."});
 }
 
@@ -280,7 +296,9 @@ TEST_F(Panel, WindowsModeDrawsStyledPages) {
     return lastMessage();
   };
   expectEach(refusal,
-             Row{"3", "4", "1",
+             Row{"3",
+                 "4",
+                 "1",
                  "The pages \"3\" to \"4\" cannot be drawn: the report has the pages 1 to 3."},
              Row{"1", "32769", "1", "A range can reach to page 32768, not to \"32769\"."},
              Row{"2", "2", "1", "There is nothing to print: the pages are empty."},
@@ -299,7 +317,11 @@ TEST_F(Panel, SaysQuietlyWhatWillNotFit) {
     click(control);
     return form.LbFit.Caption;
   };
-  expectEach(said, Row{"Ch12", ""}, Row{"Ch10", line}, Row{"Op(1)", ""}, Row{"Op(0)", line},
+  expectEach(said,
+             Row{"Ch12", ""},
+             Row{"Ch10", line},
+             Row{"Op(1)", ""},
+             Row{"Op(0)", line},
              Row{"OptWinMode", line + ".27"});
 }
 

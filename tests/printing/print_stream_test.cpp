@@ -22,7 +22,8 @@ TEST(PrinterSetup, SendsTheCommandsOfTheJobInOrder) {
   using namespace std::string_literals;
   using Settings = PrintStreamSettings;
   expectEach(
-      printerSetup, Row{Settings{.paperHeight = 12}, "\033P\033C\0\014\033\031C\033C\0\014"s},
+      printerSetup,
+      Row{Settings{.paperHeight = 12}, "\033P\033C\0\014\033\031C\033C\0\014"s},
       Row{Settings{.paperHeight = 0, .draft = true}, "\033P\033x\0\033C\0\0\033\031C\033C\0\0"s},
       Row{Settings{.paperHeight = 6, .draft = true, .condensed = true, .semiCondensed = true},
           "\033P\033x\0\022\033W \033M\017\033C\0\006\033\031C\033C\0\006"s},
@@ -38,10 +39,16 @@ TEST(PrinterLines, EndInCrLfButForThoseWithAFormFeed) {
     lines.end();
     return out;
   };
-  expectEach(sent, Row{"", ""}, Row{"\r\n", "\r\n"}, Row{"A\r\n\f\r\nB\r\n", "A\r\n\fB\r\n"},
-             Row{"\022\f\017\r\nhead\r\n", "\022\f\017head\r\n"}, Row{"no end", "no end\r\n"},
-             Row{"last\f", "last\f"}, Row{"one\ntwo\n", "one\r\ntwo\r\n"},
-             Row{"over\rprint\r\n", "over\rprint\r\n"}, Row{"\r\r\n\f\f\n", "\r\r\n\f\f"});
+  expectEach(sent,
+             Row{"", ""},
+             Row{"\r\n", "\r\n"},
+             Row{"A\r\n\f\r\nB\r\n", "A\r\n\fB\r\n"},
+             Row{"\022\f\017\r\nhead\r\n", "\022\f\017head\r\n"},
+             Row{"no end", "no end\r\n"},
+             Row{"last\f", "last\f"},
+             Row{"one\ntwo\n", "one\r\ntwo\r\n"},
+             Row{"over\rprint\r\n", "over\rprint\r\n"},
+             Row{"\r\r\n\f\f\n", "\r\r\n\f\f"});
 }
 
 // The rule once more, line by line on a whole text.

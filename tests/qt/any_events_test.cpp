@@ -67,8 +67,14 @@ class AnyEvents : public testing::TestWithParam<unsigned> {
   void anyWheel() {
     QWidget* target = window_->childAt(window_->width() / 2, window_->height() / 2);
     if (target == nullptr) return;
-    QWheelEvent event({5, 5}, target->mapToGlobal(QPointF(5, 5)), {}, {0, (below(7) - 3) * 120},
-                      Qt::NoButton, anyModifiers(), Qt::NoScrollPhase, false);
+    QWheelEvent event({5, 5},
+                      target->mapToGlobal(QPointF(5, 5)),
+                      {},
+                      {0, (below(7) - 3) * 120},
+                      Qt::NoButton,
+                      anyModifiers(),
+                      Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(target, &event);
   }
 

@@ -135,9 +135,10 @@ TEST_F(Looks, WhatTheScreenCannotHoldIsReachedByScrolling) {
     const QWidget& widget = window.view(control)->widget;
     return widget.visibleRegion().boundingRect() == widget.rect();
   };
-  for (Control* control :
-       {static_cast<Control*>(&form->Text4), static_cast<Control*>(&form->JeExit),
-        static_cast<Control*>(&form->CmdFst), static_cast<Control*>(&form->Check2)}) {
+  for (Control* control : {static_cast<Control*>(&form->Text4),
+                           static_cast<Control*>(&form->JeExit),
+                           static_cast<Control*>(&form->CmdFst),
+                           static_cast<Control*>(&form->Check2)}) {
     EXPECT_TRUE(control->SetFocus());
     window.sync();
     EXPECT_TRUE(inSight(*control)) << control->name;

@@ -305,8 +305,10 @@ TEST(PaintedReportWindow, PanelHidesWhatLiesBehindAndTheCalculatorIsDrawn) {
     window.sync();
     const QRect panel = window.view(form->Frame1)->widget.geometry();
     const QImage picture = pictureOf(*window.widget());
-    for (const QPoint& corner : {QPoint(8, 8), QPoint(panel.width() - 9, 8),
-                                 QPoint(8, panel.height() - 9), QPoint(288, 200)}) {
+    for (const QPoint& corner : {QPoint(8, 8),
+                                 QPoint(panel.width() - 9, 8),
+                                 QPoint(8, panel.height() - 9),
+                                 QPoint(288, 200)}) {
       EXPECT_EQ(picture.pixel(panel.topLeft() + corner), surface.rgb());
     }
     const QImage calculator = pictureOf(window.view(form->Image1)->widget);

@@ -33,8 +33,14 @@ class ReportViewTest : public testing::Test {
     view.takeKey(event);
   }
   void wheel(int notches, Qt::KeyboardModifiers modifiers = {}) {
-    QWheelEvent event({50, 50}, view.mapToGlobal(QPointF(50, 50)), {}, {0, notches * 120},
-                      Qt::NoButton, modifiers, Qt::NoScrollPhase, false);
+    QWheelEvent event({50, 50},
+                      view.mapToGlobal(QPointF(50, 50)),
+                      {},
+                      {0, notches * 120},
+                      Qt::NoButton,
+                      modifiers,
+                      Qt::NoScrollPhase,
+                      false);
     QApplication::sendEvent(view.viewport(), &event);
   }
   QPoint inside(std::size_t offset) { return view.pointOf(offset) + QPoint(1, 3); }
@@ -98,8 +104,12 @@ TEST_F(ReportViewTest, TheMouseMovesTheCaretAndSelects) {
   QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, inside(0));
   EXPECT_EQ(box.caret(), 15u) << "Ctrl belongs to the form";
   QTest::mousePress(view.viewport(), Qt::LeftButton, {}, inside(16));
-  QMouseEvent dragged(QEvent::MouseMove, inside(19), view.mapToGlobal(inside(19)), Qt::NoButton,
-                      Qt::LeftButton, {});
+  QMouseEvent dragged(QEvent::MouseMove,
+                      inside(19),
+                      view.mapToGlobal(inside(19)),
+                      Qt::NoButton,
+                      Qt::LeftButton,
+                      {});
   QApplication::sendEvent(view.viewport(), &dragged);
   EXPECT_EQ(selected(), "ond");
   QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, inside(19));

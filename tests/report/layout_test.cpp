@@ -10,20 +10,33 @@ TEST(Layout, CellsHaveTheirExactWidth) {
   const auto both = [](std::string_view text, std::int16_t width) {
     return TxtL(text, width) + "|" + TxtR(text, width);
   };
-  expectEach(both, Row{"  ab  ", 4, "ab  |  ab"}, Row{"", 4, "    |    "}, Row{"anything", 0, "|"},
-             Row{"12345", 3, "123|345"}, Row{"exact", 5, "exact|exact"},
-             Row{"\tab", 4, "\tab | \tab"}, Row{"a b", 2, "a | b"}, Row{"naïve€", 4, "naïv|ïve€"},
+  expectEach(both,
+             Row{"  ab  ", 4, "ab  |  ab"},
+             Row{"", 4, "    |    "},
+             Row{"anything", 0, "|"},
+             Row{"12345", 3, "123|345"},
+             Row{"exact", 5, "exact|exact"},
+             Row{"\tab", 4, "\tab | \tab"},
+             Row{"a b", 2, "a | b"},
+             Row{"naïve€", 4, "naïv|ïve€"},
              Row{"é", 3, "é  |  é"});
 }
 
 TEST(Layout, CenteringRoundsHalfABlankToTheEvenNumber) {
-  expectEach(StrCenter, Row{"four", 9, "  four"}, Row{"four", 11, "    four"},
-             Row{" four ", 4, "four"}, Row{"four", 5, "four"}, Row{"four", 6, " four"},
-             Row{"", 4, "  "}, Row{"café", 7, "  café"});
+  expectEach(StrCenter,
+             Row{"four", 9, "  four"},
+             Row{"four", 11, "    four"},
+             Row{" four ", 4, "four"},
+             Row{"four", 5, "four"},
+             Row{"four", 6, " four"},
+             Row{"", 4, "  "},
+             Row{"café", 7, "  café"});
 }
 
 TEST(Layout, PrintLineStartsTheSecondTextAtItsPlace) {
-  expectEach(Print_line, Row{6, " ab", "cd ", " ab   cd "}, Row{2, "ab", "cd", "abcd"},
+  expectEach(Print_line,
+             Row{6, " ab", "cd ", " ab   cd "},
+             Row{2, "ab", "cd", "abcd"},
              Row{3, "é", "x", "é  x"});
 }
 

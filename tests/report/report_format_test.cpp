@@ -11,8 +11,20 @@ using Names = std::vector<std::string>;
 /// A column with its required fields, one of them changed, and others added.
 MemoryTable changed(const std::string& field, const Value& value, const Names& moreNames = {},
                     const std::vector<Value>& more = {}) {
-  Names names = {"fNM",   "fHeder", "Sz",   "Dtyp",       "Ali",        "Spc",        "Lt",
-                 "GTot1", "GTot2",  "Frmt", "BoldGroup1", "BoldGroup2", "AllPageTot", "FontNm"};
+  Names names = {"fNM",
+                 "fHeder",
+                 "Sz",
+                 "Dtyp",
+                 "Ali",
+                 "Spc",
+                 "Lt",
+                 "GTot1",
+                 "GTot2",
+                 "Frmt",
+                 "BoldGroup1",
+                 "BoldGroup2",
+                 "AllPageTot",
+                 "FontNm"};
   std::vector<Value> row = {"item", "Item", std::int64_t{10}, "Text", "Left", "2", "Yes"};
   row.resize(names.size());
   names.insert(names.end(), moreNames.begin(), moreNames.end());
@@ -39,9 +51,11 @@ TEST(ReportFormat, NullsAndMissingFieldsTakeTheirDefaults) {
   EXPECT_EQ(c.DupPrintYN, "N");
   EXPECT_EQ(c.CellClass + c.GroupHeader + c.G_H_FontNm + c.GTot1 + c.Frmt, "");
 
-  const std::vector<ColumnFormat> salary = read(
-      changed("Dtyp", "", {"FONTSIZE", "groupheader", "G_H_FontNm", "G_H_fontsize", "dupprintyn"},
-              {std::monostate{}, std::monostate{}, "Arial", "7.5", std::monostate{}}));
+  const std::vector<ColumnFormat> salary =
+      read(changed("Dtyp",
+                   "",
+                   {"FONTSIZE", "groupheader", "G_H_FontNm", "G_H_fontsize", "dupprintyn"},
+                   {std::monostate{}, std::monostate{}, "Arial", "7.5", std::monostate{}}));
   EXPECT_EQ(salary[0].Dtyp, U' ');
   EXPECT_EQ(salary[0].CellClass + salary[0].GroupHeader, "<Q>0");
   EXPECT_EQ(salary[0].G_H_FontNm + salary[0].DupPrintYN, "ArialN");
@@ -54,9 +68,12 @@ TEST(ReportFormat, TheCountMarkerIsTakenOutOfTheGroupsName) {
     EXPECT_EQ(column.Group2Count, 0) << field;
     return column.GTot1 + (column.Group1Count == 1 ? ", counted" : "");
   };
-  expectEach(group, Row{"customer", "customer"}, Row{"Count+customer", "customer, counted"},
+  expectEach(group,
+             Row{"customer", "customer"},
+             Row{"Count+customer", "customer, counted"},
              Row{"COUNT+Customer", "Customer, counted"},
-             Row{"count+cusCount+tomer", "customer, counted"}, Row{"Count+", ", counted"},
+             Row{"count+cusCount+tomer", "customer, counted"},
+             Row{"Count+", ", counted"},
              Row{"Count +customer", "Count +customer"});
 }
 

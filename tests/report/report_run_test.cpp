@@ -56,8 +56,21 @@ Value cell(const std::string& text) {
 /// Of rows "outer/inner/number"; "-" is null, '' an empty text.
 std::string told(const ReportRules& rules, const char* width, const char* type,
                  const std::string& rows, double page = 1000) {
-  MemoryTable columns = columnTable({{"number", "N", width, type, "R", "1", "Y", "", "inner",
-                                      "outer", "", "", "", "Y", "number"}});
+  MemoryTable columns = columnTable({{"number",
+                                      "N",
+                                      width,
+                                      type,
+                                      "R",
+                                      "1",
+                                      "Y",
+                                      "",
+                                      "inner",
+                                      "outer",
+                                      "",
+                                      "",
+                                      "",
+                                      "Y",
+                                      "number"}});
   std::shared_ptr<ReportFormatTable> table;
   readReportFormat(columns, table);
   MemoryTable data({"outer", "inner", "number"});
@@ -75,12 +88,14 @@ std::string told(const ReportRules& rules, const char* width, const char* type,
 
 TEST(ReportRun, TellsWhatHappensInOrder) {
   const auto text = [](const char* rows) { return told(kTextRules, "4", "N", rows); };
-  expectEach(text, Row{"A/a/1 A/a/2 A/b/3", "+o:A +i:a 1 2 -i!3 +i:b 3 -i.3 -o.6"},
+  expectEach(text,
+             Row{"A/a/1 A/a/2 A/b/3", "+o:A +i:a 1 2 -i!3 +i:b 3 -i.3 -o.6"},
              Row{"A/a/1 B/a/2 B/A/3 b/a/4", "+o:A +i:a 1 -i:1 -o:1 +o:B +i:a 2 3 4 -i.9 -o.9"},
              Row{"A/a/1 -/-/2 -/-/3", "+o:A +i:a 1 -i:1 -o:1 +o:  +i:  2 3 -i.5 -o.5"},
              Row{"b/a/1 c/ab/2", "+o:b +i:a 1 -i:1 -o:1 +o:c +i:ab 2 -i.2 -o.2"},
              Row{"''/''/1 ''/a/2 B/a/3", "1 +i:a 2 +o:B +i:a 3 -i.6 -o.6"},
-             Row{"A/a/5 A/a/5 A/a/-", "+o:A +i:a 5 _ 0 -i.5 -o.5"}, Row{"", "-i.0"});
+             Row{"A/a/5 A/a/5 A/a/-", "+o:A +i:a 5 _ 0 -i.5 -o.5"},
+             Row{"", "-i.0"});
 }
 
 TEST(ReportRun, WritersDifferInTheirRulesAlone) {
@@ -88,8 +103,11 @@ TEST(ReportRun, WritersDifferInTheirRulesAlone) {
   // row at all.
   const char* const rows[] = {"A/a/1 -/a/2 -/a/3", "A/a/1 a/a/2", "b/a/1 c/ab/2", ""};
   const auto html = [&](int i) { return told(kHtmlRules, "4", "N", rows[i]); };
-  expectEach(html, Row{0, "+o:A +i:a 1 +i:a 2 +i:a 3 -i.6 -o.6"}, Row{1, "+o:A +i:a 1 2 -i.3 -o.3"},
-             Row{2, "+o:b +i:a 1 -o:1 +o:c +i:ab 2 -i.3 -o.2"}, Row{3, ""});
+  expectEach(html,
+             Row{0, "+o:A +i:a 1 +i:a 2 +i:a 3 -i.6 -o.6"},
+             Row{1, "+o:A +i:a 1 2 -i.3 -o.3"},
+             Row{2, "+o:b +i:a 1 -o:1 +o:c +i:ab 2 -i.3 -o.2"},
+             Row{3, ""});
   const auto salary = [&](int i) { return told(kSalaryHtmlRules, "4", "N", rows[i]); };
   expectEach(salary, Row{0, html(0)}, Row{1, "+o:A +i:a 1 +i:a 2 -i.3 -o.3"}, Row{2, html(2)});
   EXPECT_EQ(told(kWorkbookRules, "4", "N", "A/a/5 B/b/5"), "5 5");
@@ -106,8 +124,11 @@ TEST(ReportRun, LinesOfAPageAreCountedInEightBitsAndTwipsAreNot) {
     page.add(height);
     return page.isFull();
   };
-  expectEach(full, Row{PageUnit::lines, 252, 251, true}, Row{PageUnit::lines, 251, 251, false},
-             Row{PageUnit::lines, 256, 251, false}, Row{PageUnit::twips, 256, 251.5, true});
+  expectEach(full,
+             Row{PageUnit::lines, 252, 251, true},
+             Row{PageUnit::lines, 251, 251, false},
+             Row{PageUnit::lines, 256, 251, false},
+             Row{PageUnit::twips, 256, 251.5, true});
 }
 
 }  // namespace

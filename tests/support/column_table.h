@@ -12,10 +12,22 @@ namespace paperway {
 using Columns = std::vector<std::vector<std::string>>;
 
 inline MemoryTable columnTable(const Columns& columns) {
-  const std::vector<std::string> names = {
-      "fNM",           "fHeder", "Sz",    "Dtyp", "Ali",        "Spc",        "Lt",
-      "AllPageTot",    "GTot1",  "GTot2", "Frmt", "BoldGroup1", "BoldGroup2", "DupPrintYN",
-      "DupPrintField", "FontNm"};
+  const std::vector<std::string> names = {"fNM",
+                                          "fHeder",
+                                          "Sz",
+                                          "Dtyp",
+                                          "Ali",
+                                          "Spc",
+                                          "Lt",
+                                          "AllPageTot",
+                                          "GTot1",
+                                          "GTot2",
+                                          "Frmt",
+                                          "BoldGroup1",
+                                          "BoldGroup2",
+                                          "DupPrintYN",
+                                          "DupPrintField",
+                                          "FontNm"};
   MemoryTable table(names);
   for (const auto& column : columns) {
     std::vector<Value> row(names.size());

@@ -29,8 +29,8 @@ void expectRow(const Call& call, const std::tuple<Cells...>& cells, std::index_s
 
 template <class Call, class... Rows>
 void expectEach(const Call& call, const Rows&... rows) {
-  (expectRow(call, rows.cells,
-             std::make_index_sequence<std::tuple_size_v<decltype(rows.cells)> - 1>()),
+  (expectRow(
+       call, rows.cells, std::make_index_sequence<std::tuple_size_v<decltype(rows.cells)> - 1>()),
    ...);
 }
 

@@ -29,17 +29,18 @@ class PrivateCups {
     for (const char* folder : {"spool", "cache", "state", "tmp", "log", "ppd"}) {
       std::filesystem::create_directories(folder_.path / folder);
     }
-    write("cupsd.conf", "Listen " + server_ +
-                            "\nBrowsing Off\nWebInterface No\nErrorPolicy abort-job\n"
-                            "DefaultAuthType None\nLogLevel warn\nMaxJobs 0\n"
-                            "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
-                            "<Policy default>\n  <Limit All>\n    Order allow,deny\n"
-                            "    Allow all\n  </Limit>\n</Policy>\n");
-    write("cups-files.conf", "ServerRoot " + at("") + "\nServerBin /usr/lib/cups\nRequestRoot " +
-                                 at("spool") + "\nCacheDir " + at("cache") + "\nStateDir " +
-                                 at("state") + "\nTempDir " + at("tmp") + "\nAccessLog " +
-                                 at("log/access") + "\nErrorLog " + at("log/error") + "\nPageLog " +
-                                 at("log/page") + "\nUser lp\nGroup lp\nSystemGroup root\n");
+    write("cupsd.conf",
+          "Listen " + server_ +
+              "\nBrowsing Off\nWebInterface No\nErrorPolicy abort-job\n"
+              "DefaultAuthType None\nLogLevel warn\nMaxJobs 0\n"
+              "<Location />\n  Order allow,deny\n  Allow all\n</Location>\n"
+              "<Policy default>\n  <Limit All>\n    Order allow,deny\n"
+              "    Allow all\n  </Limit>\n</Policy>\n");
+    write("cups-files.conf",
+          "ServerRoot " + at("") + "\nServerBin /usr/lib/cups\nRequestRoot " + at("spool") +
+              "\nCacheDir " + at("cache") + "\nStateDir " + at("state") + "\nTempDir " + at("tmp") +
+              "\nAccessLog " + at("log/access") + "\nErrorLog " + at("log/error") + "\nPageLog " +
+              at("log/page") + "\nUser lp\nGroup lp\nSystemGroup root\n");
     std::filesystem::permissions(folder_.path, std::filesystem::perms(0755));
     setenv("CUPS_SERVERROOT", folder_.path.c_str(), 1);
     setenv("HOME", folder_.path.c_str(), 1);
@@ -89,8 +90,14 @@ class PrivateCups {
     ASSERT_EQ(posix_spawn(&pid_, "/usr/sbin/cupsd", nullptr, nullptr, arguments.data(), environ),
               0);
     for (int tries = 0; tries < 600; ++tries) {
-      http_t* const http = httpConnect2(cupsServer(), ippPort(), nullptr, AF_UNSPEC,
-                                        HTTP_ENCRYPTION_IF_REQUESTED, 1, 1000, nullptr);
+      http_t* const http = httpConnect2(cupsServer(),
+                                        ippPort(),
+                                        nullptr,
+                                        AF_UNSPEC,
+                                        HTTP_ENCRYPTION_IF_REQUESTED,
+                                        1,
+                                        1000,
+                                        nullptr);
       if (http != nullptr) return httpClose(http);
       usleep(50'000);
     }

@@ -19,9 +19,17 @@ inline void replaceAll(std::string& text, const std::string& from, const std::st
 inline std::string readable(std::string bytes) {
   const DOSEFONTcHR font;
   const std::vector<std::pair<std::string, std::string>> names = {
-      {font.BBon, "<BBon>"}, {font.BBoff, "<BBoff>"}, {font.C96, "<C96>"}, {font.C80, "<C80>"},
-      {font.Bon, "<Bon>"},   {font.Boff, "<Boff>"},   {font.Con, "<Con>"}, {font.Coff, "<Coff>"},
-      {"\x0C", "<FF>"},      {"\r\n", "\n"},          {"\r", "<lone CR>"},
+      {font.BBon, "<BBon>"},
+      {font.BBoff, "<BBoff>"},
+      {font.C96, "<C96>"},
+      {font.C80, "<C80>"},
+      {font.Bon, "<Bon>"},
+      {font.Boff, "<Boff>"},
+      {font.Con, "<Con>"},
+      {font.Coff, "<Coff>"},
+      {"\x0C", "<FF>"},
+      {"\r\n", "\n"},
+      {"\r", "<lone CR>"},
   };
   for (const auto& [from, to] : names) replaceAll(bytes, from, to);
   return bytes;

@@ -48,7 +48,9 @@ TEST_F(Direct, PrinterThatFailsSaysWhyAndHowFarTheJobCame) {
        {Case{"socket://127.0.0.1:1", "127.0.0.1 port 1: Connection refused"},
         Case{"socket://no.such.host.invalid", "Cannot find \"no.such.host.invalid\": "},
         Case{"socket://" + hangsUp.address(), "It closed the connection", 1, 40 * kMegabyte},
-        Case{"socket://" + neverReads.address(), "It took nothing for 0.3 seconds", 1,
+        Case{"socket://" + neverReads.address(),
+             "It took nothing for 0.3 seconds",
+             1,
              40 * kMegabyte},
         Case{"file:///dev/full", "No space left on device"},
         Case{"file:///dev/no/such/printer", "/dev/no/such/printer: No such file or directory"},
@@ -124,9 +126,11 @@ TEST_F(Direct, TargetsAreCheckedBeforeTheyAreKept) {
   const auto placeAndPort = [](const char* target) {
     return parseTarget(target).place + "; " + parseTarget(target).port;
   };
-  expectEach(placeAndPort, Row{"socket://printer", "printer; 9100"},
+  expectEach(placeAndPort,
+             Row{"socket://printer", "printer; 9100"},
              Row{"socket://10.0.0.7:515/", "10.0.0.7; 515"},
-             Row{"socket://[fe80::1]", "fe80::1; 9100"}, Row{"socket://[::1]:91", "::1; 91"},
+             Row{"socket://[fe80::1]", "fe80::1; 9100"},
+             Row{"socket://[::1]:91", "::1; 91"},
              Row{"file:///dev/usb/lp0", "/dev/usb/lp0; "},
              Row{"|cat > '/tmp/a b'", "cat > '/tmp/a b'; "});
   for (const char* target : {"socket://", "socket://host:port", "file://relative", "| ", "lpt1"}) {

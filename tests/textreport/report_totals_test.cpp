@@ -115,11 +115,21 @@ TEST_F(ReportTotals, OfRandomReportsAddUpFromTheirRows) {
     for (int i = upTo(4); i >= 0; --i) {
       names.push_back("n" + std::to_string(i));
       const std::string total = oneOf({"Y", "N"});
-      columns.push_back({names.back(), "Heading", "11", "N", "R", "1", total,
+      columns.push_back({names.back(),
+                         "Heading",
+                         "11",
+                         "N",
+                         "R",
+                         "1",
+                         total,
                          total == "Y" ? oneOf({"Y", "N"}) : "N",
                          groups ? oneOf({"", "inner", "Count+inner"}) : "",
-                         groups ? oneOf({"", "outer", "Count+outer"}) : "", oneOf({"0", "#,##0"}),
-                         "", "", oneOf({"N", "N", "Y"}), "inner"});
+                         groups ? oneOf({"", "outer", "Count+outer"}) : "",
+                         oneOf({"0", "#,##0"}),
+                         "",
+                         "",
+                         oneOf({"N", "N", "Y"}),
+                         "inner"});
     }
     if (groups) columns[0][kInner] = "inner", columns[0][kOuter] = "outer";
     MemoryTable rows(names);
@@ -134,12 +144,12 @@ TEST_F(ReportTotals, OfRandomReportsAddUpFromTheirRows) {
       for (std::size_t i = 2; i < names.size(); ++i) row.push_back(std::int64_t{upTo(2000) - 1000});
       rows.addRow(row);
     }
-    const std::string bytes =
-        report(columns, {.Rs = rows,
-                         .Tital1 = "Title",
-                         .MPLine = static_cast<std::uint8_t>(upTo(80)),
-                         .Srno = 1,
-                         .C_80_96_136 = static_cast<std::uint8_t>(upTo(1) * 136)});
+    const std::string bytes = report(columns,
+                                     {.Rs = rows,
+                                      .Tital1 = "Title",
+                                      .MPLine = static_cast<std::uint8_t>(upTo(80)),
+                                      .Srno = 1,
+                                      .C_80_96_136 = static_cast<std::uint8_t>(upTo(1) * 136)});
     ReadAgain again(columns, readable(bytes));
     again.check();
     EXPECT_EQ(again.rows, rowCount);

@@ -27,12 +27,13 @@ using TextReport = ReportTest;
 
 TEST_F(TextReport, PlainRowsMatchTheWorkedPage) {
   MemoryTable rows({"Item", "AMOUNT"}, {{"Apple", 12.5}, {"Café", "1000.25"}});
-  const std::string bytes = report(kPlain, {.Rs = rows,
-                                            .Tital1 = "Sales",
-                                            .Tital5 = "2026",
-                                            .MPLine = 60,
-                                            .Srno = 1,
-                                            .C_80_96_136 = 80});
+  const std::string bytes = report(kPlain,
+                                   {.Rs = rows,
+                                    .Tital1 = "Sales",
+                                    .Tital5 = "2026",
+                                    .MPLine = 60,
+                                    .Srno = 1,
+                                    .C_80_96_136 = 80});
   EXPECT_EQ(readable(bytes), CodePage::windows1252().encode(golden("plain_80.txt")));
   EXPECT_EQ(nextSerial_, 3);
   EXPECT_TRUE(rows.Eof());
@@ -64,8 +65,15 @@ TEST_F(TextReport, RowsOfAPageFollowFromItsLineBudget) {
     EXPECT_EQ(count(bytes, "Page No # "), count(bytes, "\f"));
     return count(bytes, "\f");
   };
-  expectEach(pages, Row{52, 60, 1}, Row{53, 60, 2}, Row{106, 60, 3}, Row{3, 5, 4}, Row{3, 0, 4},
-             Row{247, 255, 1}, Row{248, 255, 2}, Row{0, 60, 1});
+  expectEach(pages,
+             Row{52, 60, 1},
+             Row{53, 60, 2},
+             Row{106, 60, 3},
+             Row{3, 5, 4},
+             Row{3, 0, 4},
+             Row{247, 255, 1},
+             Row{248, 255, 2},
+             Row{0, 60, 1});
 }
 
 TEST_F(TextReport, TheLineCountWrapsAt256) {
@@ -91,30 +99,41 @@ TEST_F(TextReport, PitchCodesStandWhereTheyBelong) {
     }
     return found;
   };
-  expectEach(codes, Row{136, "<Con> <Coff><FF><Con> <Coff><FF>"}, Row{96, "<C96> <FF> <FF>"},
-             Row{80, "<C80> <FF> <FF>"}, Row{100, " <FF> <FF>"}, Row{0, " <FF> <FF>"});
+  expectEach(codes,
+             Row{136, "<Con> <Coff><FF><Con> <Coff><FF>"},
+             Row{96, "<C96> <FF> <FF>"},
+             Row{80, "<C80> <FF> <FF>"},
+             Row{100, " <FF> <FF>"},
+             Row{0, " <FF> <FF>"});
 }
 
 TEST_F(TextReport, CellsFollowTheirTypeAndSide) {
-  const auto cell = [&](const char* type, const char* side, const char* pattern,
-                        const Value& value) {
-    MemoryTable rows({"f"}, {{value}});
-    const std::string bytes = report({{"f", "F", "8", type, side, "1", "N", "", "", "", pattern}},
-                                     {.Rs = rows, .MPLine = 60});
-    const std::string rule = std::string(9, '-') + "\r\n";
-    const std::size_t begin = bytes.find(rule, bytes.find(rule) + 1) + rule.size();
-    return bytes.substr(begin, bytes.find("\r\n", begin) - begin);
-  };
+  const auto cell =
+      [&](const char* type, const char* side, const char* pattern, const Value& value) {
+        MemoryTable rows({"f"}, {{value}});
+        const std::string bytes =
+            report({{"f", "F", "8", type, side, "1", "N", "", "", "", pattern}},
+                   {.Rs = rows, .MPLine = 60});
+        const std::string rule = std::string(9, '-') + "\r\n";
+        const std::size_t begin = bytes.find(rule, bytes.find(rule) + 1) + rule.size();
+        return bytes.substr(begin, bytes.find("\r\n", begin) - begin);
+      };
   const Date date{2026, 3, 5};
-  expectEach(
-      cell, Row{"T", "L", "", "  too long for it ", "too long "},
-      Row{"T", "R", "", "too long for it", "g for it "}, Row{"T", "L", "", Value(), "         "},
-      Row{"T", "R", "0.00", 2.5, "     2.5 "}, Row{"N", "R", "0.00", Value(), "    0.00 "},
-      Row{"N", "R", "#,##0.00", 123456789.0, "6,789.00 "},
-      Row{"N", "L", "0", "12 pieces", "12       "}, Row{"N", "R", "0.00", "1,234.50", "    1.00 "},
-      Row{"N", "R", "0", "about 12", "       0 "}, Row{"N", "R", "0.00", 2.345, "    2.35 "},
-      Row{"D", "L", "dd-mm-yy", date, "05-03-26 "}, Row{"D", "L", "", date, "3/5/2026 "},
-      Row{"D", "L", "dd-mm-yy", Value(), "         "}, Row{"X", "L", "", "lost", ""});
+  expectEach(cell,
+             Row{"T", "L", "", "  too long for it ", "too long "},
+             Row{"T", "R", "", "too long for it", "g for it "},
+             Row{"T", "L", "", Value(), "         "},
+             Row{"T", "R", "0.00", 2.5, "     2.5 "},
+             Row{"N", "R", "0.00", Value(), "    0.00 "},
+             Row{"N", "R", "#,##0.00", 123456789.0, "6,789.00 "},
+             Row{"N", "L", "0", "12 pieces", "12       "},
+             Row{"N", "R", "0.00", "1,234.50", "    1.00 "},
+             Row{"N", "R", "0", "about 12", "       0 "},
+             Row{"N", "R", "0.00", 2.345, "    2.35 "},
+             Row{"D", "L", "dd-mm-yy", date, "05-03-26 "},
+             Row{"D", "L", "", date, "3/5/2026 "},
+             Row{"D", "L", "dd-mm-yy", Value(), "         "},
+             Row{"X", "L", "", "lost", ""});
 }
 
 TEST_F(TextReport, TitlesAndPageNumberShareTheHead) {
@@ -127,7 +146,8 @@ TEST_F(TextReport, TitlesAndPageNumberShareTheHead) {
     const std::size_t begin = text.find("<Bon>Sub<Boff>\n") + 15;
     return text.substr(begin, text.find('\n', begin) - begin);
   };
-  expectEach(pageLine, Row{"", "<Bon><Boff>    Page No # 0001"},
+  expectEach(pageLine,
+             Row{"", "<Bon><Boff>    Page No # 0001"},
              Row{"2026", "<Bon>2026<Boff>Page No # 0001"},
              Row{"2026-27 half", "<Bon>2026-27 half<Boff># 0001"},
              Row{"eighteen letters..", "<Bon>eighteen letters..<Boff>"},
@@ -142,7 +162,9 @@ TEST_F(TextReport, TotalsOutliveARunUntilTheTableIsReadAnew) {
 }
 
 TEST_F(TextReport, TotalsAreDecimalsOfFifteenDigits) {
-  const auto total = [&](const char* side, std::size_t width, const char* pattern,
+  const auto total = [&](const char* side,
+                         std::size_t width,
+                         const char* pattern,
                          const std::vector<double>& values) {
     MemoryTable rows({"n"});
     for (const double value : values) rows.addRow({value});
@@ -152,12 +174,15 @@ TEST_F(TextReport, TotalsAreDecimalsOfFifteenDigits) {
     return bytes.substr(bytes.rfind(std::string(width, '-')) - width - 2, width);
   };
   const std::vector<double> large = {6e14, 6e14}, small = {0.1, 0.2, -0.3};
-  expectEach(
-      total, Row{"R", 17, "", large, " 1200000000000000"}, Row{"L", 8, "", small, "0.000000"},
-      Row{"R", 17, "General Number", large, " 1200000000000000"},
-      Row{"R", 5, "0.00", small, " 0.00"}, Row{"R", 18, ">@", large, "  1200000000000000"},
-      Row{"R", 9, "0E+00", large, "    1E+15"}, Row{"R", 3, "", std::vector<double>{1e-29}, "  0"},
-      Row{"R", 17, "", std::vector<double>{-1e15, 0.5}, "-1000000000000000"});
+  expectEach(total,
+             Row{"R", 17, "", large, " 1200000000000000"},
+             Row{"L", 8, "", small, "0.000000"},
+             Row{"R", 17, "General Number", large, " 1200000000000000"},
+             Row{"R", 5, "0.00", small, " 0.00"},
+             Row{"R", 18, ">@", large, "  1200000000000000"},
+             Row{"R", 9, "0E+00", large, "    1E+15"},
+             Row{"R", 3, "", std::vector<double>{1e-29}, "  0"},
+             Row{"R", 17, "", std::vector<double>{-1e15, 0.5}, "-1000000000000000"});
 }
 
 /// Rows on which something is done at each move to the next one.

@@ -6,20 +6,24 @@ namespace paperway {
 namespace {
 
 TEST(IniText, AWriteGivesTheseBytes) {
-  const auto write = [](std::string_view file, const char* section, const char* key,
-                        const char* value) {
-    const std::string after = withSetting(file, section, key, value);
-    EXPECT_EQ(findSetting(after, section, key), value) << after;
-    return after;
-  };
-  expectEach(write, Row{"", "S", "k", "v", "[S]\r\nk=v\r\n"},
+  const auto write =
+      [](std::string_view file, const char* section, const char* key, const char* value) {
+        const std::string after = withSetting(file, section, key, value);
+        EXPECT_EQ(findSetting(after, section, key), value) << after;
+        return after;
+      };
+  expectEach(write,
+             Row{"", "S", "k", "v", "[S]\r\nk=v\r\n"},
              Row{"[S]\r\na=1\r\n", "s", "B", "", "[S]\r\nB=\r\na=1\r\n"},
              Row{"[S]\r\ncond=1\r\nb=2\r\n", "S", "Cond", "3", "[S]\r\nCond=3\r\nb=2\r\n"},
              Row{"[S]\r\na=1\r\nk=2", "S", "k", "3", "[S]\r\na=1\r\nk=3\r\n"},
              Row{"[S]\r\na=1\r\n", "T", "a", "2", "[S]\r\na=1\r\n\r\n[T]\r\na=2\r\n"},
              Row{"[S]\r\n\r\n[T]\r\nk=1\r\n", "S", "k", "2", "[S]\r\nk=2\r\n\r\n[T]\r\nk=1\r\n"},
              Row{"[S]\r\na=[\r\nk=1\r\n", "S", "k", "2", "[S]\r\nk=2\r\na=[\r\nk=1\r\n"},
-             Row{"\r\n\r\n[S]\r\na=1\r\n\r\n\r\n\r\n[T]\r\n\r\n", "S", "a", "2",
+             Row{"\r\n\r\n[S]\r\na=1\r\n\r\n\r\n\r\n[T]\r\n\r\n",
+                 "S",
+                 "a",
+                 "2",
                  "[S]\r\na=2\r\n\r\n[T]\r\n"},
              Row{"[S] \r\na=1\r\n", "S", "a", "2", "[S] \r\na=1\r\n\r\n[S]\r\na=2\r\n"},
              Row{"[S]", "S", "a", "2", "[S]\r\n\r\n[S]\r\na=2\r\n"},
@@ -39,10 +43,17 @@ TEST(IniText, AReadFinds) {
   const auto find = [&](const char* section, const char* key) {
     return findSetting(file, section, key);
   };
-  expectEach(find, Row{"s", "a B", " x = y "}, Row{"S", "Empty", ""}, Row{"S", "below blank", "1"},
-             Row{"S", "list", std::nullopt}, Row{"S", "k", std::nullopt},
-             Row{"S", "hidden", "again"}, Row{"T", "k", "3"}, Row{"S", "last", "1\r2\r"},
-             Row{"", "k", std::nullopt}, Row{"S", "a", std::nullopt},
+  expectEach(find,
+             Row{"s", "a B", " x = y "},
+             Row{"S", "Empty", ""},
+             Row{"S", "below blank", "1"},
+             Row{"S", "list", std::nullopt},
+             Row{"S", "k", std::nullopt},
+             Row{"S", "hidden", "again"},
+             Row{"T", "k", "3"},
+             Row{"S", "last", "1\r2\r"},
+             Row{"", "k", std::nullopt},
+             Row{"S", "a", std::nullopt},
              Row{"S] ", "k", std::nullopt});
 }
 
