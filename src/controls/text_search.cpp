@@ -23,15 +23,18 @@ constexpr ByteTable makeLowerCase() {
 
 constexpr ByteTable kLowerCase = makeLowerCase();
 
+/// The partners of small letters; any other byte is its own.
+constexpr ByteTable kUpperCase = [] {
+  ByteTable table{};
+  for (std::size_t c = 0; c < table.size(); ++c) table[c] = static_cast<unsigned char>(c);
+  for (std::size_t c = 0; c < table.size(); ++c) {
+    if (kLowerCase[c] != c) table[kLowerCase[c]] = static_cast<unsigned char>(c);
+  }
+  return table;
+}();
+
 unsigned char lower(char c) {
   return kLowerCase[static_cast<unsigned char>(c)];
-}
-
-char upperOf(unsigned char folded) {
-  for (std::size_t c = 0; c < 256; ++c) {
-    if (kLowerCase[c] == folded && c != folded) return static_cast<char>(c);
-  }
-  return static_cast<char>(folded);
 }
 
 /// How common a byte is in reports, roughly; the rarest ones make the best probes.
@@ -53,7 +56,7 @@ CaselessNeedle::CaselessNeedle(std::string_view bytes) {
   std::array<int, 2> best{100, 100};
   for (std::size_t i = 0; i < folded_.size(); ++i) {
     const auto byte = static_cast<unsigned char>(folded_[i]);
-    const Probe probe{i, folded_[i], upperOf(byte)};
+    const Probe probe{i, folded_[i], static_cast<char>(kUpperCase[byte])};
     const int rank = commonness(byte);
     if (rank < best[0]) {
       best[1] = best[0];
