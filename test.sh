@@ -42,19 +42,42 @@ tests() {
   ctest --preset "$1" -j "$jobs"
 }
 
-# Each target with a seed of its own; an input that breaks one is kept in its folder.
+# Waits for one of the running targets; the first that fails ends the script, and the others with it.
+declare -A fuzzing=()
+fuzz_ended() {
+  local pid rc=0
+  wait -n -p pid "${!fuzzing[@]}" || rc=$?
+  local name=${fuzzing[$pid]}
+  unset "fuzzing[$pid]"
+  local folder=build/dev/fuzz/$name
+  if [ "$rc" -ne 0 ]; then
+    cat "$folder/log"
+    echo "$name failed; its input is $folder/fuzz_input.bin"
+    exit 1
+  fi
+  echo "$name: $(tail -n 1 "$folder/log")"
+}
+
+# Each target in a folder of its own, as many at once as there are cores.
 fuzz() {
   local seed=${PAPERWAY_FUZZ_SEED:-$RANDOM}
   step "Fuzz, seed $seed: $*"
   [ -w /dev/shm ] && export TMPDIR=/dev/shm
-  for target in build/dev/tests/fuzz/fuzz_*; do
-    [ -x "$target" ] && [ -f "$target" ] && printf '%s\n' "$PWD/$target"
-  done | xargs -P "$jobs" -I{} sh -c '
-    folder=build/dev/fuzz/$(basename {}) && mkdir -p "$folder" && cd "$folder" &&
-    {} --seed '"$seed $*"' >log 2>&1 || { cat log; echo "{} failed, see $folder"; exit 255; }
-    echo "$(basename {}): $(tail -n 1 log)"'
+  trap 'kill "${!fuzzing[@]}" 2>/dev/null || true' EXIT
+  local source name
+  for source in tests/fuzz/fuzz_*.cpp; do
+    [ ${#fuzzing[@]} -lt "$jobs" ] || fuzz_ended
+    name=$(basename "$source" .cpp)
+    mkdir -p "build/dev/fuzz/$name"
+    (cd "build/dev/fuzz/$name" && exec "../../tests/fuzz/$name" --seed "$seed" "$@" >log 2>&1) &
+    fuzzing[$!]=$name
+  done
+  while [ ${#fuzzing[@]} -gt 0 ]; do fuzz_ended; done
 }
 
+usage() { sed -n '2,7s/^# \{0,1\}//p' "$0"; }
+
+[ $# -le 1 ] || set -- "$*"
 case "${1-}" in
   "")
     packages
@@ -80,8 +103,12 @@ case "${1-}" in
     step "Window"
     PAPERWAY_EVENT_SEEDS=200 QT_QPA_PLATFORM=offscreen build/dev/tests/test_qt --gtest_filter='*AnyEvents*'
     ;;
+  -h | --help)
+    usage
+    ;;
   *)
-    sed -n '2,7s/^# \{0,1\}//p' "$0" >&2
+    printf 'Unknown: %s\n\n' "$1" >&2
+    usage >&2
     exit 2
     ;;
 esac
