@@ -29,15 +29,27 @@ class Choices {
     return any[below(static_cast<unsigned>(any.size()))];
   }
 
+  /// Seldom the bytes as they are, which are hardly ever UTF-8.
   std::string text() {
+    const bool raw = below(64) == 1;
     const std::string_view taken = bytes_.substr(0, below(24));
     bytes_.remove_prefix(taken.size());
-    return std::string(taken);
+    return raw ? std::string(taken) : readable(taken);
   }
 
   Value value();
 
  private:
+  static std::string readable(std::string_view bytes) {
+    static const std::vector<std::string> kWide = {"\xC3\xA9", "\xE2\x82\xAC", "\xE2\x82\xB9"};
+    std::string text;
+    for (const char c : bytes) {
+      const auto byte = static_cast<unsigned char>(c);
+      text += byte < 0xF0 ? std::string(1, static_cast<char>(' ' + byte % 95)) : kWide[byte % 3];
+    }
+    return text;
+  }
+
   std::string_view bytes_;
 };
 

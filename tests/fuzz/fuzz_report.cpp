@@ -28,17 +28,18 @@ constexpr std::size_t kFields = 4;
 
 std::vector<std::string> anyColumn(Choices& choices) {
   const auto yes = [&] { return choices.oneOf<std::string>({"", "Y", "N"}); };
+  const auto totals = [&] { return choices.oneOf<std::string>({"Y", "N"}); };
   const auto group = [&] {
     return choices.oneOf<std::string>({"", "", "f0", "f1", "Count+f0", "Count+f1"});
   };
   return {
       "f" + std::to_string(choices.below(kFields)),
       choices.oneOf<std::string>({"Head", " ", "A long heading", "Cr\xC3\xA8me"}),
-      choices.oneOf<std::string>({"5", "12", "60", "1", "0", "255", "3", "-1"}),
+      choices.oneOf<std::string>({"5", "12", "60", "1", "0", "255", "3"}),
       choices.oneOf<std::string>({"T", "N", "D", "X"}),
       choices.oneOf<std::string>({"L", "R"}),
       choices.oneOf<std::string>({"0", "1", "3"}),
-      yes(),
+      totals(),
       yes(),
       group(),
       group(),
@@ -95,6 +96,17 @@ std::string_view grandTotal(std::string_view bytes) {
   return bytes.substr(begin, end - begin);
 }
 
+/// Each page's number stands once, in order; the heads have room for it.
+void checkPageNumbers(std::string_view bytes, std::int64_t pages) {
+  std::size_t at = 0;
+  for (std::int64_t page = 1; page <= std::min<std::int64_t>(pages, 9999); ++page) {
+    std::string number = std::to_string(page);
+    number.insert(0, 4 - number.size(), '0');
+    at = bytes.find("Page No # " + number, at);
+    fuzz::require(at != std::string_view::npos, "each page has its number");
+  }
+}
+
 void checkReport(const Written& report, const MemoryTable& rows, std::int64_t sum) {
   fuzz::require(report.progress.rows == rows.RecordCount(), "each row is read once");
   fuzz::require(report.bytes.ends_with("\f\r\n"), "a report ends with a form feed");
@@ -103,6 +115,7 @@ void checkReport(const Written& report, const MemoryTable& rows, std::int64_t su
   if (report.progress.controlRows > 0) return;
   fuzz::require(std::count(report.bytes.begin(), report.bytes.end(), '\f') == report.progress.pages,
                 "each page ends with a form feed");
+  checkPageNumbers(report.bytes, report.progress.pages);
 }
 
 }  // namespace
@@ -111,13 +124,14 @@ void fuzz::check(std::string_view input) {
   static const TestFolder folder;
   Choices choices(input);
   MemoryTable rows({"f0", "f1", "f2", "f3", "count"});
-  TextRptArguments arguments{.Rs = rows,
-                             .TextFileName = (folder.path / "report.txt").string(),
-                             .Tital1 = choices.oneOf<std::string>({"", "Title"}),
-                             .Tital5 = choices.oneOf<std::string>({"", "Left"}),
-                             .MPLine = static_cast<std::uint8_t>(choices.below(256)),
-                             .Srno = static_cast<std::int32_t>(choices.below(3)),
-                             .C_80_96_136 = choices.oneOf<std::uint8_t>({0, 80, 96, 136})};
+  TextRptArguments arguments{
+      .Rs = rows,
+      .TextFileName = (folder.path / "report.txt").string(),
+      .Tital1 = choices.oneOf<std::string>({"", "Title"}),
+      .Tital5 = choices.oneOf<std::string>({"", "Left"}),
+      .MPLine = static_cast<std::uint8_t>(choices.below(choices.below(2) == 0 ? 24 : 256)),
+      .Srno = static_cast<std::int32_t>(choices.below(3)),
+      .C_80_96_136 = choices.oneOf<std::uint8_t>({0, 80, 96, 136})};
   MemoryTable columns = anyColumns(choices);
   const std::int64_t sum = addRows(choices, rows);
   try {
