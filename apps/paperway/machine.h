@@ -26,7 +26,8 @@ class Machine {
             .userStore = system_.userStore,
             .spooler = screenless_.spooler,
             .printers = screenless_.printers,
-            .printDevice = screenless_.printDevice};
+            .printDevice = screenless_.printDevice,
+            .pageSetup = system_.pageSetup};
   }
 
   /// Throws Told when a message has been shown.

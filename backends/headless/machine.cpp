@@ -74,4 +74,15 @@ void UserStore::save(std::string_view application, std::string_view section, std
   values[address(application, section, key)] = value;
 }
 
+PageSetup PageSetupStore::read() {
+  if (failure) throw AutomationError(*failure);
+  return kept;
+}
+
+void PageSetupStore::write(const PageSetup& setup) {
+  if (failure) throw AutomationError(*failure);
+  if (writeFailure) throw AutomationError(*writeFailure);
+  kept = setup;
+}
+
 }  // namespace paperway::headless

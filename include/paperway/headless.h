@@ -19,6 +19,7 @@
 #include "paperway/platform/file_system.h"
 #include "paperway/platform/folders.h"
 #include "paperway/platform/message_boxes.h"
+#include "paperway/platform/page_setup.h"
 #include "paperway/platform/print_device.h"
 #include "paperway/platform/printers.h"
 #include "paperway/platform/shell.h"
@@ -118,6 +119,17 @@ class PAPERWAY_API UserStore : public paperway::UserStore {
 
   std::map<std::vector<std::string>, std::string> values;  // by lower-case address
   std::optional<AutomationError> failure;                  // raised by every call
+};
+
+/// Keeps the set-up in memory.
+class PAPERWAY_API PageSetupStore : public paperway::PageSetupStore {
+ public:
+  PageSetup read() override;
+  void write(const PageSetup& setup) override;
+
+  PageSetup kept;
+  std::optional<AutomationError> failure;       // raised by every call
+  std::optional<AutomationError> writeFailure;  // raised by write()
 };
 
 /// Printers by a list. The first is the default one.
@@ -280,13 +292,14 @@ struct PAPERWAY_API Headless {
   Clock clock;
   SystemNames names;
   UserStore userStore;
+  PageSetupStore pageSetup;
   Printers printers;
   Spooler spooler{printers};
   PrintDevice printDevice{printers};
 
   Platform platform() {
-    return {messageBox, windows, folders, clipboard, dialogs, shell,    storage,
-            files,      clock,   names,   userStore, spooler, printers, printDevice};
+    return {messageBox, windows, folders,   clipboard, dialogs,  shell,       storage,  files,
+            clock,      names,   userStore, spooler,   printers, printDevice, pageSetup};
   }
 };
 

@@ -8,6 +8,7 @@ class Dialogs;
 class FileSystem;
 class Folders;
 class MessageBoxes;
+class PageSetupStore;
 class PrintDevice;
 class Printers;
 class Shell;
@@ -34,15 +35,16 @@ struct Platform {
   Spooler& spooler;
   Printers& printers;
   PrintDevice& printDevice;
+  PageSetupStore& pageSetup;
 
   /// The same machine with other windows, or with other printers.
   Platform with(Windows& shown) const {
-    return {messageBox, shown, folders, clipboard, dialogs, shell,    storage,
-            files,      clock, names,   userStore, spooler, printers, printDevice};
+    return {messageBox, shown, folders,   clipboard, dialogs,  shell,       storage,  files,
+            clock,      names, userStore, spooler,   printers, printDevice, pageSetup};
   }
   Platform with(Spooler& queues, Printers& known, PrintDevice& device) const {
-    return {messageBox, windows, folders, clipboard, dialogs, shell, storage,
-            files,      clock,   names,   userStore, queues,  known, device};
+    return {messageBox, windows, folders,   clipboard, dialogs, shell,  storage,  files,
+            clock,      names,   userStore, queues,    known,   device, pageSetup};
   }
 };
 

@@ -128,6 +128,25 @@ TYPED_TEST(MachineTest, AddressesMatchWithoutRegardToCaseAndStandApart) {
   EXPECT_EQ(store.get("ap", "pSticker", "1 MaxF Ä", ""), "");
 }
 
+TYPED_TEST(MachineTest, KeepsThePageSetup) {
+  PageSetupStore& store = this->machine_.pageSetup;
+  EXPECT_EQ(store.read(), PageSetup());
+  const PageSetup setup{1.5, 0, 0.25, 11.69, 4, "", "&w &p\r\n"};
+  store.write(setup);
+  EXPECT_EQ(store.read(), setup);
+}
+
+TEST_F(SystemTest, AGarbledPageSetupIsNamed) {
+  for (const char* key : {"margin_left", "text_size"}) {
+    for (const char* value : {"", "wide", "-1", "1000"}) {
+      store_.save("Paperway", "PageSetup", key, value);
+      const std::string error = errorOf([&] { machine_.pageSetup.read(); });
+      EXPECT_NE(error.find(key), error.npos) << value << ": " << error;
+    }
+    store_.save("Paperway", "PageSetup", key, "1");
+  }
+}
+
 TEST_F(SystemTest, AGarbledFileIsAnErrorAndStays) {
   store_.save("a", "b", "c", "d");
   const std::string file = folder_.path / "config/paperway/store.txt";

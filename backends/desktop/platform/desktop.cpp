@@ -125,7 +125,8 @@ Platform Desktop::platform() {
           .userStore = parts_->system.userStore,
           .spooler = parts_->user.spooler,
           .printers = parts_->user.printers,
-          .printDevice = parts_->printDevice};
+          .printDevice = parts_->printDevice,
+          .pageSetup = parts_->system.pageSetup};
 }
 
 void Desktop::run() {

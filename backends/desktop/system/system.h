@@ -4,6 +4,7 @@
 #include "backends/desktop/system/console_message_box.h"
 #include "backends/desktop/system/file_system.h"
 #include "backends/desktop/system/folders.h"
+#include "backends/desktop/system/page_setup_store.h"
 #include "backends/desktop/system/system_names.h"
 #include "backends/desktop/system/user_store.h"
 #include "paperway/storage.h"
@@ -19,6 +20,7 @@ struct System {
   Clock clock;
   SystemNames names;
   UserStore userStore;
+  PageSetupStore pageSetup{userStore};
 };
 
 }  // namespace paperway::desktop
