@@ -14,6 +14,7 @@
 #include "apps/paperway/printer_choice.h"
 #include "apps/paperway/report_input.h"
 #include "apps/paperway/user_printers.h"
+#include "backends/desktop/system/work_file.h"
 #include "platform/input_file.h"
 #include "printed/page_ranges.h"
 #include "printing/drawn_report.h"
@@ -62,37 +63,14 @@ ReportExtent extentOf(Storage& storage, const std::string& file, const PrintOpti
   return scan.end();
 }
 
-/// A folder of this process alone, which goes with it.
-class WorkFolder {
- public:
-  explicit WorkFolder(Folders& folders)
-      : path_(folders.temporary() / ("print-" + std::to_string(getpid()))) {
-    std::filesystem::create_directories(path_);
-  }
-  ~WorkFolder() {
-    try {
-      std::filesystem::remove_all(path_);
-    } catch (const std::exception&) {
-      // Left behind; the job is what counts.
-    }
-  }
-  WorkFolder(const WorkFolder&) = delete;
-  WorkFolder& operator=(const WorkFolder&) = delete;
-
-  const std::filesystem::path& path() const { return path_; }
-
- private:
-  const std::filesystem::path path_;
-};
-
 /// The report, or a work file of this job alone with the pages that were asked for.
 class FileToPrint {
  public:
   FileToPrint(const PrintOptions& options, Storage& storage, Folders& folders)
       : path_(options.file) {
     if (options.pages.empty() || !std::filesystem::exists(path_)) return;
-    folder_.emplace(folders);
-    path_ = folder_->path() / std::filesystem::path(options.file).filename();
+    part_.emplace(folders, path_.filename().string());
+    path_ = part_->path();
     requirePages(options, writePages(storage, options.file, options.chosen, path_));
   }
 
@@ -100,14 +78,14 @@ class FileToPrint {
 
  private:
   std::filesystem::path path_;
-  std::optional<WorkFolder> folder_;
+  std::optional<desktop::WorkFile> part_;
 };
 
 void printRaw(PrintOptions options) {
   Machine machine;
+  StoppablePrinters user;
   const ReportInput input(options.file, machine.platform().folders);
   options.file = input.path();
-  StoppablePrinters user;
   const Platform screenless = machine.platform();
   const Platform platform = screenless.with(user.spooler, user.printers, screenless.printDevice);
   const FileToPrint part(options, platform.storage, platform.folders);
@@ -119,7 +97,8 @@ void printRaw(PrintOptions options) {
                                .semiCond = options.pitch == 12 ? std::uint8_t{1} : std::uint8_t{0},
                                .copies = static_cast<std::uint8_t>(options.copies),
                                .linesIn = static_cast<std::uint8_t>(options.tear[0]),
-                               .linesOut = static_cast<std::uint8_t>(options.tear[1])};
+                               .linesOut = static_cast<std::uint8_t>(options.tear[1]),
+                               .sources = {options.file}};
   arguments.printerName = printerFor(options.printer, user.printers);
   if (std::filesystem::is_regular_file(file)) {
     warn(

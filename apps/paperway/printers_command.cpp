@@ -19,7 +19,6 @@ using desktop::DirectPrinter;
 using desktop::DirectPrinterFile;
 
 void list() {
-  DirectPrinterFile::ofUser().read();  // which tells what is wrong with the file
   UserPrinters user;
   const auto printers = user.printers.list();
   const std::string current = user.printers.current();

@@ -1,41 +1,38 @@
 #include "apps/paperway/report_input.h"
 
 #include <array>
-#include <cerrno>
-#include <fstream>
-#include <iostream>
-#include <system_error>
+#include <fcntl.h>
 #include <unistd.h>
+
+#include "paperway/storage.h"
+#include "platform/file_error.h"
+#include "platform/output_file.h"
 
 namespace paperway::command {
 namespace {
 
 void copyStandardInput(const std::filesystem::path& target) {
+  desktop::Storage storage;
+  OutputFile copy(storage, target, "paperway", {.access = FileAccess::owner, .lasting = false});
   std::array<char, 1 << 16> block;
-  std::ofstream file(target, std::ios::binary);
-  while (std::cin.read(block.data(), block.size()) || std::cin.gcount() > 0) {
-    file.write(block.data(), std::cin.gcount());
-  }
-  file.close();
-  if (file && !std::cin.bad()) return;
-  throw std::system_error(errno, std::generic_category(),
-                          "Standard input cannot be copied to \"" + target.string() + "\"");
+  const auto read = [&block] {
+    return withFileError("read", "standard input", "paperway", [&block] {
+      const ssize_t size = ::read(STDIN_FILENO, block.data(), block.size());
+      if (size < 0) desktop::raiseSystemError();
+      return static_cast<std::size_t>(size);
+    });
+  };
+  while (const std::size_t size = read()) copy.write({block.data(), size});
+  copy.commit();
 }
 
 }  // namespace
 
-ReportInput::ReportInput(const std::string& name, Folders& folders) : ReportInput(name) {
+ReportInput::ReportInput(const std::string& name, Folders& folders) : path_(name) {
   if (name != "-") return;
-  folder_ = folders.temporary() / ("input-" + std::to_string(getpid()));
-  std::filesystem::create_directories(folder_);
-  const std::filesystem::path copy = folder_ / "standard input";
-  path_ = copy.string();
-  copyStandardInput(copy);
-}
-
-ReportInput::~ReportInput() {
-  std::error_code ignored;
-  if (!folder_.empty()) std::filesystem::remove_all(folder_, ignored);
+  copy_.emplace(folders, "standard input");
+  path_ = copy_->path().string();
+  copyStandardInput(copy_->path());
 }
 
 }  // namespace paperway::command

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <filesystem>
+#include <optional>
 #include <string>
-#include <utility>
 
-#include "paperway/platform/folders.h"
+#include "backends/desktop/system/work_file.h"
 
 namespace paperway::command {
 
@@ -13,17 +12,12 @@ namespace paperway::command {
 class ReportInput {
  public:
   ReportInput(const std::string& name, Folders& folders);
-  ~ReportInput();
-  ReportInput(const ReportInput&) = delete;
-  ReportInput& operator=(const ReportInput&) = delete;
 
   const std::string& path() const { return path_; }
 
  private:
-  explicit ReportInput(std::string path) : path_(std::move(path)) {}
-
   std::string path_;
-  std::filesystem::path folder_;
+  std::optional<desktop::WorkFile> copy_;
 };
 
 }  // namespace paperway::command

@@ -11,6 +11,9 @@ class PieceJob : public PrintJob {
  public:
   explicit PieceJob(std::unique_ptr<PrintJob> job) : job_(std::move(job)) {}
 
+  void setSources(std::vector<std::filesystem::path> files) override {
+    job_->setSources(std::move(files));
+  }
   void start(const std::string& documentName, DocumentFormat format) override {
     job_->start(documentName, format);
   }

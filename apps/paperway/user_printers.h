@@ -11,7 +11,9 @@ class UserPrinters {
  public:
   /// A wait for a printer ends when `stop` is set.
   explicit UserPrinters(const volatile std::sig_atomic_t* stop = nullptr)
-      : queues_(openQueues(stop)), user_(*queues_.printers, *queues_.spooler, stop) {}
+      : queues_(openQueues(stop)),
+        user_(*queues_.printers, *queues_.spooler, desktop::DirectPrinters::Unreadable::error,
+              stop) {}
 
  private:
   Queues queues_;

@@ -1,5 +1,7 @@
 #include "platform/file_error.h"
 
+#include <cerrno>
+
 #include "paperway/automation_error.h"
 #include "util/path_text.h"
 
@@ -8,6 +10,9 @@ namespace paperway {
 long errorNumber(std::error_code error) {
   using enum std::errc;
   const auto isOneOf = [error](auto... reasons) { return ((error == reasons) || ...); };
+#ifdef EDQUOT
+  if (error == std::error_code(EDQUOT, std::generic_category())) return AutomationError::kDiskFull;
+#endif
   if (isOneOf(no_space_on_device, file_too_large)) return AutomationError::kDiskFull;
   if (error == not_enough_memory) return AutomationError::kOutOfMemory;
   if (isOneOf(no_such_file_or_directory, not_a_directory)) return AutomationError::kPathNotFound;

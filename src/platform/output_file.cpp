@@ -98,11 +98,10 @@ void OutputFile::createBeside(FileAccess access) {
   constexpr int kTries = 10;
   std::random_device random;
   for (int i = 1; file_ == nullptr; ++i) {
-    const auto path =
-        target_.parent_path() / (prefixFor(target_) + hex(random()) + std::string(kEnding));
+    auto path = target_.parent_path() / (prefixFor(target_) + hex(random()) + std::string(kEnding));
     try {
       file_ = storage_.create(path, access);
-      written_ = path;
+      written_ = std::move(path);
     } catch (const std::system_error& error) {
       if (error.code() == std::errc::file_exists && i < kTries) continue;
       raiseNoNeighbour(target_, error.code(), source_);

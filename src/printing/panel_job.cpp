@@ -106,7 +106,8 @@ void PanelJob::PrintReport() {
       .copies = numberIn<std::uint8_t>(form_.Text3.Text),
       .tear = static_cast<std::uint8_t>(form_.Chtear.Value),
       .linesIn = lines(form_.Comtear),
-      .linesOut = lines(form_.ComtearOut)};
+      .linesOut = lines(form_.ComtearOut),
+      .sources = {form_.ReportPath}};
   try {
     PrintFile(arguments, platform_, *form_.run);
   } catch (const AutomationError& error) {

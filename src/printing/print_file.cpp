@@ -92,6 +92,9 @@ bool print(InputFile& file, const PrintFileArguments& arguments, Spooler& spoole
   try {
     const auto job = spooler.open(arguments.printerName);
     if (!job) return false;
+    std::vector<std::filesystem::path> sources = arguments.sources;
+    sources.emplace_back(arguments.fileName);
+    job->setSources(std::move(sources));
     job->start(documentNameOf(arguments.fileName), DocumentFormat::raw);
     writePrintStream(file, settings, [&](std::string_view piece) { job->write(piece); });
     job->end();

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "paperway/platform.h"
 
@@ -22,6 +23,7 @@ struct PrintFileArguments {
   std::uint8_t tear = 0;      // 1: the stored tear lines take the place of the two below
   std::uint8_t linesIn = 0;   // written back
   std::uint8_t linesOut = 0;  // written back
+  std::vector<std::filesystem::path> sources{};  // what the file was made of, if not by hand
 };
 
 /// Sends a report file to a printer as one raw document. An AutomationError says what stopped it.

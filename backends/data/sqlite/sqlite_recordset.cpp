@@ -5,6 +5,7 @@
 
 #include "paperway/automation_error.h"
 #include "paperway/sqlite.h"
+#include "platform/file_error.h"
 #include "util/path_text.h"
 #include "util/text.h"
 
@@ -22,11 +23,12 @@ std::string reasonOf(int error) {
 
 // SQLite says of all that it cannot open just that it cannot.
 void checkFile(const std::filesystem::path& file, const std::string& name) {
-  std::error_code ignored;
-  const auto status = std::filesystem::status(file, ignored);
-  if (!std::filesystem::exists(status)) {
+  std::error_code error;
+  const auto status = std::filesystem::status(file, error);
+  if (status.type() == std::filesystem::file_type::not_found) {
     failToOpen(name, AutomationError::kFileNotFound, reasonOf(ENOENT));
   }
+  if (error) failToOpen(name, errorNumber(error), error.message());
   if (std::filesystem::is_directory(status)) {
     failToOpen(name, AutomationError::kPathFileAccess, reasonOf(EISDIR));
   }
@@ -128,6 +130,7 @@ void SqliteRecordset::prepare(std::string_view statement) {
   const char* const end = statement.data() + statement.size();
   const bool onlyComments = prepareFrom({rest, end}) && prepared == nullptr;
   sqlite3_finalize(onlyComments ? nullptr : prepared);
+  if (sqlite3_errcode(connection_.get()) == SQLITE_NOMEM) fail(reasonOf(ENOMEM));
   if (!onlyComments) fail("the text holds more than one statement");
 }
 

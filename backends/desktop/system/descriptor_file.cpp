@@ -68,6 +68,13 @@ int openDescriptor(const std::filesystem::path& path, int flags, mode_t mode) {
   return checked([&] { return open(path.c_str(), flags | O_CLOEXEC | O_NOCTTY, mode); });
 }
 
+std::unique_ptr<DescriptorFile> DescriptorFile::open(const std::filesystem::path& path, int flags,
+                                                     mode_t mode) {
+  auto file = std::make_unique<DescriptorFile>(-1);
+  file->descriptor_ = openDescriptor(path, flags, mode);
+  return file;
+}
+
 DescriptorFile::~DescriptorFile() {
   close(descriptor_);
 }

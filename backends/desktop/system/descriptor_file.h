@@ -26,6 +26,9 @@ int openDescriptor(const std::filesystem::path& path, int flags, mode_t mode = 0
 class DescriptorFile : public StoredFile {
  public:
   explicit DescriptorFile(int descriptor) : descriptor_(descriptor) {}
+  /// open(2), with nothing left to fail once the file is open.
+  static std::unique_ptr<DescriptorFile> open(const std::filesystem::path& path, int flags,
+                                              mode_t mode = 0);
   ~DescriptorFile() override;
   DescriptorFile(const DescriptorFile&) = delete;
   DescriptorFile& operator=(const DescriptorFile&) = delete;
@@ -43,7 +46,7 @@ class DescriptorFile : public StoredFile {
   bool isAt(const std::filesystem::path& path) override;
 
  private:
-  const int descriptor_;
+  int descriptor_;
 };
 
 }  // namespace paperway::desktop

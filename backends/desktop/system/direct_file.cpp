@@ -42,9 +42,14 @@ class FileJob : public PrintJob {
   FileJob(DirectJobPrinter printer, std::string path)
       : printer_(std::move(printer)), path_(std::move(path)) {}
 
+  void setSources(std::vector<std::filesystem::path> files) override {
+    sources_ = std::move(files);
+  }
   void start(const std::string& /*documentName*/, DocumentFormat format) override {
     if (format != DocumentFormat::raw) throw SpoolError(printer_.name, kRawAlone);
-    guarded([&] { file_.emplace(storage_, path_, "Spooler"); });
+    guarded([&] {
+      file_.emplace(storage_, path_, "Spooler", OutputOptions{.inputs = std::move(sources_)});
+    });
   }
   void write(std::string_view bytes) override {
     guarded([&] { file_->write(bytes); });
@@ -69,6 +74,7 @@ class FileJob : public PrintJob {
 
   const DirectJobPrinter printer_;
   const std::string path_;
+  std::vector<std::filesystem::path> sources_;
   Storage storage_;
   std::optional<OutputFile> file_;
   std::uint64_t accepted_ = 0;

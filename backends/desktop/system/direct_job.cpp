@@ -92,7 +92,9 @@ void DirectJob::write(std::string_view bytes) {
       until = deadline();
     } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
       wait(POLLOUT, until);
-    } else if (errno != EINTR) {
+    } else if (errno == EINTR) {
+      failIfOver(until);
+    } else {
       fail(reasonFor(errno));
     }
   }

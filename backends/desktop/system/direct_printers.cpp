@@ -182,7 +182,7 @@ std::vector<PrinterInfo> DirectPrinters::list() {
       infos.push_back({printer.name, printer.target, true});
     }
   } catch (const AutomationError&) {
-    // Told when a job looks for its printer; a report can be read without any.
+    if (unreadable_ == Unreadable::error) throw;
   }
   return infos;
 }

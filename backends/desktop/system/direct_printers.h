@@ -61,7 +61,14 @@ class DirectPrinterFile {
 /// Direct printers keep no settings; each of them is raw.
 class DirectPrinters : public paperway::Printers {
  public:
-  explicit DirectPrinters(DirectPrinterFile file) : file_(std::move(file)) {}
+  /// What a file that cannot be read is taken for.
+  enum class Unreadable {
+    empty,  // told when a job looks for its printer; a report can be read without any
+    error,
+  };
+
+  explicit DirectPrinters(DirectPrinterFile file, Unreadable unreadable = Unreadable::empty)
+      : file_(std::move(file)), unreadable_(unreadable) {}
 
   std::vector<PrinterInfo> list() override;
   std::string current() override;
@@ -72,6 +79,7 @@ class DirectPrinters : public paperway::Printers {
 
  private:
   DirectPrinterFile file_;
+  Unreadable unreadable_;
   std::string current_;
 };
 

@@ -1,12 +1,15 @@
 #include "backends/desktop/system/folders.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <string>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 #include "backends/desktop/system/user_directories.h"
 #include "paperway/automation_error.h"
+#include "platform/file_error.h"
 
 namespace paperway::desktop {
 namespace {
@@ -18,10 +21,10 @@ std::filesystem::path dataFolder(const char* name) {
 // Anyone may make a folder of any name in a shared directory before its user does.
 void requireOwnFolder(const std::filesystem::path& folder) {
   struct stat status {};
-  if (lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
-      status.st_uid == geteuid()) {
-    return;
+  if (lstat(folder.c_str(), &status) != 0) {
+    raiseFileError("look at the folder", folder, {errno, std::generic_category()}, "Folders");
   }
+  if (S_ISDIR(status.st_mode) && status.st_uid == geteuid()) return;
   throw AutomationError(AutomationError::kPermissionDenied, "Folders",
                         "The temporary folder \"" + folder.string() + "\" is not the user's own.");
 }

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <system_error>
@@ -60,10 +61,6 @@ std::optional<struct stat> statusBehind(const Path& path) {
   return descriptor ? statusOf(*descriptor) : statusAt(path);
 }
 
-std::unique_ptr<DescriptorFile> openFile(const Path& path, int flags, mode_t mode = 0) {
-  return std::make_unique<DescriptorFile>(openDescriptor(path, flags, mode));
-}
-
 /// Locked, so that its maker is known to be there. Another may have taken it for abandoned before.
 void markInUse(DescriptorFile& file, const Path& path) {
   if (flock(file.descriptor(), LOCK_EX | LOCK_NB) != 0 && errno != EWOULDBLOCK) return;
@@ -91,7 +88,7 @@ Path Storage::behindLinks(const Path& path) {
 }
 
 std::unique_ptr<StoredFile> Storage::openToRead(const Path& path) {
-  auto file = openFile(path, O_RDONLY);
+  auto file = DescriptorFile::open(path, O_RDONLY);
   if (file->status().kind == FileStatus::Kind::folder) {
     throw std::system_error(std::make_error_code(std::errc::is_a_directory));
   }
@@ -100,19 +97,24 @@ std::unique_ptr<StoredFile> Storage::openToRead(const Path& path) {
 
 std::unique_ptr<StoredFile> Storage::openToAppend(const Path& path) {
   const auto descriptor = namedDescriptor(followed(path));
-  if (!descriptor) return openFile(path, O_WRONLY | O_APPEND);
+  if (!descriptor) return DescriptorFile::open(path, O_WRONLY | O_APPEND);
   const int copy = fcntl(*descriptor, F_DUPFD_CLOEXEC, 0);
   if (copy < 0) raiseSystemError();
   return std::make_unique<DescriptorFile>(copy);
 }
 
 std::unique_ptr<StoredFile> Storage::openToChange(const Path& path, FileAccess access) {
-  return openFile(path, O_RDWR | O_CREAT, modeOf(access));
+  return DescriptorFile::open(path, O_RDWR | O_CREAT, modeOf(access));
 }
 
 std::unique_ptr<StoredFile> Storage::create(const Path& path, FileAccess access) {
-  auto file = openFile(path, O_WRONLY | O_CREAT | O_EXCL, modeOf(access));
-  markInUse(*file, path);
+  auto file = DescriptorFile::open(path, O_WRONLY | O_CREAT | O_EXCL, modeOf(access));
+  try {
+    markInUse(*file, path);
+  } catch (const std::system_error& error) {
+    if (error.code() != std::errc::file_exists) unlink(path.c_str());
+    throw;
+  }
   return file;
 }
 
@@ -137,11 +139,18 @@ void Storage::syncFolder(const Path& folder) {
   DescriptorFile(descriptor).sync();
 }
 
+/// The iterator of the standard library ends the process when it lacks memory.
 std::vector<Path> Storage::names(const Path& folder) {
+  const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.c_str()), closedir);
+  if (!open) raiseSystemError();
   std::vector<Path> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    names.push_back(entry.path().filename());
+  errno = 0;
+  while (const dirent* entry = readdir(open.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..") names.emplace_back(name);
+    errno = 0;
   }
+  if (errno != 0) raiseSystemError();
   return names;
 }
 

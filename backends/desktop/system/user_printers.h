@@ -13,13 +13,15 @@ class UserPrinters {
  public:
   /// A wait for a direct printer ends when `stop` is set.
   UserPrinters(paperway::Printers& queues, paperway::Spooler& queueSpooler,
+               DirectPrinters::Unreadable unreadable = DirectPrinters::Unreadable::empty,
                const volatile std::sig_atomic_t* stop = nullptr)
-      : directSpooler_(DirectPrinterFile::ofUser(), Patience(DirectSpooler::kTimeout, stop)),
+      : direct_(DirectPrinterFile::ofUser(), unreadable),
+        directSpooler_(DirectPrinterFile::ofUser(), Patience(DirectSpooler::kTimeout, stop)),
         printers(queues, direct_),
         spooler(queueSpooler, directSpooler_) {}
 
  private:
-  DirectPrinters direct_{DirectPrinterFile::ofUser()};
+  DirectPrinters direct_;
   DirectSpooler directSpooler_;
 
  public:

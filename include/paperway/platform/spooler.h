@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "paperway/automation_error.h"
 #include "paperway/export.h"
@@ -39,6 +41,9 @@ class PAPERWAY_API PrintJob {
  public:
   virtual ~PrintJob() = default;
 
+  /// Before the start: the files that the document is made of. A printer that would replace one of
+  /// them refuses the document.
+  virtual void setSources(std::vector<std::filesystem::path> /*files*/) {}
   /// Once, before the first write. The name (UTF-8) is for people who look at the queue.
   virtual void start(const std::string& documentName, DocumentFormat format) = 0;
   virtual void write(std::string_view bytes) = 0;
