@@ -24,6 +24,8 @@ expect 0 '' $preview report.txt --picture c.png --page 3 --size 1200,800 --dark
 cmp -s a.png c.png && fail "page 3 looks like page 1"
 expect 1 'has 3 pages, not 4' $preview report.txt --picture d.png --page 4
 expect 1 'none/d.png": no new file' $preview report.txt --picture "$work/none/d.png"
+ln report.txt hard.png
+expect 1 'it is read for what would be written' $preview report.txt --picture hard.png
 expect 2 '--picture' $preview report.txt --scale 2
 
 # Steps before the picture, and features left out.

@@ -37,6 +37,16 @@ expect 0 'warning: Will not fit: a line of 9 inches on page 1, the paper has 8' 
   "$paperway" print wide.txt
 expect 0 '' "$paperway" print wide.txt --pitch 12
 
+# A printer that is the report does not take its place.
+cp report.txt kept.txt
+ln -s report.txt link.txt
+for target in report.txt link.txt; do
+  expect 0 '' $printers add Itself "file://$work/$target"
+  expect 1 'it is read for what would be written' $print --printer Itself
+  expect 1 'it is read for what would be written' $print --printer Itself --pages 2
+done
+same report.txt kept.txt
+
 # A printer that stands still keeps nobody who wants to stop.
 head -c 1000000 /dev/zero | tr '\0' x >long.txt
 mkfifo still
@@ -66,6 +76,8 @@ if $print --pdf all.pdf 2>said; then
   expect 0 'warning: Will not fit: 300000 lines' "$paperway" print long.txt --pdf long.pdf
   [ "$(stat -c %s long.pdf)" -lt 100000 ] || fail "lines beyond the paper are in the PDF"
   expect 1 'It is written to directly and takes raw text alone' $print --styled
+  expect 1 'it is read for what would be written' $print --pdf link.txt
+  same report.txt kept.txt
   expect 1 'none/all.pdf' $print --pdf none/all.pdf
   "$paperway" print - --pages 1,3 --pdf - <report.txt | pdftotext - - | tr -d '\n' >through.txt
   [ "$(cat through.txt)" = $'one\fcafé\f' ] || fail "a PDF through a pipe"

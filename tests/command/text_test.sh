@@ -39,6 +39,23 @@ expect 2 '--pitch' text --out x.txt --pitch 100
 expect 2 '--title' text --out x.txt --title 1 --title 2 --title 3 --title 4 --title 5 --title 6
 [ ! -e x.txt ] || fail "a failed run left x.txt"
 
+# What is read is not replaced, by whatever name; a file below /dev is one like others.
+cp "$columns" own.csv
+ln -s ledger.db link
+ln own.csv hard.csv
+for target in ledger.db ./ledger.db link own.csv hard.csv; do
+  expect 1 'it is read for what would be written' \
+    "$paperway" text --db ledger.db --data "$sales" --columns own.csv --out $target
+done
+same own.csv "$columns"
+expect 0 '' "$paperway" columns own.csv --db ledger.db --data "$sales"
+shared=$(mktemp -p /dev/shm) && {
+  cat a.txt >"$shared"
+  text --out "$shared" --title Sales --title "" --title Third --serial 1 --pitch 136
+  same a.txt "$shared"
+  rm "$shared"
+}
+
 # A file that may not grow, and a stop in the middle, leave the earlier report.
 echo earlier >kept.txt
 (

@@ -1,6 +1,8 @@
 #include "backends/desktop/system/direct_spooler.h"
 
 #include <sys/stat.h>
+#include <sys/time.h>
+#include <thread>
 
 #include "support/error_of.h"
 #include "support/expect_each.h"
@@ -84,6 +86,48 @@ TEST_F(Direct, StandstillEndsWhenTheUserWantsToStop) {
     });
     EXPECT_NE(error.find("The job was stopped"), error.npos) << target << ": " << error;
   }
+}
+
+TEST_F(Direct, SignalNeitherEndsAWaitNorMakesItLonger) {
+  struct sigaction heard {};  // and calls that wait are not taken up again
+  heard.sa_handler = [](int) {};
+  sigaction(SIGALRM, &heard, nullptr);
+  const itimerval often{{0, 3000}, {0, 3000}};
+  setitimer(ITIMER_REAL, &often, nullptr);
+  JobListener neverReads(JobListener::Manner::neverReads);
+  const std::string socket = "socket://" + neverReads.address();
+  for (const std::string& target :
+       {socket, std::string("|sleep 9"), std::string("|cat; sleep 9")}) {
+    EXPECT_EQ(failureOf(target, 50).reason(), "It took nothing for 0.3 seconds") << target;
+  }
+  EXPECT_EQ(failureOf("|cat", 1).reason(), "nothing failed");
+  const itimerval never{};
+  setitimer(ITIMER_REAL, &never, nullptr);
+  signal(SIGALRM, SIG_DFL);
+}
+
+TEST_F(Direct, FileThatIsTheReportIsNotReplaced) {
+  const std::string path = folder_.path / "report";
+  replaceFile(path, "the report", "test");
+  std::filesystem::create_symlink("report", folder_.path / "link");
+  for (const char* name : {"report", "link"}) {
+    file_.add({"P", "file://" + (folder_.path / name).string()});
+    const auto job = DirectSpooler(file_).open("P");
+    job->setSources({folder_.path / "other", path});
+    EXPECT_THROW(job->start("report", DocumentFormat::raw), SpoolError) << name;
+  }
+  EXPECT_EQ(readFile(path, "test"), "the report");
+}
+
+TEST_F(Direct, PrintersThatAreAddedAtOnceAreAllKept) {
+  constexpr int kWriters = 30;
+  std::vector<std::thread> writers;
+  for (int i = 0; i < kWriters; ++i) {
+    writers.emplace_back([this, i] { file_.add({std::to_string(i), "|cat"}); });
+  }
+  for (std::thread& writer : writers) writer.join();
+  EXPECT_EQ(file_.read().size(), kWriters);
+  EXPECT_EQ(std::filesystem::status(file_.path()).permissions(), std::filesystem::perms(0600));
 }
 
 TEST_F(Direct, CommandOfLocalDosMayBeAnyThatAJobTakes) {
