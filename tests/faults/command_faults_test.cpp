@@ -31,11 +31,25 @@ const std::string kSales = "SELECT * FROM sales";
 const Command kCommands[] = {
     {"Text",
      false,
-     {"text", "--db", "ledger.db", "--data", kSales, "--columns", "columns.csv", "--out",
+     {"text",
+      "--db",
+      "ledger.db",
+      "--data",
+      kSales,
+      "--columns",
+      "columns.csv",
+      "--out",
       "out.txt"}},
     {"TextNew",
      false,
-     {"text", "--db", "ledger.db", "--data", kSales, "--columns", "SELECT * FROM columns", "--out",
+     {"text",
+      "--db",
+      "ledger.db",
+      "--data",
+      kSales,
+      "--columns",
+      "SELECT * FROM columns",
+      "--out",
       "new.txt"}},
     {"Columns", false, {"columns", "columns.csv"}},
     {"ColumnsFrom", false, {"columns", "--from", kSales, "--db", "ledger.db"}},
@@ -75,8 +89,16 @@ class CommandFaults : public testing::TestWithParam<Command> {
                   {"columns.csv", readFile(PAPERWAY_SOURCE_DIR "/examples/ledger/columns.csv")},
                   {"config/paperway/printers", "# ours\nFile\t" + out + "\n"}});
     ASSERT_EQ(folder_.run({PAPERWAY_MAKE_LEDGER, "ledger.db", "100"}, Fault::none()).code, 0);
-    const Words report{PAPERWAY_COMMAND, "text",      "--db",        "ledger.db", "--data",
-                       kSales,           "--columns", "columns.csv", "--out",     "report.txt"};
+    const Words report{PAPERWAY_COMMAND,
+                       "text",
+                       "--db",
+                       "ledger.db",
+                       "--data",
+                       kSales,
+                       "--columns",
+                       "columns.csv",
+                       "--out",
+                       "report.txt"};
     ASSERT_EQ(folder_.run(report, Fault::none()).code, 0);
     before_ = folder_.files();
   }
@@ -211,8 +233,9 @@ TEST_P(CommandFaults, LackOfMemoryIsToldAndLeavesTheEarlierFile) {
   for (const bool stays : {false, true}) {
     const Fault fault{"malloc", ENOMEM, stays};
     forEachCall(
-        fault, command_.windows ? 499 : 29,
-        [this](const Outcome& outcome, const Fault& each) { expectToldAndKept(outcome, each); });
+        fault, command_.windows ? 499 : 29, [this](const Outcome& outcome, const Fault& each) {
+          expectToldAndKept(outcome, each);
+        });
   }
 }
 

@@ -84,8 +84,12 @@ class FaultyFolder {
     open(2, outside_.path / "complained", O_WRONLY | O_CREAT | O_TRUNC);
     posix_spawn_file_actions_addchdir_np(&files, path().c_str());
     pid_t process = 0;
-    const int error = posix_spawn(&process, words.front().c_str(), &files, nullptr,
-                                  pointers(words).data(), pointers(environment).data());
+    const int error = posix_spawn(&process,
+                                  words.front().c_str(),
+                                  &files,
+                                  nullptr,
+                                  pointers(words).data(),
+                                  pointers(environment).data());
     posix_spawn_file_actions_destroy(&files);
     if (error != 0) throw std::runtime_error(words.front() + " cannot be started");
     return process;
@@ -116,10 +120,12 @@ class FaultyFolder {
                 "CUPS_SERVER=127.0.0.1:1",
                 "QT_QPA_PLATFORM=offscreen"};
     if (fault.call.empty()) return words;
-    for (const std::string& word :
-         {"LD_PRELOAD=" + std::string(PAPERWAY_PRELOAD), "FAULT_CALL=" + fault.call,
-          "FAULT_AT=" + std::to_string(fault.at), "FAULT_ERROR=" + std::to_string(fault.error),
-          "FAULT_BELOW=" + home + "/", "FAULT_REPORT=" + (outside_.path / "struck").string()}) {
+    for (const std::string& word : {"LD_PRELOAD=" + std::string(PAPERWAY_PRELOAD),
+                                    "FAULT_CALL=" + fault.call,
+                                    "FAULT_AT=" + std::to_string(fault.at),
+                                    "FAULT_ERROR=" + std::to_string(fault.error),
+                                    "FAULT_BELOW=" + home + "/",
+                                    "FAULT_REPORT=" + (outside_.path / "struck").string()}) {
       words.push_back(word);
     }
     if (fault.stays) words.emplace_back("FAULT_STAYS=1");

@@ -111,10 +111,14 @@ TEST_F(FilesOfTheMachine, NobodyReadsMoreThanBeforeWhileAFileIsWritten) {
     unsigned during, after, mask = 0022;
   };
   for (const auto& [before, access, during, after, mask] :
-       {Case{0600, FileAccess::usual, 0600, 0600}, Case{0640, FileAccess::usual, 0600, 0640},
-        Case{0666, FileAccess::usual, 0600, 0666}, Case{0, FileAccess::usual, 0644, 0644},
-        Case{0, FileAccess::usual, 0600, 0600, 0077}, Case{0, FileAccess::owner, 0600, 0600, 0},
-        Case{0644, FileAccess::owner, 0600, 0600, 0}, Case{0, FileAccess::ownerRuns, 0700, 0700}}) {
+       {Case{0600, FileAccess::usual, 0600, 0600},
+        Case{0640, FileAccess::usual, 0600, 0640},
+        Case{0666, FileAccess::usual, 0600, 0666},
+        Case{0, FileAccess::usual, 0644, 0644},
+        Case{0, FileAccess::usual, 0600, 0600, 0077},
+        Case{0, FileAccess::owner, 0600, 0600, 0},
+        Case{0644, FileAccess::owner, 0600, 0600, 0},
+        Case{0, FileAccess::ownerRuns, 0700, 0700}}) {
     const mode_t usual = umask(mask);
     if (before != 0) replaceFile(in("file"), "old");
     if (before != 0) fs::permissions(in("file"), fs::perms(before));
@@ -165,14 +169,14 @@ TEST_F(FilesOfTheMachine, StepThatFailsIsToldAndLeavesTheEarlierFile) {
   headless::Storage failing(storage_);
   const auto replace = [&] { paperway::replaceFile(failing, in("file"), "new", "test"); };
   const auto change = [&] {
-    changeFile(failing, in("file"), "test", FileAccess::owner,
-               [](const std::string&) { return "new"; });
+    changeFile(
+        failing, in("file"), "test", FileAccess::owner, [](const std::string&) { return "new"; });
   };
   const auto read = [&] { paperway::readFile(failing, in("file"), "test"); };
   const std::set<std::string> harmless{"names", "removeAbandoned"};
-  for (const std::function<void()>& work :
-       {std::function<void()>(replace), std::function<void()>(change),
-        std::function<void()>(read)}) {
+  for (const std::function<void()>& work : {std::function<void()>(replace),
+                                            std::function<void()>(change),
+                                            std::function<void()>(read)}) {
     for (std::size_t step = 1;; ++step) {
       replaceFile(in("file"), "old");
       failing.steps = 0;
@@ -206,11 +210,15 @@ TEST_F(FilesOfTheMachine, ErrorHasTheNumberOfItsReason) {
       [](int reason) {
         return errorNumber({reason, std::generic_category()});
       },
-      Row{ENOSPC, AutomationError::kDiskFull}, Row{EDQUOT, AutomationError::kDiskFull},
-      Row{EFBIG, AutomationError::kDiskFull}, Row{ENOMEM, AutomationError::kOutOfMemory},
-      Row{ENOENT, AutomationError::kPathNotFound}, Row{ENOTDIR, AutomationError::kPathNotFound},
+      Row{ENOSPC, AutomationError::kDiskFull},
+      Row{EDQUOT, AutomationError::kDiskFull},
+      Row{EFBIG, AutomationError::kDiskFull},
+      Row{ENOMEM, AutomationError::kOutOfMemory},
+      Row{ENOENT, AutomationError::kPathNotFound},
+      Row{ENOTDIR, AutomationError::kPathNotFound},
       Row{EACCES, AutomationError::kPermissionDenied},
-      Row{EROFS, AutomationError::kPermissionDenied}, Row{EIO, AutomationError::kDeviceIo});
+      Row{EROFS, AutomationError::kPermissionDenied},
+      Row{EIO, AutomationError::kDeviceIo});
 }
 
 }  // namespace
