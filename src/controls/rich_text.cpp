@@ -107,8 +107,7 @@ void RichTextBox::textReplaced() {
   formats_.reset(text_.size());
   caret_ = anchor_ = 0;
   goalColumn_ = std::string::npos;
-  edits_.clear();
-  undone_ = 0;
+  history_.clear();
   ++textRevision_;
   ++formatRevision_;
 }
@@ -345,21 +344,6 @@ void RichTextBox::apply(std::size_t at, std::size_t count, std::string_view with
   ++formatRevision_;
 }
 
-/// Typing on is one edit up to the end of the line.
-void RichTextBox::remember(Edit edit) {
-  edits_.resize(edits_.size() - undone_);
-  undone_ = 0;
-  if (!edits_.empty() && edit.removed.empty() && edit.inserted.size() == 1) {
-    Edit& last = edits_.back();
-    const bool goesOn = edit.at == last.at + last.inserted.size();
-    if (goesOn && !last.inserted.empty() && last.inserted.back() != '\n') {
-      last.inserted += edit.inserted;
-      return;
-    }
-  }
-  edits_.push_back(std::move(edit));
-}
-
 /// The form feed that closes the text stays, and so does a mark at its beginning that the program
 /// has selected.
 bool RichTextBox::replaceSelection(std::string_view bytes) {
@@ -367,12 +351,11 @@ bool RichTextBox::replaceSelection(std::string_view bytes) {
   const std::size_t begin = std::min(selectionBegin(), stops().textEnd());
   const std::size_t count = std::min(selectionEnd(), stops().textEnd()) - begin;
   if (count + bytes.size() > kUndoLimit) {
-    edits_.clear();
-    undone_ = 0;
+    history_.clear();
   } else {
     std::string copy;
-    remember({begin, std::string(text_.view(begin, begin + count, copy)), std::string(bytes),
-              formats_.runs(begin, begin + count)});
+    history_.remember({begin, std::string(text_.view(begin, begin + count, copy)),
+                       std::string(bytes), formats_.runs(begin, begin + count)});
   }
   apply(begin, count, bytes);
   return true;
@@ -408,8 +391,7 @@ bool RichTextBox::eraseForward(bool word) {
 
 bool RichTextBox::undo() {
   if (Locked || !canUndo()) return false;
-  ++undone_;
-  Edit& edit = edits_[edits_.size() - undone_];
+  EditHistory::Edit& edit = history_.back();
   edit.insertedFormats = formats_.runs(edit.at, edit.at + edit.inserted.size());
   apply(edit.at, edit.inserted.size(), edit.removed);
   formats_.set(edit.removedFormats);
@@ -418,8 +400,7 @@ bool RichTextBox::undo() {
 
 bool RichTextBox::redo() {
   if (Locked || !canRedo()) return false;
-  const Edit& edit = edits_[edits_.size() - undone_];
-  --undone_;
+  const EditHistory::Edit& edit = history_.forward();
   apply(edit.at, edit.removed.size(), edit.inserted);
   formats_.set(edit.insertedFormats);
   return true;
@@ -427,7 +408,7 @@ bool RichTextBox::redo() {
 
 void RichTextBox::rememberFormats() {
   if (Locked || selectionEnd() - selectionBegin() > kUndoLimit) return;
-  remember(
+  history_.remember(
       {selectionBegin(), SelText(), SelText(), formats_.runs(selectionBegin(), selectionEnd())});
 }
 

@@ -10,6 +10,7 @@
 #include "controls/accessor.h"
 #include "controls/caret_stops.h"
 #include "controls/control.h"
+#include "controls/edit_history.h"
 #include "controls/format_runs.h"
 #include "controls/styled_runs.h"
 #include "controls/text_buffer.h"
@@ -142,8 +143,8 @@ class RichTextBox : public Control {
   bool redo();
   /// What is about to be done to the formats of the selection can be undone.
   void rememberFormats();
-  bool canUndo() const { return undone_ < edits_.size(); }
-  bool canRedo() const { return undone_ > 0; }
+  bool canUndo() const { return history_.canUndo(); }
+  bool canRedo() const { return history_.canRedo(); }
 
   /// What a key does to caret and text: arrows, Home, End, Page Up and Down, Delete, backspace,
   /// Ctrl+A, Ctrl+Z and Ctrl+Y. False for a key that means nothing here.
@@ -154,14 +155,6 @@ class RichTextBox : public Control {
   bool paste(std::string_view utf8) { return typeText(utf8); }
 
  private:
-  struct Edit {
-    std::size_t at;
-    std::string removed;
-    std::string inserted;
-    std::vector<FormatRuns::Run> removedFormats;
-    std::vector<FormatRuns::Run> insertedFormats = {};  // once it is undone
-  };
-
   std::size_t selectionBegin() const { return std::min(caret_, anchor_); }
   std::size_t selectionEnd() const { return std::max(caret_, anchor_); }
   void formatSelection(const FormatChange& change);
@@ -177,7 +170,6 @@ class RichTextBox : public Control {
 
   bool replaceSelection(std::string_view bytes);
   void apply(std::size_t at, std::size_t count, std::string_view with);
-  void remember(Edit edit);
   bool erase(std::size_t begin, std::size_t end);
 
   TextBuffer text_;
@@ -187,8 +179,7 @@ class RichTextBox : public Control {
   std::size_t anchor_ = 0;
   bool selectedByProgram_ = false;
   std::size_t goalColumn_ = std::string::npos;  // of moves from line to line
-  std::vector<Edit> edits_;
-  std::size_t undone_ = 0;  // how many of the last edits are undone
+  EditHistory history_;
   std::uint64_t textRevision_ = 0;
   std::uint64_t formatRevision_ = 0;
 };

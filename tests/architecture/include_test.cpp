@@ -112,6 +112,17 @@ TEST(Includes, RunInNoCircle) {
   for (const auto& [file, included] : left) ADD_FAILURE() << file << " is on a circle or above one";
 }
 
+TEST(Files, AreNamedAfterTheirHeaders) {
+  std::set<std::string> headers;
+  for (const auto& [file, included] : kIncludes) {
+    if (file.ends_with(".h")) headers.insert(fs::path(file).stem().string());
+  }
+  for (const auto& [file, included] : kIncludes) {
+    if (!file.starts_with("src/")) continue;
+    EXPECT_TRUE(headers.contains(fs::path(file).stem().string())) << file;
+  }
+}
+
 std::set<std::string> wordsOf(const std::string& code) {
   static const std::regex kWord("[A-Za-z_][A-Za-z_0-9]*");
   std::set<std::string> words;

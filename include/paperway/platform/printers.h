@@ -47,8 +47,8 @@ class PAPERWAY_API Printers {
   /// kept.
   virtual void keep(const std::string& printer, const PageSettings& settings) = 0;
 
-  /// A line of a script (platform/shell.h) that sends the file to the printer as raw bytes; empty
-  /// for an unknown printer.
+  /// A line of a script (paperway/platform/shell.h) that sends the file to the printer as raw
+  /// bytes; empty for an unknown printer.
   virtual std::string sendCommand(const std::string& printer,
                                   const std::filesystem::path& file) = 0;
 };
