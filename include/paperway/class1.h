@@ -98,6 +98,13 @@ class PAPERWAY_API Class1 {
   /// too. A printer that keeps no settings is told in a message.
   void Set_Orientation(std::string_view PL, std::int16_t Page_Sz);
 
+  // HTML
+
+  /// Makes one page of HTML of a report file, in the text colours of the settings file, and says so
+  /// in a message. The characters of HTML in the report pass as they are. After a failure, an
+  /// AutomationError, an earlier page of that name stands.
+  void expHTml(const std::string& TxtFile, const std::string& NewHtmlFile);
+
   // Settings
 
   /// The value of a key in a settings file ("[KEY]", "Variable=value"), or the default. A missing

@@ -5,6 +5,8 @@
 #include <optional>
 
 #include "controls/form.h"
+#include "html/report_html.h"
+#include "html/report_window_html.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/folders.h"
 #include "paperway/platform/message_boxes.h"
@@ -145,6 +147,7 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModPath1 = pathOf(arguments.Path1);
   const auto form = std::make_shared<FrmReport>(platform_, run_);
   PrintPanel::bind(*form, platform_);
+  bindReportHtml(*form, platform_);
   form->load();
   platform_.windows.show(form);
 }
@@ -181,6 +184,18 @@ void Class1::Set_Orientation(std::string_view PL, std::int16_t Page_Sz) {
     state_->lastFailure = error;
     platform_.messageBox.show(error.description());
   }
+}
+
+void Class1::expHTml(const std::string& TxtFile, const std::string& NewHtmlFile) {
+  constexpr const char* kSource = "expHTml";
+  const ReportViewSettings settings(platform_.storage,
+                                    settingsPath(platform_.folders, run_->ModGuidComp));
+  convertReport({.report = pathOf(TxtFile),
+                 .html = pathOf(NewHtmlFile),
+                 .colors = storedTextColors(settings, kSource),
+                 .caller = kSource},
+                state_->font, platform_.storage);
+  platform_.messageBox.show(kExportComplete);
 }
 
 std::string Class1::ReadIniValue(const std::string& INIpath, std::string_view KEY,

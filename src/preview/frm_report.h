@@ -42,6 +42,10 @@ class FrmReport : public FrmReportControls {
     std::function<void()> drawPages;
   };
   PrintSteps printSteps;
+  /// The report as a page of HTML: in the file of CommonDialog1, and in another with page breaks,
+  /// after which a `NoMessage` of 1 shows no message.
+  std::function<void()> expHTml;
+  std::function<void(const std::filesystem::path& HtmlFile, std::uint8_t NoMessage)> expHTml_1;
   /// Keeps the bound parts alive as long as the form.
   std::vector<std::shared_ptr<void>> parts;
 

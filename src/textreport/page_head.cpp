@@ -47,7 +47,7 @@ PageHead::PageHead(const ReportPlan& plan, const TextRptArguments& arguments,
   headings_ = rule_ + "\r\n" + font.Bon + row + font.Boff + "\r\n" + rule_ + "\r\n";
 }
 
-void PageHead::write(ReportLines& out, std::int16_t pageNumber) const {
+void PageHead::write(OutputLines& out, std::int16_t pageNumber) const {
   out.append(titles_);
   writePageLine(out, pageNumber);
   out.append(headings_);
@@ -55,7 +55,7 @@ void PageHead::write(ReportLines& out, std::int16_t pageNumber) const {
 
 /// Its plain text ends with the last column of the report; a title that fills the line leaves no
 /// room for the number.
-void PageHead::writePageLine(ReportLines& out, std::int16_t pageNumber) const {
+void PageHead::writePageLine(OutputLines& out, std::int16_t pageNumber) const {
   std::string page = "Page No # ";
   pageNumberPattern_.append(page, ValueView(int{pageNumber}));
   const std::size_t room = rule_.size() - std::min(pageTitle_.size(), rule_.size());

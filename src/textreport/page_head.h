@@ -5,8 +5,8 @@
 #include <string>
 
 #include "paperway/arguments.h"
+#include "platform/output_lines.h"
 #include "report/report_plan.h"
-#include "textreport/report_lines.h"
 #include "util/control_strings.h"
 
 namespace paperway {
@@ -17,13 +17,13 @@ class PageHead {
  public:
   PageHead(const ReportPlan& plan, const TextRptArguments& arguments, const DOSEFONTcHR& font);
 
-  void write(ReportLines& out, std::int16_t pageNumber) const;
+  void write(OutputLines& out, std::int16_t pageNumber) const;
 
   std::int32_t lines() const { return lines_; }
   const std::string& rule() const { return rule_; }  // as wide as the report
 
  private:
-  void writePageLine(ReportLines& out, std::int16_t pageNumber) const;
+  void writePageLine(OutputLines& out, std::int16_t pageNumber) const;
 
   const DOSEFONTcHR& font_;
   const FormatPattern pageNumberPattern_{"0000"};

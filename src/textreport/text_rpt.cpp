@@ -267,7 +267,7 @@ class TextReport {
   const ReportPlan& plan_;
   const DOSEFONTcHR& font_;
   OutputFile& file_;
-  ReportLines out_;
+  OutputLines out_;
   const PageHead head_;
   ReportRun run_;
   const std::string& pitchCode_;

@@ -8,11 +8,11 @@
 
 namespace paperway {
 
-/// The lines of a report file on their way to the disk: gathered in a block, written when it is
-/// full. Bytes are of the report's code page; each line ends in CR LF.
-class ReportLines {
+/// The lines of a file on their way to the disk: gathered in a block, written when it is full.
+/// Bytes are of the file's code page; each line ends in CR LF.
+class OutputLines {
  public:
-  explicit ReportLines(OutputFile& file) : file_(file), block_(kBlock, '\0') {}
+  explicit OutputLines(OutputFile& file) : file_(file), block_(kBlock, '\0') {}
 
   void line(std::string_view text) {
     append(text);
