@@ -5,7 +5,9 @@
 #include <optional>
 
 #include "controls/form.h"
+#include "html/frm_browser.h"
 #include "html/report_html.h"
+#include "html/report_window_browser.h"
 #include "html/report_window_html.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/folders.h"
@@ -31,6 +33,8 @@
 
 namespace paperway {
 namespace {
+
+constexpr std::string_view kNoContextMenu = " <body onContextMenu='return false'> ";
 
 std::string numberAndReason(const AutomationError& error) {
   return numberText(static_cast<double>(error.number())) + "\r\n" + error.description();
@@ -148,6 +152,7 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   const auto form = std::make_shared<FrmReport>(platform_, run_);
   PrintPanel::bind(*form, platform_);
   bindReportHtml(*form, platform_);
+  bindBrowserWindow(*form, platform_);
   form->load();
   platform_.windows.show(form);
 }
@@ -170,6 +175,13 @@ void Class1::printDirectly(PreviewReportArguments& arguments) {
     state_->lastFailure = error;
     showPrintFailure(platform_.messageBox, error);
   }
+}
+
+void Class1::PreviewReportWindows(PreviewReportWindowsArguments& arguments) {
+  state_->lastFailure.reset();
+  requireBrowser(platform_.browser);
+  if (arguments.RPrint == 0) Appendtxt(arguments.Path1, kNoContextMenu);
+  showBrowser(platform_, run_, pathOf(arguments.Path1), arguments.PL1, arguments.RPrint);
 }
 
 bool Class1::RtWindows1() const {

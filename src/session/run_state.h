@@ -2,12 +2,15 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "paperway/run_context.h"
 #include "util/control_strings.h"
 
 namespace paperway {
+
+class Form;
 
 /// The channel between Class1 and the windows, which read their arguments when they load: what a
 /// RunContext holds. Texts are UTF-8.
@@ -26,10 +29,12 @@ struct RunState {
   std::uint8_t ModRColor = 0;   // the choice of colours
   std::uint8_t ModRPrint = 0;   // printing
 
-  std::filesystem::path ModPath1;  // report file that the window loads
-  bool ModWindowOpen = false;      // a report window is open
-  std::string ModGuidComp;         // company or installation number; names the settings file
-  DOSEFONTcHR ModDosFont;          // control strings of the last print
+  std::filesystem::path ModPath1;        // report file that the window loads
+  bool ModWindowOpen = false;            // a report window, or the browser window, is open
+  std::string ModGuidComp;               // company or installation number; names the settings file
+  std::filesystem::path ModBrowserPath;  // HTML file that the browser window opens
+  std::weak_ptr<Form> ModBrowserForm;    // the one browser window, while it is open
+  DOSEFONTcHR ModDosFont;                // control strings of the last print
 };
 
 /// That of the thread's own context.
