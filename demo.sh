@@ -26,6 +26,11 @@ query="SELECT * FROM sales"
 echo
 echo "The report is $demo/ledger.txt, its first page on paper $demo/page1.pdf."
 
+"$paperway" stickers --db "$demo/ledger.db" --line "{customer}" --line "{region}" --length 24 \
+  --columns 3 --data "SELECT DISTINCT customer, region FROM sales ORDER BY customer" \
+  --out "$demo/stickers.txt"
+echo "A sticker for each customer: $demo/stickers.txt."
+
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
   "$paperway" preview "$demo/ledger.txt"
 else
@@ -34,7 +39,8 @@ else
     "$paperway" printers add Demo "file://$PWD/$demo/printed.bin"
   fi
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/preview.png"
+  "$paperway" stickers --picture "$demo/stickers.png" --do JeweledButton1
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/print.png" --do CmdPrint
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/setting.png" --do Label4
-  echo "There is no display; pictures of the windows: $demo/preview.png, print.png, setting.png."
+  echo "There is no display; pictures of the windows: $demo/preview.png, print.png, setting.png, stickers.png."
 fi

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the pictures of docs/preview.md from the sample ledger. Needs no display.
+# Makes the pictures of the docs from the sample ledger. Needs no display.
 #
 #   docs/make_pictures.sh [BUILD_DIR]        by default build/release
 set -euo pipefail
@@ -30,6 +30,11 @@ picture() { # NAME PITCH ARGUMENT...
 }
 
 mkdir -p "$pictures"
+"$paperway" stickers --save-preset 1 --line "Ledger 2026" --line "Shelf 7" --line "Keep for 8 years" \
+  --length 16
+"$paperway" stickers --picture "$pictures/stickers.png" --do JeweledButton1 --do TxNos=20
+"$paperway" stickers --preset 1 --rows 5 --out stickers.txt
+"$paperway" preview stickers.txt --picture "$pictures/sticker_sheet.png" --size 1000,600
 picture pitch80 80
 picture pitch96 96
 picture pitch136 136

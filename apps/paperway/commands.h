@@ -10,7 +10,8 @@
 
 namespace paperway::command {
 
-constexpr int kUsualPaper = 12;  // inches of height
+constexpr char kProgram[] = "paperway";  // of both, with and without windows
+constexpr int kUsualPaper = 12;          // inches of height
 
 /// A failure that a message box has already told; the command ends with exit code 1.
 struct Told : std::runtime_error {
@@ -40,6 +41,7 @@ void addSetting(CLI::App& app);
 void addPrint(CLI::App& app);
 void addPrinters(CLI::App& app);
 void addPreview(CLI::App& app);
+void addStickers(CLI::App& app);
 
 /// Behind the commands: what is said of all of them, and the hidden options that write the manual
 /// page (--manual) and the completions for a shell (--completion) from what --help says.

@@ -1,5 +1,6 @@
 #include <vector>
 
+#include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "paperway/desktop.h"
 #include "paperway/platform/windows.h"
@@ -30,8 +31,10 @@ class LastForm : public Windows {
 class QtDesk : public Desk {
  public:
   explicit QtDesk(const Options& options)
-      : desktop_({.dark = options.dark, .screenless = options.screenless, .scale = options.scale}) {
-  }
+      : desktop_({.dark = options.dark,
+                  .screenless = options.screenless,
+                  .scale = options.scale,
+                  .program = kProgram}) {}
 
   Platform platform() override { return desktop_.platform().with(windows_); }
   Form& form() override { return *windows_.last.lock(); }

@@ -12,6 +12,8 @@ namespace paperway::command {
 /// on the console.
 class Machine {
  public:
+  Machine() { system_.names.program = kProgram; }
+
   Platform platform() {
     return {.messageBox = messageBox_,
             .windows = screenless_.windows,

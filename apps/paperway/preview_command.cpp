@@ -3,13 +3,13 @@
 #include <stdexcept>
 #include <vector>
 
+#include "apps/paperway/acts.h"
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
 #include "paperway/class1.h"
 #include "preview/frm_report.h"
 #include "printing/print_panel.h"
-#include "report/layout.h"
 
 namespace paperway::command {
 namespace {
@@ -47,58 +47,12 @@ void goTo(FrmReport& form, int page) {
   form.CmdNxt.Enabled = page < form.PageCount();
 }
 
-enum class Act { none, click, type };
-
-/// What --do can do with a control.
-Act actOn(const Control& control) {
-  switch (control.kind) {
-    case ControlKind::textBox:
-      return control.onDblClick ? Act::none : Act::type;  // not into a box of colour
-    case ControlKind::button:
-    case ControlKind::checkBox:
-    case ControlKind::optionButton:
-    case ControlKind::label:
-    case ControlKind::picture:
-      return control.onClick ? Act::click : Act::none;
-    default:
-      return Act::none;
-  }
-}
-
-/// "NAME" clicks a control, "NAME=TEXT" types a text and Enter into it.
-void perform(Form& form, const std::string& act) {
-  const std::size_t equals = act.find('=');
-  Control& control = form.at(act.substr(0, equals));
-  const Act wanted = equals == std::string::npos ? Act::click : Act::type;
-  if (actOn(control) != wanted) {
-    throw std::runtime_error(control.name + (wanted == Act::click ? " is nothing to click."
-                                                                  : " is nothing to type into."));
-  }
-  if (wanted == Act::click) {
-    form.moveFocus(&control);
-    if (!control.click()) throw std::runtime_error(control.name + " cannot be clicked now.");
-    return;
-  }
-  TextBox& box = form.get<TextBox>(control.name);
-  if (!form.moveFocus(&box)) throw std::runtime_error(box.name + " cannot be typed into now.");
-  box.Text = act.substr(equals + 1);
-  int key = keyReturn;
-  box.keyPress(key);
-}
-
-/// A line for each control of the report window that --do can act on.
-std::string controlsToActOn() {
+/// The controls of the report window that --do can act on.
+std::string controlsOfWindow() {
   Machine machine;
   FrmReport form(machine.platform(), RunContext());
   PrintPanel::bind(form, machine.platform());
-  std::string lines;
-  for (const Control* control : form.controls()) {
-    const Act act = actOn(*control);
-    if (act == Act::none) continue;
-    const std::string name = control->name + (act == Act::type ? "=TEXT" : "");
-    lines += "  " + TxtL(name, 16) + control->accessibleName() + "\n";
-  }
-  return lines;
+  return controlsToActOn(form);
 }
 
 void preview(const PreviewOptions& options) {
@@ -172,22 +126,14 @@ void addPreview(CLI::App& app) {
       ->expected(2)
       ->check(CLI::Range(200, 8000))
       ->needs(picture);
-  command
-      ->add_option("--do", options->acts,
-                   "Before the picture, click a control of the window by its name (Command2), or "
-                   "type into one (Text4=total); may be given again. The names are below")
-      ->type_name("ACT")
-      ->expected(1)
-      ->allow_extra_args(false)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-      ->needs(picture);
+  addActs(*command, options->acts)->needs(picture);
   command->footer([] {
     return "Examples:\n"
            "  paperway preview ledger.txt\n"
            "  paperway preview ledger.txt --no-print --page 3\n"
            "  paperway preview ledger.txt --picture page3.png --page 3 --scale 2\n"
            "Controls for --do:\n" +
-           controlsToActOn();
+           controlsOfWindow();
   });
   command->callback([options] {
     if (!options->size.empty() && (options->size[0] < 960 || options->size[1] < 480)) {

@@ -68,10 +68,10 @@ std::string UserStore::get(std::string_view application, std::string_view sectio
   return found == values.end() ? std::string(fallback) : found->second;
 }
 
-void UserStore::save(std::string_view application, std::string_view section, std::string_view key,
-                     std::string_view value) {
+void UserStore::saveAll(std::string_view application, std::string_view section,
+                        std::span<const Text> texts) {
   if (failure) throw AutomationError(*failure);
-  values[address(application, section, key)] = value;
+  for (const Text& text : texts) values[address(application, section, text.key)] = text.value;
 }
 
 PageSetup PageSetupStore::read() {

@@ -88,16 +88,7 @@ class PAPERWAY_API Class1 {
   void PreviewReport(PreviewReportArguments& arguments);
   void PreviewReport(PreviewReportArguments&& arguments) { PreviewReport(arguments); }
 
-  /// Opens an HTML file in the browser window and returns while that stays open; a window that is
-  /// open already takes the file. A file to look at only has the text that takes away the context
-  /// menu added to its end, each time. An AutomationError when there is no browser, with the file
-  /// as it was, or when the file cannot be read or, to look only, changed.
-  void PreviewReportWindows(PreviewReportWindowsArguments& arguments);
-  void PreviewReportWindows(PreviewReportWindowsArguments&& arguments) {
-    PreviewReportWindows(arguments);
-  }
-
-  /// True while a report window, or the browser window, is open; false when either has closed.
+  /// True while a report window is open.
   bool RtWindows1() const;
 
   // Printer set-up
@@ -113,6 +104,12 @@ class PAPERWAY_API Class1 {
   /// in a message. The characters of HTML in the report pass as they are. After a failure, an
   /// AutomationError, an earlier page of that name stands.
   void expHTml(const std::string& TxtFile, const std::string& NewHtmlFile);
+
+  // Stickers
+
+  /// Shows the window in which stickers are typed, and returns while it stays open. The presets of
+  /// the user cannot be read: an AutomationError, and no window.
+  void StickerPrint();
 
   // Settings
 

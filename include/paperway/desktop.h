@@ -22,6 +22,8 @@ class PAPERWAY_API Desktop {
     /// error. Not for a host with a QApplication of its own, which has decided that already.
     bool screenless = false;
     double scale = 1;  // of what is drawn so
+    /// Under which the user's choices are kept; empty: the executable's own name.
+    std::string program{};
   };
 
   /// An AutomationError when there is no display.

@@ -13,7 +13,6 @@
 #include "paperway/automation_error.h"
 #include "paperway/export.h"
 #include "paperway/platform.h"
-#include "paperway/platform/browser.h"
 #include "paperway/platform/clipboard.h"
 #include "paperway/platform/clock.h"
 #include "paperway/platform/dialogs.h"
@@ -45,10 +44,12 @@ class PAPERWAY_API SystemNames : public paperway::SystemNames {
   std::string computerName() override { return computer; }
   std::string userName() override { return user; }
   std::filesystem::path printerPort() override { return port; }
+  std::string programName() override { return program; }
 
   std::string computer = "HEADLESS";
   std::string user = "nobody";
   std::filesystem::path port = "printer_port";
+  std::string program = "paperway";
 };
 
 /// Hands each step on to another storage, counts it, and fails one on demand.
@@ -115,8 +116,8 @@ class PAPERWAY_API UserStore : public paperway::UserStore {
  public:
   std::string get(std::string_view application, std::string_view section, std::string_view key,
                   std::string_view fallback) override;
-  void save(std::string_view application, std::string_view section, std::string_view key,
-            std::string_view value) override;
+  void saveAll(std::string_view application, std::string_view section,
+               std::span<const Text> texts) override;
 
   std::map<std::vector<std::string>, std::string> values;  // by lower-case address
   std::optional<AutomationError> failure;                  // raised by every call
@@ -262,30 +263,6 @@ class PAPERWAY_API Shell : public paperway::Shell {
   bool fails = false;
 };
 
-/// Shows nothing, and keeps what it was asked for. A document is complete at once unless the script
-/// holds it.
-class PAPERWAY_API Browser : public paperway::Browser {
- public:
-  std::unique_ptr<BrowserPage> open(BrowserEvents& events) override;
-
-  /// Says that the document of the page that was opened last can be read.
-  void complete();
-
-  std::vector<std::string> calls;  // "Navigate /folder/file", "print", "setZoom 3"
-  bool holds = false;              // documents wait for complete()
-  int zoom = 2;                    // of pages, and what was last set
-  bool landscape = false;          // likewise
-  bool contextMenu = true;         // likewise
-  std::string failing;             // the name of the operation that fails; empty: none
-
- private:
-  class Page;
-
-  void note(const std::string& operation, const std::string& argument = "");
-
-  BrowserEvents* events_ = nullptr;
-};
-
 /// Folders below one root.
 class PAPERWAY_API Folders : public paperway::Folders {
  public:
@@ -307,7 +284,6 @@ struct PAPERWAY_API Headless {
       : folders(root), storage(real), files(root / "temporary") {}
 
   MessageBoxes messageBox;
-  Browser browser;  // outlives the forms that the windows keep
   Windows windows;
   Folders folders;
   Clipboard clipboard;
@@ -324,8 +300,8 @@ struct PAPERWAY_API Headless {
   PrintDevice printDevice{printers};
 
   Platform platform() {
-    return {messageBox, windows, folders,   clipboard, dialogs,  shell,       storage,   files,
-            clock,      names,   userStore, spooler,   printers, printDevice, pageSetup, &browser};
+    return {messageBox, windows, folders,   clipboard, dialogs,  shell,       storage,  files,
+            clock,      names,   userStore, spooler,   printers, printDevice, pageSetup};
   }
 };
 

@@ -18,6 +18,13 @@ struct Geometry {
   int bottom() const { return Top + Height; }
 };
 
+inline void place(Geometry& control, int left, int top, int width, int height) {
+  control.Left = left;
+  control.Top = top;
+  control.Width = width;
+  control.Height = height;
+}
+
 /// blue × 65536 + green × 256 + red, or one of the system colours below, which the renderer takes
 /// from the desktop's theme.
 using Color = std::uint32_t;

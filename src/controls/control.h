@@ -26,7 +26,6 @@ enum class ControlKind {
   menuItem,
   richText,
   spLebal,
-  webBrowser,
 };
 
 /// What stands on a form: plain values that a renderer copies to its widgets after each event, and

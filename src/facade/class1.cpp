@@ -5,9 +5,7 @@
 #include <optional>
 
 #include "controls/form.h"
-#include "html/frm_browser.h"
 #include "html/report_html.h"
-#include "html/report_window_browser.h"
 #include "html/report_window_html.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/folders.h"
@@ -23,6 +21,7 @@
 #include "report/report_format.h"
 #include "session/run_state.h"
 #include "session/settings_store.h"
+#include "sticker/frm0010_sticker.h"
 #include "textreport/text_rpt.h"
 #include "util/amounts.h"
 #include "util/control_strings.h"
@@ -34,10 +33,15 @@
 namespace paperway {
 namespace {
 
-constexpr std::string_view kNoContextMenu = " <body onContextMenu='return false'> ";
-
 std::string numberAndReason(const AutomationError& error) {
   return numberText(static_cast<double>(error.number())) + "\r\n" + error.description();
+}
+
+std::shared_ptr<FrmReport> newReportWindow(const Platform& platform, const RunContext& run) {
+  auto form = std::make_shared<FrmReport>(platform, run);
+  PrintPanel::bind(*form, platform);
+  bindReportHtml(*form, platform);
+  return form;
 }
 
 }  // namespace
@@ -149,10 +153,7 @@ void Class1::PreviewReport(PreviewReportArguments& arguments) {
   state.ModRColor = arguments.RColor;
   state.ModRPrint = arguments.RPrint;
   state.ModPath1 = pathOf(arguments.Path1);
-  const auto form = std::make_shared<FrmReport>(platform_, run_);
-  PrintPanel::bind(*form, platform_);
-  bindReportHtml(*form, platform_);
-  bindBrowserWindow(*form, platform_);
+  const auto form = newReportWindow(platform_, run_);
   form->load();
   platform_.windows.show(form);
 }
@@ -177,13 +178,6 @@ void Class1::printDirectly(PreviewReportArguments& arguments) {
   }
 }
 
-void Class1::PreviewReportWindows(PreviewReportWindowsArguments& arguments) {
-  state_->lastFailure.reset();
-  requireBrowser(platform_.browser);
-  if (arguments.RPrint == 0) Appendtxt(arguments.Path1, kNoContextMenu);
-  showBrowser(platform_, run_, pathOf(arguments.Path1), arguments.PL1, arguments.RPrint);
-}
-
 bool Class1::RtWindows1() const {
   return run_->ModWindowOpen;
 }
@@ -198,16 +192,16 @@ void Class1::Set_Orientation(std::string_view PL, std::int16_t Page_Sz) {
   }
 }
 
-void Class1::expHTml(const std::string& TxtFile, const std::string& NewHtmlFile) {
-  constexpr const char* kSource = "expHTml";
-  const ReportViewSettings settings(platform_.storage,
-                                    settingsPath(platform_.folders, run_->ModGuidComp));
-  convertReport({.report = pathOf(TxtFile),
-                 .html = pathOf(NewHtmlFile),
-                 .colors = storedTextColors(settings, kSource),
-                 .caller = kSource},
-                state_->font, platform_.storage);
-  platform_.messageBox.show(kExportComplete);
+void Class1::StickerPrint() {
+  std::shared_ptr<Form> form = run_->ModStickerForm.lock();
+  if (form == nullptr || !form->loaded()) {
+    form = std::make_shared<Frm0010Sticker>(platform_, run_, [platform = platform_, run = run_] {
+      return newReportWindow(platform, run);
+    });
+    form->load();
+    run_->ModStickerForm = form;
+  }
+  platform_.windows.show(form);
 }
 
 std::string Class1::ReadIniValue(const std::string& INIpath, std::string_view KEY,

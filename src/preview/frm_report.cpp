@@ -63,6 +63,16 @@ void FrmReport::Form_Load() {
   }
 }
 
+void FrmReport::open(const std::filesystem::path& path) {
+  const std::filesystem::path before = std::exchange(run->ModPath1, path);
+  try {
+    loadSteps();
+  } catch (...) {
+    run->ModPath1 = before;
+    throw;
+  }
+}
+
 void FrmReport::loadSteps() {
   RunState& state = *run;
   const auto take = [](const std::function<void()>& step) {
@@ -435,14 +445,7 @@ void FrmReport::CmdImport_Click() {
   CommonDialog1.DialogTitle = "[ TXT File Only ]Select A File From Which To Retrive Data";
   CommonDialog1.ShowOpen();
   if (CommonDialog1.FileName.empty()) return;
-  const std::string chosen = platform_.files.GetFile(textOf(CommonDialog1.FileName)).ShortPath;
-  const std::filesystem::path before = std::exchange(run->ModPath1, pathOf(chosen));
-  try {
-    loadSteps();
-  } catch (...) {
-    run->ModPath1 = before;  // the report on show is still the one before
-    throw;
-  }
+  open(pathOf(platform_.files.GetFile(textOf(CommonDialog1.FileName)).ShortPath));
 }
 
 void FrmReport::Rt1_MouseDown(const MouseEvent& event) {

@@ -61,6 +61,8 @@ class FrmReport : public FrmReportControls {
   CommonDialog CommonDialog1;
 
   void Form_Load() override;
+  /// The load steps again, with another report; one that cannot be read leaves the one on show.
+  void open(const std::filesystem::path& path);
   void Form_Activate() override;
   void Form_Resize() override { Form_Activate(); }
   void Form_Unload() override;

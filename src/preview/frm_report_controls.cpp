@@ -17,13 +17,6 @@ constexpr int kButtonHeight = 420;
 constexpr int kBoxHeight = 330;
 constexpr int kLabelHeight = 300;
 
-void place(Geometry& control, int left, int top, int width, int height) {
-  control.Left = left;
-  control.Top = top;
-  control.Width = width;
-  control.Height = height;
-}
-
 /// A frame that the user does not see as one.
 void groupOnly(Frame& frame) {
   frame.Border = false;

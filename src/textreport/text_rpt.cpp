@@ -236,12 +236,6 @@ class TextReport {
     if (holdsControls({cell, column.width})) run_.noteControls();
   }
 
-  static bool holdsControls(std::string_view bytes) {
-    return std::any_of(bytes.begin(), bytes.end(), [](char byte) {
-      return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-    });
-  }
-
   /// A text of ours in the code page; it stands until the next one is asked for.
   std::string_view encoded(std::string_view text) {
     if (isAscii(text)) return text;

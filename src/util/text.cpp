@@ -127,6 +127,12 @@ bool startsIgnoringCase(std::string_view text, std::size_t at, std::string_view 
 
 }  // namespace
 
+bool holdsControls(std::string_view bytes) {
+  return std::any_of(bytes.begin(), bytes.end(), [](char byte) {
+    return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+  });
+}
+
 std::string_view trimBlanks(std::string_view text) {
   std::size_t begin = 0;
   std::size_t end = text.size();

@@ -48,6 +48,9 @@ inline bool isPrintableAscii(std::string_view text) {
   return (seen & kEachByte * 0x80) == 0;
 }
 
+/// Whether a byte below 32, or 127, is among them.
+bool holdsControls(std::string_view bytes);
+
 /// Blanks (character 32 alone) off both ends.
 std::string_view trimBlanks(std::string_view text);
 

@@ -13,7 +13,9 @@
 #include "backends/desktop/qt/application.h"
 #include "backends/desktop/qt/control_view.h"
 #include "backends/desktop/qt/convert.h"
+#include "paperway/class1.h"
 #include "qt_desk.h"
+#include "sticker/frm0010_sticker.h"
 #include "support/report_window.h"
 
 namespace paperway {
@@ -124,6 +126,35 @@ TEST_F(Looks, CaptionsFitAndControlsStandApart) {
     expectTidyAt(form->MinWidth, form->MinHeight);
     expectTidyAt(28800, 16200);
   }
+}
+
+TEST(StickerLooks, CaptionsFitAndTheWindowGrowsWithItsSettings) {
+  QtDesk desk;
+  runState() = RunState();
+  Class1 class1(desk.platform());
+  class1.StickerPrint();
+  auto& form = dynamic_cast<Frm0010Sticker&>(*runState().ModStickerForm.lock());
+  qt::FormWindow& window = *desk.windows.window(form);
+  QtUser user(window);
+  expectTidy(window);
+  const auto width = [&window] {
+    QApplication::processEvents();
+    return window.widget()->width();
+  };
+  const int narrow = width();
+  user.click("JeweledButton1");
+  EXPECT_GT(width(), narrow);
+  expectTidy(window);
+  user.type("TxNos", "20");
+  EXPECT_EQ(form.TxRow.Text, "3");
+  desk.expectAgreement(form);
+  user.click("JeweledButton1");
+  EXPECT_EQ(width(), narrow);
+  user.alt('W');
+  EXPECT_EQ(desk.windows.windows().size(), 2u) << "the sheet is on show";
+  std::static_pointer_cast<Form>(runState().ModReportForm.lock())->unload();
+  QtUser(window).alt('X');
+  EXPECT_FALSE(form.loaded());
 }
 
 TEST_F(Looks, WhatTheScreenCannotHoldIsReachedByScrolling) {

@@ -84,7 +84,9 @@ class Application {
 struct Desktop::Parts {
   explicit Parts(const Options& options)
       : application(system, options),
-        messages(options.screenless ? static_cast<MessageBoxes&>(system.messageBox) : messageBox) {}
+        messages(options.screenless ? static_cast<MessageBoxes&>(system.messageBox) : messageBox) {
+    system.names.program = options.program;
+  }
 
   qt::FormWindow& lastWindow() {
     if (windows.windows().empty()) fail("No window is open.");

@@ -138,8 +138,6 @@ std::unique_ptr<ControlView> makeView(FormWindow& window, Control& control, QWid
       return makeFrameView(window, control, parent);
     case ControlKind::richText:
       return makeReportView(window, control, parent);
-    case ControlKind::webBrowser:
-      return makeBrowserView(window, control, parent);
     case ControlKind::timer:
     case ControlKind::menu:
     case ControlKind::menuItem:

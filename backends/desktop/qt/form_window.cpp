@@ -68,6 +68,16 @@ void FormWindow::fitScreen() {
   if (!sizable) setMaximumSize(minimumSize());
 }
 
+/// A form that the user cannot resize resizes itself.
+void FormWindow::followSize() {
+  const QSize wanted(pixels(form_->Width), pixels(form_->Height));
+  if (form_->Sizable || surface_.minimumSize() == wanted) return;
+  setMinimumSize(0, 0);
+  setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  fitScreen();
+  resize(minimumSize());
+}
+
 void FormWindow::bringIntoSight(const ControlView& view) {
   const QSize sight = viewport()->size();
   if (view.widget.size().boundedTo(sight) == view.widget.size()) ensureWidgetVisible(&view.widget);
@@ -97,11 +107,11 @@ void FormWindow::begin() {
   act([this, first] { form_->moveFocus(first); });
 }
 
-/// The text, or the web page, that the window is for; null when there is none.
+/// The text that the window is for; null when there is none.
 Control* FormWindow::page() const {
   const std::vector<Control*> order = form_->tabOrder();
   const auto found = std::find_if(order.begin(), order.end(), [](const Control* control) {
-    return control->kind == ControlKind::richText || control->kind == ControlKind::webBrowser;
+    return control->kind == ControlKind::richText;
   });
   return found == order.end() ? nullptr : *found;
 }
@@ -147,6 +157,7 @@ void FormWindow::sync() {
 void FormWindow::syncOnce() {
   if (windowTitle() != text(form_->Caption)) setWindowTitle(text(form_->Caption));
   if (isEnabled() != form_->Enabled) setEnabled(form_->Enabled);
+  followSize();
   if (form_->MousePointer == mpHourglass) {
     setCursor(Qt::WaitCursor);
   } else {

@@ -53,6 +53,7 @@ class FormWindow : public QScrollArea {
   void build();
   QSize room() const;
   void fitScreen();
+  void followSize();
   void bringIntoSight(const ControlView& view);
   void buildTimer(Timer& timer);
   void tell(const std::exception& error);

@@ -56,15 +56,11 @@ PageSetup PageSetupStore::read() {
   return setup;
 }
 
-/// What has not changed is left alone.
 void PageSetupStore::write(const PageSetup& setup) {
-  const auto save = [&](const char* key, const std::string& value) {
-    if (texts_.get(kApplication, kSection, key, "") == value) return;
-    texts_.save(kApplication, kSection, key, value);
-  };
-  for (const auto& [key, inches] : kMargins) save(key, defaultText(setup.*inches));
-  save(kTextSize, std::to_string(setup.textSize));
-  for (const auto& [key, text] : kLines) save(key, setup.*text);
+  std::vector<UserStore::Text> texts{{kTextSize, std::to_string(setup.textSize)}};
+  for (const auto& [key, inches] : kMargins) texts.push_back({key, defaultText(setup.*inches)});
+  for (const auto& [key, text] : kLines) texts.push_back({key, setup.*text});
+  texts_.saveAll(kApplication, kSection, texts);
 }
 
 }  // namespace paperway::desktop

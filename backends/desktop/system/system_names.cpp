@@ -1,6 +1,8 @@
 #include "backends/desktop/system/system_names.h"
 
+#include <filesystem>
 #include <pwd.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace paperway::desktop {
@@ -13,6 +15,12 @@ std::string SystemNames::computerName() {
 std::string SystemNames::userName() {
   const passwd* user = getpwuid(geteuid());
   return user == nullptr ? "" : user->pw_name;
+}
+
+std::string SystemNames::programName() {
+  if (!program.empty()) return program;
+  std::error_code unknown;
+  return std::filesystem::read_symlink("/proc/self/exe", unknown).stem().string();
 }
 
 }  // namespace paperway::desktop

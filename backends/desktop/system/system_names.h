@@ -9,6 +9,9 @@ class SystemNames : public paperway::SystemNames {
   std::string computerName() override;
   std::string userName() override;
   std::filesystem::path printerPort() override { return "/dev/usb/lp0"; }
+  std::string programName() override;
+
+  std::string program{};  // that of the executable when empty
 };
 
 }  // namespace paperway::desktop

@@ -124,14 +124,14 @@ std::string UserStore::get(std::string_view application, std::string_view sectio
   return found == texts.end() ? std::string(fallback) : found->second;
 }
 
-void UserStore::save(std::string_view application, std::string_view section, std::string_view key,
-                     std::string_view value) {
+void UserStore::saveAll(std::string_view application, std::string_view section,
+                        std::span<const Text> texts) {
   Storage storage;
   const auto path = makePrivateFolder(storeFolder()) / "store.txt";
   changeFile(storage, path, kSource, FileAccess::owner, [&](const std::string& bytes) {
-    Texts texts = textsIn(bytes, path);
-    texts[address(application, section, key)] = value;
-    return format(texts);
+    Texts stored = textsIn(bytes, path);
+    for (const Text& text : texts) stored[address(application, section, text.key)] = text.value;
+    return format(stored);
   });
 }
 

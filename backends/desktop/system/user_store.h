@@ -12,8 +12,8 @@ class UserStore : public paperway::UserStore {
  public:
   std::string get(std::string_view application, std::string_view section, std::string_view key,
                   std::string_view fallback) override;
-  void save(std::string_view application, std::string_view section, std::string_view key,
-            std::string_view value) override;
+  void saveAll(std::string_view application, std::string_view section,
+               std::span<const Text> texts) override;
 };
 
 }  // namespace paperway::desktop

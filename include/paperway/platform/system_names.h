@@ -17,6 +17,8 @@ class PAPERWAY_API SystemNames {
   virtual std::string userName() = 0;
   /// The device of the machine's own printer port, whether there is one or not.
   virtual std::filesystem::path printerPort() = 0;
+  /// The program's own file name without its extension, under which a user's choices are kept.
+  virtual std::string programName() = 0;
 };
 
 }  // namespace paperway

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,8 +19,19 @@ class PAPERWAY_API UserStore {
   /// The value, or `fallback` when nothing was saved there.
   virtual std::string get(std::string_view application, std::string_view section,
                           std::string_view key, std::string_view fallback) = 0;
-  virtual void save(std::string_view application, std::string_view section, std::string_view key,
-                    std::string_view value) = 0;
+
+  struct Text {
+    std::string key;
+    std::string value;
+  };
+  /// In one step: all of them are saved, or none.
+  virtual void saveAll(std::string_view application, std::string_view section,
+                       std::span<const Text> texts) = 0;
+  void save(std::string_view application, std::string_view section, std::string_view key,
+            std::string_view value) {
+    const Text text{std::string(key), std::string(value)};
+    saveAll(application, section, {&text, 1});
+  }
 };
 
 }  // namespace paperway

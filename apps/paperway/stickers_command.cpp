@@ -1,0 +1,203 @@
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <vector>
+
+#include "apps/paperway/acts.h"
+#include "apps/paperway/commands.h"
+#include "apps/paperway/desk.h"
+#include "apps/paperway/machine.h"
+#include "apps/paperway/progress.h"
+#include "apps/paperway/source.h"
+#include "controls/form.h"
+#include "paperway/class1.h"
+#include "paperway/memory.h"
+#include "paperway/platform/folders.h"
+#include "paperway/platform/system_names.h"
+#include "platform/output_file.h"
+#include "session/run_state.h"
+#include "sticker/frm0010_sticker.h"
+#include "sticker/sticker_preset.h"
+#include "sticker/sticker_rows.h"
+#include "util/path_text.h"
+
+namespace paperway::command {
+namespace {
+
+struct StickerOptions {
+  Source source;
+  std::string data;
+  std::optional<int> preset;
+  std::optional<int> savePreset;
+  std::vector<std::string> lines;
+  std::optional<int> length, gap, columns, rows, blank;
+  bool condensed = false;
+  std::int64_t copies = 1;
+  std::string out;
+  bool preview = false;
+  std::string picture;
+  std::vector<std::string> acts;
+  Desk::Options desk;
+
+  bool fromRows() const { return !data.empty(); }
+  bool opensForm() const { return out.empty() && !savePreset && lines.empty(); }
+};
+
+/// The preset, or the one of a first start, with what the options say instead.
+StickerPreset presetOf(const StickerOptions& options, const Platform& machine) {
+  StickerPreset preset{.columns = "4", .length = "20"};
+  if (options.preset) {
+    preset = StickerPreset::load(machine.userStore, machine.names.programName(), *options.preset);
+  }
+  const auto take = [](std::string& text, const std::optional<int>& number) {
+    if (number) text = std::to_string(*number);
+  };
+  take(preset.length, options.length);
+  take(preset.space, options.gap);
+  take(preset.columns, options.columns);
+  take(preset.rows, options.rows);
+  take(preset.blankLines, options.blank);
+  if (options.condensed) preset.style = 1;
+  if (options.lines.empty()) return preset;
+  preset.fields = static_cast<int>(options.lines.size());
+  preset.lines = {};
+  std::copy(options.lines.begin(), options.lines.end(), preset.lines.begin());
+  return preset;
+}
+
+void writeFromRows(const StickerOptions& options, const StickerPreset& preset, Machine& machine) {
+  Progress progress;
+  const auto rows = options.source.rows(options.data);
+  const std::vector<std::string> lines(preset.lines.begin(), preset.lines.begin() + preset.fields);
+  writeStickers({.Rs = *rows,
+                 .file = options.out == "-" ? "/dev/stdout" : pathOf(options.out),
+                 .shape = preset.shape(),
+                 .lines = lines,
+                 .copies = options.copies,
+                 .onProgress = [&](const ReportProgress& done) { progress.tell(done); }},
+                machine.platform().storage);
+  progress.finish(options.out);
+}
+
+void writeOneSheet(const StickerOptions& options, const StickerPreset& preset, Machine& machine) {
+  const StickerShape shape = preset.shape();
+  OutputFile file(machine.platform().storage,
+                  options.out == "-" ? "/dev/stdout" : pathOf(options.out), "stickers");
+  writeStickerSheet(shape, preset.lines, [&](std::string_view bytes) { file.write(bytes); });
+  file.commit();
+}
+
+void writeStickers(const StickerOptions& options) {
+  Machine machine;
+  const Platform platform = machine.platform();
+  const StickerPreset preset = presetOf(options, platform);
+  preset.shape();  // what no sheet can be is not kept either
+  if (options.savePreset) {
+    preset.save(platform.userStore, platform.names.programName(), *options.savePreset);
+  }
+  if (options.out.empty()) return;
+  options.fromRows() ? writeFromRows(options, preset, machine)
+                     : writeOneSheet(options, preset, machine);
+}
+
+/// The sheets that the form makes are shown with everything on offer.
+void openForm(const StickerOptions& options) {
+  const std::unique_ptr<Desk> desk = Desk::open(options.desk);
+  RunState& state = runState();
+  state.ModPagelenth = kUsualPaper;
+  state.ModRCont = state.ModREdit = state.ModRSearch = state.ModRImport = 1;
+  state.ModRExport = state.ModRColor = state.ModRPrint = 1;
+  Class1 stickers(desk->platform());
+  stickers.StickerPrint();
+  if (options.preset) desk->form().click("OPss(" + std::to_string(*options.preset) + ")");
+  if (options.picture.empty()) return desk->run();
+  for (const std::string& act : options.acts) perform(desk->form(), act);
+  desk->draw(options.picture, {});
+}
+
+/// The controls of the window that --do can act on.
+std::string controlsOfWindow() {
+  Machine machine;
+  return controlsToActOn(Frm0010Sticker(machine.platform(), RunContext(), {}));
+}
+
+}  // namespace
+
+void addStickers(CLI::App& app) {
+  CLI::App* command = app.add_subcommand(
+      "stickers", "Write sheets of stickers, from one text or from rows, or open their window");
+  const auto options = std::make_shared<StickerOptions>();
+  const auto number = [&](const char* name, std::optional<int>& value, const char* help, int least,
+                          int most) {
+    return command->add_option(name, value, help)->type_name("N")->check(CLI::Range(least, most));
+  };
+  command
+      ->add_option("--line", options->lines,
+                   "A line of the sticker; up to five times. With --data, {field} stands for the "
+                   "field of the row, {field:pattern} for the field in a format pattern")
+      ->type_name("TEXT")
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  number("--preset", options->preset, "Begin with the preset of this number", 1, kStickerPresets);
+  number("--save-preset", options->savePreset,
+         "Keep what is said here under this number, for the window too", 1, kStickerPresets);
+  number("--length", options->length, "Width of a sticker in characters; 20 without a preset", 0,
+         255);
+  number("--gap", options->gap, "Blanks behind each sticker; 3 without a preset", 0, 32767);
+  number("--columns", options->columns, "Stickers side by side; 4 without a preset", 0, 255);
+  number("--rows", options->rows, "Rows of stickers on a sheet; 12 without a preset", 0, 32767);
+  number("--blank", options->blank, "Blank lines between rows, less one; 3 without a preset", 0,
+         32767);
+  command->add_flag("--condensed", options->condensed, "Condensed print, 136 columns to the line");
+  options->source.addOptions(*command);
+  CLI::Option* data =
+      command->add_option("--data", options->data, "Query whose rows make one sticker each");
+  data->type_name("SELECT");
+  command->add_option("--copies", options->copies, "Print each row's sticker so often")
+      ->type_name("N")
+      ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000}))
+      ->needs(data);
+  CLI::Option* out =
+      command->add_option("--out", options->out, "File to write; - is standard output");
+  out->type_name("FILE");
+  command->add_flag("--preview", options->preview, "Open the finished sheets in a window")
+      ->needs(out);
+  CLI::Option* picture =
+      command->add_option("--picture", options->picture,
+                          "Write a picture of the window instead of opening it; needs no display");
+  picture->type_name("OUT.png")->excludes(out);
+  command->add_option("--scale", options->desk.scale, "Scale of the picture")
+      ->type_name("FACTOR")
+      ->check(CLI::Range(1.0, 4.0))
+      ->needs(picture);
+  addActs(*command, options->acts)->needs(picture);
+  command->add_flag("--dark", options->desk.dark, "Dark colours, whatever the desktop says");
+  data->needs(out);
+  command->footer([] {
+    return "Examples:\n"
+           "  paperway stickers\n"
+           "  paperway stickers --line \"Ledger 2026\" --line \"Shelf 7\" --out shelf.txt "
+           "--preview\n"
+           "  paperway stickers --db ledger.db --data \"SELECT * FROM sales\" \\\n"
+           "    --line \"{customer}\" --line \"{amount:#,##0.00}\" --copies 2 --out labels.txt\n"
+           "Controls for --do:\n" +
+           controlsOfWindow();
+  });
+  command->callback([options] {
+    if (options->lines.size() > kStickerLines) {
+      throw CLI::ValidationError("--line", "at most five lines");
+    }
+    if (options->preview && options->out == "-") {
+      throw CLI::ValidationError("--preview",
+                                 "standard output cannot be read again; give --out a file");
+    }
+    options->desk.screenless = !options->picture.empty();
+    if (options->opensForm()) return openForm(*options);
+    const std::unique_ptr<Desk> desk = options->preview ? Desk::open({}) : nullptr;
+    forFile("write", options->out, [&] { writeStickers(*options); });
+    if (desk != nullptr) read(*desk, options->out);
+  });
+}
+
+}  // namespace paperway::command

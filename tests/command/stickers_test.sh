@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# The command "stickers", as a user types it.
+. "$(dirname "$0")/lib.sh"
+
+stickers="$paperway stickers"
+"$make_ledger" ledger.db 100 >/dev/null
+
+expect 0 '' $stickers --line AB --line CDEFGH --length 4 --columns 2 --rows 2 --blank 0 \
+  --condensed --out sheet.txt
+printf '\017AB     AB     \r\nCDEF   CDEF   \r\n\r\nAB     AB     \r\nCDEF   CDEF   \r\n\022\f\r\n' >wanted.txt
+same sheet.txt wanted.txt
+$stickers --line AB --line CDEFGH --length 4 --columns 2 --rows 2 --blank 0 --condensed --out - >out.txt
+same out.txt wanted.txt
+
+expect 0 '' $stickers --save-preset 2 --line AB --line CDEFGH --length 4 --columns 2 --rows 2 \
+  --blank 0 --condensed
+expect 0 '' $stickers --preset 2 --out preset.txt
+same preset.txt wanted.txt
+for i in {1..5}; do $stickers --save-preset $i --line "preset $i" & done
+wait
+for i in {1..5}; do
+  expect 0 "preset $i" $stickers --preset $i --out -
+done
+
+rows=(--db ledger.db --data "SELECT * FROM sales ORDER BY rowid LIMIT 3")
+expect 0 '' $stickers "${rows[@]}" --line "{customer}" --line "{amount:#,##0.00}" --columns 1 --out rows.txt
+[ "$(grep -c '[0-9]\.[0-9][0-9]' rows.txt)" -eq 3 ] || fail "a sticker for each row: $(cat rows.txt)"
+expect 0 '' $stickers "${rows[@]}" --line "{customer}" --copies 4 --columns 4 --rows 3 --out copies.txt
+[ "$(head -n 1 copies.txt | cut -c 1-20)" = "$(head -n 1 copies.txt | cut -c 70-89)" ] || fail "copies"
+
+expect 1 'no field "nme"' $stickers "${rows[@]}" --line "{nme}" --out rows.txt
+expect 1 'ledger.db' $stickers "${rows[@]}" --line x --out ledger.db
+expect 1 '"none/sheet.txt"' $stickers --line x --out none/sheet.txt
+expect 2 'at most five' $stickers --line 1 --line 2 --line 3 --line 4 --line 5 --line 6 --out x.txt
+expect 2 '--length' $stickers --length 256 --line x --out x.txt
+expect 2 '--data' $stickers --copies 2 --line x --out x.txt
+expect 0 'OPss(1)' $stickers --help
+finish
