@@ -52,7 +52,7 @@ fuzz_ended() {
   local folder=build/dev/fuzz/$name
   if [ "$rc" -ne 0 ]; then
     cat "$folder/log"
-    echo "$name failed; its input is $folder/fuzz_input.bin"
+    echo "$name failed; its log, and the input that breaks it, are in $folder"
     exit 1
   fi
   echo "$name: $(tail -n 1 "$folder/log")"

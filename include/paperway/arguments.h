@@ -61,4 +61,10 @@ struct PAPERWAY_API PreviewReportArguments {
   static PreviewReportArguments withEverything(std::string path);
 };
 
+struct PreviewReportWindowsArguments {
+  std::string Path1{};      // HTML file
+  std::string PL1{};        // "L": the report is for landscape paper
+  std::uint8_t RPrint = 1;  // 0: look only
+};
+
 }  // namespace paperway

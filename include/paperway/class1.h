@@ -88,7 +88,16 @@ class PAPERWAY_API Class1 {
   void PreviewReport(PreviewReportArguments& arguments);
   void PreviewReport(PreviewReportArguments&& arguments) { PreviewReport(arguments); }
 
-  /// True while a report window is open.
+  /// Opens an HTML file in the browser window and returns while that stays open; a window that is
+  /// open already takes the file. A file to look at only has the text that takes away the context
+  /// menu added to its end, each time. An AutomationError when there is no browser, with the file
+  /// as it was, or when the file cannot be read or, to look only, changed.
+  void PreviewReportWindows(PreviewReportWindowsArguments& arguments);
+  void PreviewReportWindows(PreviewReportWindowsArguments&& arguments) {
+    PreviewReportWindows(arguments);
+  }
+
+  /// True while a report window, or the browser window, is open; false when either has closed.
   bool RtWindows1() const;
 
   // Printer set-up

@@ -13,6 +13,7 @@
 #include "paperway/automation_error.h"
 #include "paperway/export.h"
 #include "paperway/platform.h"
+#include "paperway/platform/browser.h"
 #include "paperway/platform/clipboard.h"
 #include "paperway/platform/clock.h"
 #include "paperway/platform/dialogs.h"
@@ -263,6 +264,30 @@ class PAPERWAY_API Shell : public paperway::Shell {
   bool fails = false;
 };
 
+/// Shows nothing, and keeps what it was asked for. A document is complete at once unless the script
+/// holds it.
+class PAPERWAY_API Browser : public paperway::Browser {
+ public:
+  std::unique_ptr<BrowserPage> open(BrowserEvents& events) override;
+
+  /// Says that the document of the page that was opened last can be read.
+  void complete();
+
+  std::vector<std::string> calls;  // "Navigate /folder/file", "print", "setZoom 3"
+  bool holds = false;              // documents wait for complete()
+  int zoom = 2;                    // of pages, and what was last set
+  bool landscape = false;          // likewise
+  bool contextMenu = true;         // likewise
+  std::string failing;             // the name of the operation that fails; empty: none
+
+ private:
+  class Page;
+
+  void note(const std::string& operation, const std::string& argument = "");
+
+  BrowserEvents* events_ = nullptr;
+};
+
 /// Folders below one root.
 class PAPERWAY_API Folders : public paperway::Folders {
  public:
@@ -284,6 +309,7 @@ struct PAPERWAY_API Headless {
       : folders(root), storage(real), files(root / "temporary") {}
 
   MessageBoxes messageBox;
+  Browser browser;  // outlives the forms that the windows keep
   Windows windows;
   Folders folders;
   Clipboard clipboard;
@@ -300,8 +326,8 @@ struct PAPERWAY_API Headless {
   PrintDevice printDevice{printers};
 
   Platform platform() {
-    return {messageBox, windows, folders,   clipboard, dialogs,  shell,       storage,  files,
-            clock,      names,   userStore, spooler,   printers, printDevice, pageSetup};
+    return {messageBox, windows, folders,   clipboard, dialogs,  shell,       storage,   files,
+            clock,      names,   userStore, spooler,   printers, printDevice, pageSetup, &browser};
   }
 };
 

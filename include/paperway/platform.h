@@ -2,6 +2,7 @@
 
 namespace paperway {
 
+class Browser;
 class Clipboard;
 class Clock;
 class Dialogs;
@@ -36,15 +37,21 @@ struct Platform {
   Printers& printers;
   PrintDevice& printDevice;
   PageSetupStore& pageSetup;
+  Browser* browser = nullptr;  // none: no browser window
 
-  /// The same machine with other windows, or with other printers.
+  /// The same machine with other windows, other printers, or another browser.
   Platform with(Windows& shown) const {
-    return {messageBox, shown, folders,   clipboard, dialogs,  shell,       storage,  files,
-            clock,      names, userStore, spooler,   printers, printDevice, pageSetup};
+    return {messageBox, shown, folders,   clipboard, dialogs,  shell,       storage,   files,
+            clock,      names, userStore, spooler,   printers, printDevice, pageSetup, browser};
   }
   Platform with(Spooler& queues, Printers& known, PrintDevice& device) const {
-    return {messageBox, windows, folders,   clipboard, dialogs, shell,  storage,  files,
-            clock,      names,   userStore, queues,    known,   device, pageSetup};
+    return {messageBox, windows, folders,   clipboard, dialogs, shell,  storage,   files,
+            clock,      names,   userStore, queues,    known,   device, pageSetup, browser};
+  }
+  Platform with(Browser& pages) const {
+    Platform same = *this;
+    same.browser = &pages;
+    return same;
   }
 };
 

@@ -26,6 +26,7 @@ enum class ControlKind {
   menuItem,
   richText,
   spLebal,
+  webBrowser,
 };
 
 /// What stands on a form: plain values that a renderer copies to its widgets after each event, and

@@ -5,7 +5,9 @@
 #include <optional>
 
 #include "controls/form.h"
+#include "html/frm_browser.h"
 #include "html/report_html.h"
+#include "html/report_window_browser.h"
 #include "html/report_window_html.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/folders.h"
@@ -33,6 +35,8 @@
 namespace paperway {
 namespace {
 
+constexpr std::string_view kNoContextMenu = " <body onContextMenu='return false'> ";
+
 std::string numberAndReason(const AutomationError& error) {
   return numberText(static_cast<double>(error.number())) + "\r\n" + error.description();
 }
@@ -41,6 +45,7 @@ std::shared_ptr<FrmReport> newReportWindow(const Platform& platform, const RunCo
   auto form = std::make_shared<FrmReport>(platform, run);
   PrintPanel::bind(*form, platform);
   bindReportHtml(*form, platform);
+  bindBrowserWindow(*form, platform);
   return form;
 }
 
@@ -178,6 +183,13 @@ void Class1::printDirectly(PreviewReportArguments& arguments) {
   }
 }
 
+void Class1::PreviewReportWindows(PreviewReportWindowsArguments& arguments) {
+  state_->lastFailure.reset();
+  requireBrowser(platform_.browser);
+  if (arguments.RPrint == 0) Appendtxt(arguments.Path1, kNoContextMenu);
+  showBrowser(platform_, run_, pathOf(arguments.Path1), arguments.PL1, arguments.RPrint);
+}
+
 bool Class1::RtWindows1() const {
   return run_->ModWindowOpen;
 }
@@ -190,6 +202,18 @@ void Class1::Set_Orientation(std::string_view PL, std::int16_t Page_Sz) {
     state_->lastFailure = error;
     platform_.messageBox.show(error.description());
   }
+}
+
+void Class1::expHTml(const std::string& TxtFile, const std::string& NewHtmlFile) {
+  constexpr const char* kSource = "expHTml";
+  const ReportViewSettings settings(platform_.storage,
+                                    settingsPath(platform_.folders, run_->ModGuidComp));
+  convertReport({.report = pathOf(TxtFile),
+                 .html = pathOf(NewHtmlFile),
+                 .colors = storedTextColors(settings, kSource),
+                 .caller = kSource},
+                state_->font, platform_.storage);
+  platform_.messageBox.show(kExportComplete);
 }
 
 void Class1::StickerPrint() {

@@ -29,14 +29,16 @@ struct RunState {
   std::uint8_t ModRColor = 0;   // the choice of colours
   std::uint8_t ModRPrint = 0;   // printing
 
-  std::filesystem::path ModPath1;  // report file that the window loads
-  bool ModWindowOpen = false;      // a report window is open
-  std::string ModGuidComp;         // company or installation number; names the settings file
-  DOSEFONTcHR ModDosFont;          // control strings of the last print
+  std::filesystem::path ModPath1;        // report file that the window loads
+  bool ModWindowOpen = false;            // a report window, or the browser window, is open
+  std::string ModGuidComp;               // company or installation number; names the settings file
+  std::filesystem::path ModBrowserPath;  // HTML file that the browser window opens
+  DOSEFONTcHR ModDosFont;                // control strings of the last print
 
   // The windows that members without arguments of their own come back to, as long as they are open.
   std::weak_ptr<Form> ModReportForm;
   std::weak_ptr<Form> ModStickerForm;
+  std::weak_ptr<Form> ModBrowserForm;
 };
 
 /// That of the thread's own context.

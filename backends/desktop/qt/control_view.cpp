@@ -138,6 +138,8 @@ std::unique_ptr<ControlView> makeView(FormWindow& window, Control& control, QWid
       return makeFrameView(window, control, parent);
     case ControlKind::richText:
       return makeReportView(window, control, parent);
+    case ControlKind::webBrowser:
+      return makeBrowserView(window, control, parent);
     case ControlKind::timer:
     case ControlKind::menu:
     case ControlKind::menuItem:

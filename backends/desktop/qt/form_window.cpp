@@ -107,11 +107,11 @@ void FormWindow::begin() {
   act([this, first] { form_->moveFocus(first); });
 }
 
-/// The text that the window is for; null when there is none.
+/// The text, or the web page, that the window is for; null when there is none.
 Control* FormWindow::page() const {
   const std::vector<Control*> order = form_->tabOrder();
   const auto found = std::find_if(order.begin(), order.end(), [](const Control* control) {
-    return control->kind == ControlKind::richText;
+    return control->kind == ControlKind::richText || control->kind == ControlKind::webBrowser;
   });
   return found == order.end() ? nullptr : *found;
 }

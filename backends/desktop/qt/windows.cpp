@@ -39,7 +39,9 @@ void Windows::show(std::shared_ptr<Form> form) {
     cameToFront(*shown);
   } else {
     shown->raise();
-    shown->activateWindow();  // which tells when it has happened
+    shown->activateWindow();
+    front_ = nullptr;  // it comes to the front once more, be it there or not
+    cameToFront(*shown);
   }
 }
 
