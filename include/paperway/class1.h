@@ -114,6 +114,24 @@ class PAPERWAY_API Class1 {
   /// AutomationError, an earlier page of that name stands.
   void expHTml(const std::string& TxtFile, const std::string& NewHtmlFile);
 
+  /// Writes the rows, under the table that Set_Repot_Format read, as an HTML document of tables, a
+  /// page each, for the user's page set-up and the printer's paper; the set-up keeps the footer
+  /// that numbers the pages. Texts are windows-1252, what that lacks are character references; the
+  /// characters of HTML in the data pass as they are. Call Set_Repot_Format before every export:
+  /// running totals stay in the table. Without it an earlier document is removed and none is
+  /// written. After a failure, an AutomationError, an earlier document stands. A preview that was
+  /// asked for fails as PreviewReportWindows does, with the document written.
+  void HTML_Export(HtmlExportArguments& arguments);
+  void HTML_Export(HtmlExportArguments&& arguments) { HTML_Export(arguments); }
+
+  /// HTML_Export with a style sheet, a class for each column, captions above columns, hidden
+  /// columns (Sz 0), page breaks at groups and running numbers that begin anew in them. Sets the
+  /// printer's orientation and paper first, as Set_Orientation does; no message is shown. The
+  /// column table is changed: a second export without a new Set_Repot_Format has captions without
+  /// fonts, centred.
+  void HTML_Export_Salary(HtmlExportSalaryArguments& arguments);
+  void HTML_Export_Salary(HtmlExportSalaryArguments&& arguments) { HTML_Export_Salary(arguments); }
+
   // Stickers
 
   /// Shows the window in which stickers are typed, and returns while it stays open. The presets of
@@ -206,6 +224,8 @@ class PAPERWAY_API Class1 {
 
  private:
   void printDirectly(PreviewReportArguments& arguments);
+  template <class Arguments>
+  void previewExport(const Arguments& arguments);
 
   FileSystem& files();
 

@@ -6,9 +6,11 @@
 
 #include "controls/form.h"
 #include "html/frm_browser.h"
+#include "html/html_export.h"
 #include "html/report_html.h"
 #include "html/report_window_browser.h"
 #include "html/report_window_html.h"
+#include "html/salary_export.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/folders.h"
 #include "paperway/platform/message_boxes.h"
@@ -214,6 +216,25 @@ void Class1::expHTml(const std::string& TxtFile, const std::string& NewHtmlFile)
                  .caller = kSource},
                 state_->font, platform_.storage);
   platform_.messageBox.show(kExportComplete);
+}
+
+template <class Arguments>
+void Class1::previewExport(const Arguments& arguments) {
+  if (arguments.Preview1 != 1) return;
+  PreviewReportWindows({.Path1 = arguments.HTML_FileName, .PL1 = arguments.PortraitLansscape});
+}
+
+void Class1::HTML_Export(HtmlExportArguments& arguments) {
+  if (writeHtmlExport(arguments, state_->ReportFormat, platform_)) previewExport(arguments);
+}
+
+void Class1::HTML_Export_Salary(HtmlExportSalaryArguments& arguments) {
+  try {
+    paperway::Set_Orientation(arguments.PortraitLansscape, arguments.Page_Size, platform_.printers);
+  } catch (const NoPrinterSettings&) {
+    // The pages are made for the paper that the printer has.
+  }
+  if (writeSalaryExport(arguments, state_->ReportFormat, platform_)) previewExport(arguments);
 }
 
 void Class1::StickerPrint() {

@@ -41,6 +41,17 @@ std::filesystem::path folderOf(const std::filesystem::path& target) {
                             textOf(folderOf(target)) + "\": " + error.message() + ".");
 }
 
+void refuseInputs(Storage& storage, const std::filesystem::path& target, const std::string& source,
+                  const OutputOptions& options) {
+  for (const std::filesystem::path& input : options.inputs) {
+    if (!storage.isSame(target, input)) continue;
+    throw AutomationError(AutomationError::kPathFileAccess, source,
+                          "Cannot write \"" + textOf(target) +
+                              "\": it is read for what would be written" +
+                              (target == input ? "." : ", as \"" + textOf(input) + "\"."));
+  }
+}
+
 }  // namespace
 
 OutputFile::OutputFile(Storage& storage, std::filesystem::path target, std::string source,
@@ -54,7 +65,7 @@ OutputFile::OutputFile(Storage& storage, std::filesystem::path target, std::stri
                           "Cannot write a file without a name.");
   }
   withFileError(kVerb, target_, source_, [&] {
-    refuseInputs();
+    refuseInputs(storage_, target_, source_, options_);
     const FileStatus::Kind kind = storage_.status(target_).kind;
     if (kind == FileStatus::Kind::stream) {
       file_ = storage_.openToAppend(target_);
@@ -69,16 +80,6 @@ OutputFile::OutputFile(Storage& storage, std::filesystem::path target, std::stri
     const bool isUsual = options_.access == FileAccess::usual;
     createBeside(isUsual && !isNew ? FileAccess::owner : options_.access);
   });
-}
-
-void OutputFile::refuseInputs() const {
-  for (const std::filesystem::path& input : options_.inputs) {
-    if (!storage_.isSame(target_, input)) continue;
-    throw AutomationError(AutomationError::kPathFileAccess, source_,
-                          "Cannot write \"" + textOf(target_) +
-                              "\": it is read for what would be written" +
-                              (target_ == input ? "." : ", as \"" + textOf(input) + "\"."));
-  }
 }
 
 /// A folder that may not be listed, or a file of another user's, is left alone.
@@ -142,6 +143,18 @@ void OutputFile::putInPlace() {
   storage_.rename(written_, target_);
   written_.clear();
   if (options_.lasting) storage_.syncFolder(folderOf(target_));
+}
+
+void removeOutput(Storage& storage, const std::filesystem::path& target, const std::string& source,
+                  const OutputOptions& options) {
+  withFileError(kVerb, target, source, [&] {
+    refuseInputs(storage, target, source, options);
+    const FileStatus::Kind kind = storage.status(target).kind;
+    if (kind == FileStatus::Kind::folder) {
+      throw std::system_error(std::make_error_code(std::errc::is_a_directory));
+    }
+    if (kind == FileStatus::Kind::regular) storage.remove(target);
+  });
 }
 
 void replaceFile(Storage& storage, const std::filesystem::path& target, std::string_view bytes,

@@ -42,7 +42,6 @@ class OutputFile {
   void commit();
 
  private:
-  void refuseInputs() const;
   void removeAbandoned() const;
   void createBeside(FileAccess access);
   void putInPlace();
@@ -54,6 +53,11 @@ class OutputFile {
   const OutputOptions options_;
   std::unique_ptr<StoredFile> file_;
 };
+
+/// Removes a regular file in the target's place, if there is one; what an OutputFile would refuse
+/// is refused, and a stream stays.
+void removeOutput(Storage& storage, const std::filesystem::path& target, const std::string& source,
+                  const OutputOptions& options);
 
 /// The target replaced by these bytes in one step.
 void replaceFile(Storage& storage, const std::filesystem::path& target, std::string_view bytes,

@@ -22,11 +22,11 @@ bool readText(std::string& text, const Recordset& rows, const GroupPlan& group) 
 }  // namespace
 
 GroupTracker::GroupTracker(const GroupPlan& inner, const GroupPlan& outer, const ReportRules& rules)
-    : inner_(inner), outer_(outer), rules_(rules) {}
+    : inner_(inner), outer_(outer), rules_(rules), nullHeading_(rules.nullHeading) {}
 
 GroupChange GroupTracker::take(const Recordset& rows) {
   const bool outerIsNull = !readText(outerText_, rows, outer_);
-  readText(innerText_, rows, inner_);
+  innerIsNull_ = !readText(innerText_, rows, inner_);
   innerRowKey_.assign(innerText_).append(outerText_);
   GroupChange change;
   change.outerBegins = outerDiffers(outerIsNull);
@@ -36,6 +36,7 @@ GroupChange GroupTracker::take(const Recordset& rows) {
     const std::string& own = rules_.innerEndsByOwnText && again ? innerText_ : innerRowKey_;
     const bool differs = !equalIgnoringCase(innerKey_, own);
     change.innerBegins = again || differs;
+    change.innerBeginsAlone = !again;
     change.innerEnds = differs && !innerKey_.empty() && (again ? change.outerEnds : true);
     innerKey_ = innerRowKey_;
   }

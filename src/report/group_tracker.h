@@ -13,6 +13,7 @@ struct GroupChange {
   bool outerEnds = false;
   bool outerBegins = false;
   bool innerBegins = false;
+  bool innerBeginsAlone = false;  // its own text, or key, has changed
 };
 
 /// The two levels of groups over the rows of a report, which come sorted: a group begins where its
@@ -35,6 +36,8 @@ class GroupTracker {
 
   /// Of the row taken last. Null is one blank.
   const std::string& innerText() const { return innerText_; }
+  /// As its header shows it.
+  const std::string& innerHeading() const { return innerIsNull_ ? nullHeading_ : innerText_; }
   const std::string& outerText() const { return outerText_; }
 
  private:
@@ -50,6 +53,8 @@ class GroupTracker {
   const GroupPlan& inner_;
   const GroupPlan& outer_;
   const ReportRules& rules_;
+  const std::string nullHeading_;
+  bool innerIsNull_ = false;
   std::string innerText_;  // of the row in hand, or of the row before when it is the same
   std::string outerText_;
   std::string innerRowKey_;  // both texts of the row in hand

@@ -12,6 +12,7 @@ struct ReportRules {
   bool nullBeginsOuterGroup;  // as one blank; else a null only heads the inner group again
   bool caseHeadsInnerGroup;   // again, when the outer value differs in nothing but case
   bool innerEndsByOwnText;    // at an outer change, its text alone against the key of both levels
+  const char* nullHeading;    // of an inner group
   bool closesUnbegunInner;    // totals of an inner group close a report without rows
   bool typeXTakesPlace;       // in lines of totals
   bool zeroWidthTakesPlace;   // in any line
@@ -24,6 +25,7 @@ inline constexpr ReportRules kTextRules{.rewinds = true,
                                         .nullBeginsOuterGroup = true,
                                         .caseHeadsInnerGroup = false,
                                         .innerEndsByOwnText = false,
+                                        .nullHeading = " ",
                                         .closesUnbegunInner = true,
                                         .typeXTakesPlace = true,
                                         .zeroWidthTakesPlace = true,
@@ -35,6 +37,7 @@ inline constexpr ReportRules kHtmlRules{.rewinds = false,
                                         .nullBeginsOuterGroup = false,
                                         .caseHeadsInnerGroup = false,
                                         .innerEndsByOwnText = true,
+                                        .nullHeading = "",
                                         .closesUnbegunInner = false,
                                         .typeXTakesPlace = false,
                                         .zeroWidthTakesPlace = true,
@@ -46,6 +49,7 @@ inline constexpr ReportRules kSalaryHtmlRules{.rewinds = false,
                                               .nullBeginsOuterGroup = false,
                                               .caseHeadsInnerGroup = true,
                                               .innerEndsByOwnText = true,
+                                              .nullHeading = "",
                                               .closesUnbegunInner = false,
                                               .typeXTakesPlace = false,
                                               .zeroWidthTakesPlace = false,
@@ -57,6 +61,7 @@ inline constexpr ReportRules kWorkbookRules{.rewinds = false,
                                             .nullBeginsOuterGroup = false,
                                             .caseHeadsInnerGroup = false,
                                             .innerEndsByOwnText = false,
+                                            .nullHeading = "",
                                             .closesUnbegunInner = false,
                                             .typeXTakesPlace = true,
                                             .zeroWidthTakesPlace = true,

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -9,6 +11,7 @@
 #include "report/group_tracker.h"
 #include "report/page_budget.h"
 #include "util/numbers.h"
+#include "util/text.h"
 
 namespace paperway {
 
@@ -16,11 +19,14 @@ namespace paperway {
 /// report.
 enum class GroupEnd { alone, withOuter, ofReport };
 
+/// Whether an inner group begins by itself, or because the one around it does.
+enum class GroupBegin { alone, withOuter };
+
 /// The run of a report, whatever it is written on: walks the rows once, keeps groups, duplicates,
 /// sums and the page's budget, and tells a sink what happens, in this order:
 ///
 ///   endInnerGroup(GroupEnd), endOuterGroup(GroupEnd)  their sums stand, and begin anew behind it
-///   beginOuterGroup(text), beginInnerGroup(text)
+///   beginOuterGroup(text), beginInnerGroup(text, GroupBegin)
 ///   beginRow(duplicate)
 ///   for each column one of blankCell(column), noCell(column), textCell(column, value),
 ///     dateCell(column, value), numberCell(column, value, number)
@@ -60,9 +66,12 @@ class ReportRun {
   template <class Sink>
   void endPageIfFull(Sink& sink) {
     if (!page.isFull()) return;
-    ++done_.pages;
+    countPage();
     sink.endPage();
   }
+
+  /// The sink has ended a page by itself.
+  void countPage() { ++done_.pages; }
 
   /// All is written, and may still be given up.
   void finish() {
@@ -82,6 +91,14 @@ class ReportRun {
     if (done_.controlRows++ == 0) done_.firstControlRow = controlRow_;
   }
 
+  /// Raises the kTypeMismatch of a field of the row in hand whose text is not UTF-8.
+  void requireRowText(std::string_view text, const std::string& field) const {
+    if (validUtf8Length(text) == text.size()) return;
+    raiseNotUtf8(text,
+                 "Field \"" + field + "\" of row " + std::to_string(rowNumber()) + " of the data",
+                 plan_.caller);
+  }
+
   PageBudget page;
 
  private:
@@ -92,7 +109,9 @@ class ReportRun {
     const GroupChange change = groups_.take(rows_);
     endGroups(sink, change, change.outerBegins ? GroupEnd::withOuter : GroupEnd::alone);
     if (change.outerBegins) sink.beginOuterGroup(groups_.outerText());
-    if (change.innerBegins) sink.beginInnerGroup(groups_.innerText());
+    if (!change.innerBegins) return;
+    sink.beginInnerGroup(groups_.innerHeading(),
+                         change.innerBeginsAlone ? GroupBegin::alone : GroupBegin::withOuter);
   }
 
   template <class Sink>

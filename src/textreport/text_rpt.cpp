@@ -72,7 +72,7 @@ class TextReport {
   }
 
   void beginOuterGroup(const std::string& text) { writeGroupHeader(plan_.outer, text); }
-  void beginInnerGroup(const std::string& text) { writeGroupHeader(plan_.inner, text); }
+  void beginInnerGroup(const std::string& text, GroupBegin) { writeGroupHeader(plan_.inner, text); }
 
   // --- rows: cells are placed on a line of blanks
 
@@ -247,14 +247,8 @@ class TextReport {
   /// A text of the host's in the code page.
   std::string_view encodedText(std::string_view text, const std::string& field) {
     if (isAscii(text)) return text;
-    if (validUtf8Length(text) != text.size()) raiseNotText(text, field);
+    run_.requireRowText(text, field);
     return encoded(text);
-  }
-
-  [[noreturn]] void raiseNotText(std::string_view text, const std::string& field) const {
-    raiseNotUtf8(
-        text, "Field \"" + field + "\" of row " + std::to_string(run_.rowNumber()) + " of the data",
-        plan_.caller);
   }
 
   TextRptArguments& arguments_;

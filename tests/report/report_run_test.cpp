@@ -9,7 +9,8 @@
 namespace paperway {
 namespace {
 
-/// What a run tells, one word each: "+o:A" a group begins, "-i:3" one ends with its sum ("-i!3" by
+/// What a run tells, one word each: "+o:A" a group begins ("+i!A" by
+/// itself), "-i:3" one ends with its sum ("-i!3" by
 /// itself, "-i.3" with the report), "5" a number cell, "_" a blank one, "x" none, "|" a page's end.
 class Log {
  public:
@@ -19,7 +20,9 @@ class Log {
   void endInnerGroup(GroupEnd end) { addEnd("-i", end, run.sums()[0].inner); }
   void endOuterGroup(GroupEnd end) { addEnd("-o", end, run.sums()[0].outer); }
   void beginOuterGroup(const std::string& name) { add("+o:" + name); }
-  void beginInnerGroup(const std::string& name) { add("+i:" + name); }
+  void beginInnerGroup(const std::string& name, GroupBegin begin) {
+    add((begin == GroupBegin::alone ? "+i!" : "+i:") + name);
+  }
   void beginRow(bool) {}
   void blankCell(const ColumnPlan&) { add("_"); }
   void noCell(const ColumnPlan&) { add("x"); }
@@ -89,11 +92,11 @@ std::string told(const ReportRules& rules, const char* width, const char* type,
 TEST(ReportRun, TellsWhatHappensInOrder) {
   const auto text = [](const char* rows) { return told(kTextRules, "4", "N", rows); };
   expectEach(text,
-             Row{"A/a/1 A/a/2 A/b/3", "+o:A +i:a 1 2 -i!3 +i:b 3 -i.3 -o.6"},
+             Row{"A/a/1 A/a/2 A/b/3", "+o:A +i:a 1 2 -i!3 +i!b 3 -i.3 -o.6"},
              Row{"A/a/1 B/a/2 B/A/3 b/a/4", "+o:A +i:a 1 -i:1 -o:1 +o:B +i:a 2 3 4 -i.9 -o.9"},
              Row{"A/a/1 -/-/2 -/-/3", "+o:A +i:a 1 -i:1 -o:1 +o:  +i:  2 3 -i.5 -o.5"},
              Row{"b/a/1 c/ab/2", "+o:b +i:a 1 -i:1 -o:1 +o:c +i:ab 2 -i.2 -o.2"},
-             Row{"''/''/1 ''/a/2 B/a/3", "1 +i:a 2 +o:B +i:a 3 -i.6 -o.6"},
+             Row{"''/''/1 ''/a/2 B/a/3", "1 +i!a 2 +o:B +i:a 3 -i.6 -o.6"},
              Row{"A/a/5 A/a/5 A/a/-", "+o:A +i:a 5 _ 0 -i.5 -o.5"},
              Row{"", "-i.0"});
 }
@@ -108,6 +111,7 @@ TEST(ReportRun, WritersDifferInTheirRulesAlone) {
              Row{1, "+o:A +i:a 1 2 -i.3 -o.3"},
              Row{2, "+o:b +i:a 1 -o:1 +o:c +i:ab 2 -i.3 -o.2"},
              Row{3, ""});
+  EXPECT_EQ(told(kHtmlRules, "4", "N", "A/-/1 A/b/2"), "+o:A +i: 1 -i!1 +i!b 2 -i.2 -o.3");
   const auto salary = [&](int i) { return told(kSalaryHtmlRules, "4", "N", rows[i]); };
   expectEach(salary, Row{0, html(0)}, Row{1, "+o:A +i:a 1 +i:a 2 -i.3 -o.3"}, Row{2, html(2)});
   EXPECT_EQ(told(kWorkbookRules, "4", "N", "A/a/5 B/b/5"), "5 5");
