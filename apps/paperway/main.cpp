@@ -39,6 +39,8 @@ int run(int argc, char** argv) {
   app.failure_message(paperway::command::usageMessage);
   app.formatter(std::make_shared<paperway::command::HelpFormatter>());
   paperway::command::addText(app);
+  paperway::command::addHtml(app);
+  paperway::command::addConvert(app);
   paperway::command::addColumns(app);
   paperway::command::addWords(app);
   paperway::command::addSetting(app);
