@@ -40,7 +40,11 @@ struct StickerOptions {
   Desk::Options desk;
 
   bool fromRows() const { return !data.empty(); }
-  bool opensForm() const { return out.empty() && !savePreset && lines.empty(); }
+  bool opensForm() const { return out.empty() && !savePreset; }
+  /// What the window would not hear of.
+  bool describesSheet() const {
+    return !lines.empty() || length || gap || columns || rows || blank || condensed;
+  }
 };
 
 /// The preset, or the one of a first start, with what the options say instead.
@@ -191,6 +195,12 @@ void addStickers(CLI::App& app) {
     if (options->preview && options->out == "-") {
       throw CLI::ValidationError("--preview",
                                  "standard output cannot be read again; give --out a file");
+    }
+    if (options->opensForm() && options->describesSheet()) {
+      throw CLI::RequiredError("--out or --save-preset");
+    }
+    if (!options->fromRows() && (!options->source.db.empty() || !options->source.odbc.empty())) {
+      throw CLI::RequiredError("--data");
     }
     options->desk.screenless = !options->picture.empty();
     if (options->opensForm()) return openForm(*options);

@@ -34,5 +34,7 @@ expect 1 '"none/sheet.txt"' $stickers --line x --out none/sheet.txt
 expect 2 'at most five' $stickers --line 1 --line 2 --line 3 --line 4 --line 5 --line 6 --out x.txt
 expect 2 '--length' $stickers --length 256 --line x --out x.txt
 expect 2 '--data' $stickers --copies 2 --line x --out x.txt
+expect 2 '--out or --save-preset is required' $stickers --line x
+expect 2 '--data is required' $stickers --db ledger.db --line x --out x.txt
 expect 0 'OPss(1)' $stickers --help
 finish
