@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Times the two exports of tables against a plain C writer of the same bytes, and the conversion of a
+# report file, in the same run, alternating; of each the round with the least CPU time counts.
+#
+#   bench/run_html.sh [BUILD_DIR]        BUILD_DIR is made by the preset "bench" when it is not given
+#
+# ROUNDS=5 rounds; SIZES="100000 1000000" rows; REPORT_ROWS=4000000 of the report that is converted.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+rounds=${ROUNDS:-5}
+sizes=${SIZES:-100000 1000000}
+report_rows=${REPORT_ROWS:-4000000}
+title="Sales ledger"
+subtitle="1 April 2025 to 31 March 2026"
+statement="SELECT * FROM sales ORDER BY rowid"
+
+if [ $# -gt 0 ]; then
+  build=$(cd "$1" && pwd)
+else
+  build=$PWD/build/bench
+  cmake --preset bench >&2
+fi
+cmake --build "$build" --target paperway make_ledger c_html measure >&2
+data=$build/bench-data
+mkdir -p "$data/paperway" "$data/plain"
+export XDG_CONFIG_HOME=$data/config XDG_DATA_HOME=$data/share CUPS_SERVER=/nonexistent # the page set-up of a new user, and A4
+paperway=$build/apps/paperway/paperway
+
+database() {
+  local file=$data/ledger-$1.db
+  if [ ! -e "$file" ] || [ "$build/examples/make_ledger" -nt "$file" ]; then
+    "$build/examples/make_ledger" "$file" "$1"
+  fi
+  cat "$file" >/dev/null # into the page cache
+  echo "$file"
+}
+
+measured() { # NAME COMMAND...
+  "$build/bench/measure" "${@:2}" | grep -E '^[0-9.]+ [0-9.]+ [0-9]+$' >>"$data/$1.times"
+}
+
+best() { sort -n -k 2 "$data/$1.times" | head -n 1; }
+
+compare() { # table|salary ROWS
+  local file options=(--align center)
+  [ "$1" = table ] || options=(--salary)
+  file=$(database "$2")
+  rm -f "$data"/*.times
+  for ((i = 0; i < rounds; ++i)); do
+    measured plain "$build/bench/c_html" "$1" "$file" "$data/plain/plain.html" "$title" "$subtitle"
+    measured paperway "$paperway" html "${options[@]}" --db "$file" --data "$statement" \
+      --columns examples/ledger/columns.csv --out "$data/paperway/plain.html" --title "$title" \
+      --title "$subtitle" --serial 1
+  done
+  cmp "$data/plain/plain.html" "$data/paperway/plain.html"
+  echo "$1 $2 $(best plain) $(best paperway)" | awk '{
+    printf "%-6s  %9d  %7.3f %7.3f  %7.3f %7.3f     %5.2f  %8.2f\n",
+      $1, $2, $4, $3, $7, $6, $7 / $4, $8 / 1024 }'
+  rm -f "$data"/*/plain.html
+}
+
+echo "CPU (user and system) and wall seconds; the documents are the same byte for byte"
+echo "                     plain C writer      paperway     paperway  paperway"
+echo "export       rows      cpu    wall      cpu    wall     / plain        MB"
+for export in table salary; do
+  for size in $sizes; do compare $export "$size"; done
+done
+
+echo
+echo "Conversion of a report file"
+"$paperway" text --db "$(database "$report_rows")" --data "$statement" \
+  --columns examples/ledger/columns.csv --out "$data/report.txt" --title "$title" \
+  --title "$subtitle" --lines 60 --serial 1 --pitch 136
+rm -f "$data"/*.times
+ln -sf /dev/null "$data/null.html" # the speed of a disk is another matter
+for ((i = 0; i < rounds; ++i)); do
+  measured convert "$paperway" convert "$data/report.txt" "$data/null.html"
+done
+echo "$(stat -c %s "$data/report.txt") $(best convert)" | awk '{
+  printf "%.0f MB: %.3f s CPU, %.0f MB/s, %.2f MB of memory\n", $1 / 1e6, $3, $1 / 1e6 / $3, $4 / 1024 }'
+rm -f "$data/report.txt"
