@@ -116,26 +116,21 @@ class HtmlExport : public TableExport {
   // --- rows
 
   void beginRow(bool) {
-    out_.line("<tr>");
-    if (serial_ <= 0) return;
-    out_.bytes("<td align='right'>  ");
-    out_.bytes(std::to_string(serial_));
-    out_.bytes("&nbsp;&nbsp;</td>\r\n");
+    if (serial_ <= 0) return out_.bytes("<tr>\r\n");
+    out_.cell("<tr>\r\n<td align='right'>  ", std::to_string(serial_), "&nbsp;&nbsp;</td>\r\n");
     serial_ = static_cast<std::int32_t>(static_cast<std::uint32_t>(serial_) + 1u);
   }
 
   void textCell(const ColumnPlan& column, const ValueView& value) {
     const CellLook& look = lookOf(column);
-    out_.bytes(look.before);
-    out_.padded(textOf(column, value), column.width);
-    out_.bytes(look.after);
+    out_.paddedCell(look.before, textOf(column, value), column.width, look.after);
   }
 
   /// A page ends within its last row, whose end comes after the head of the next one.
   void endRow() {
     run_.page.add(rowHeight_);
     run_.endPageIfFull(*this);
-    out_.line("</tr>");
+    out_.bytes("</tr>\r\n");
   }
 
   void endPage() { turnPage(plan_.pageTotals ? carriedTotals() : ""); }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstring>
 #include <string>
 #include <string_view>
@@ -25,22 +24,48 @@ class HtmlLines {
   void append(std::string_view text) { out_.append(encoded(text)); }
   void bytes(std::string_view bytes) { out_.append(bytes); }
 
-  /// Without the blanks at its ends, padded or cut at the right to `width` characters.
-  void padded(std::string_view text, std::size_t width) {
-    if (isAscii(text)) {
-      placeCell(out_.blanks(width), width, text, true);
-      return out_.advance(width);
-    }
-    const std::string_view cut = leftCharacters(trimBlanks(text), width);
-    const std::size_t count = characterCount(cut);
-    append(cut);
-    out_.blanks(width - count);
-    out_.advance(width - count);
+  /// A text between bytes.
+  void cell(std::string_view before, std::string_view text, std::string_view after) {
+    const std::string_view inside = encoded(text);
+    const std::size_t size = before.size() + inside.size() + after.size();
+    char* const at = out_.reserve(size);
+    copy(copy(copy(at, before), inside), after);
+    out_.advance(size);
+  }
+
+  /// The same of a text without the blanks at its ends, padded or cut at the right to `width`
+  /// characters.
+  void paddedCell(std::string_view before, std::string_view text, std::size_t width,
+                  std::string_view after) {
+    if (!isAscii(text)) return paddedWide(before, text, width, after);
+    const std::size_t size = before.size() + width + after.size();
+    char* const at = out_.reserve(size);
+    char* const inside = copy(at, before);
+    std::memset(inside, ' ', width);
+    placeCell(inside, width, text, true);
+    copy(inside + width, after);
+    out_.advance(size);
   }
 
   void flush() { out_.flush(); }
 
  private:
+  static char* copy(char* to, std::string_view bytes) {
+    std::memcpy(to, bytes.data(), bytes.size());
+    return to + bytes.size();
+  }
+
+  void paddedWide(std::string_view before, std::string_view text, std::size_t width,
+                  std::string_view after) {
+    const std::string_view cut = leftCharacters(trimBlanks(text), width);
+    const std::size_t rest = width - characterCount(cut);
+    bytes(before);
+    append(cut);
+    out_.blanks(rest);
+    out_.advance(rest);
+    bytes(after);
+  }
+
   std::string_view encoded(std::string_view text) {
     if (isAscii(text)) return text;
     encoded_.clear();

@@ -135,14 +135,13 @@ class SalaryExport : public TableExport {
   void textCell(const ColumnPlan& column, const ValueView& value) {
     const CellLook& look = lookOf(column);
     const std::string_view text = escapedText(column, textOf(column, value));
-    out_.bytes(look.before);
-    column.left ? out_.append(text) : out_.padded(text, column.width);
-    out_.bytes(look.after);
+    if (column.left) return out_.cell(look.before, text, look.after);
+    out_.paddedCell(look.before, text, column.width, look.after);
   }
 
   void endRow() {
     run_.page.add(rowHeight_);
-    out_.line("</tr>");
+    out_.bytes("</tr>\r\n");
     checkPage(PageEnd::atRow);
   }
 

@@ -15,6 +15,13 @@ namespace {
 constexpr std::size_t kMostColumns = 254;
 constexpr double kCharactersOfNumber = 6;
 
+/// The number of a column is the value's own, with no digit lost.
+bool isItself(const ValueView& value, double number) {
+  constexpr double kExact = 1E15;
+  if (value.kind() == ValueView::Kind::integer) return number < kExact && number > -kExact;
+  return value.kind() == ValueView::Kind::real;
+}
+
 }  // namespace
 
 TableExport::TableExport(const ReportPlan& plan, Recordset& rows, std::vector<ColumnSums>& sums,
@@ -27,24 +34,20 @@ void TableExport::dateCell(const ColumnPlan& column, const ValueView& value) {
   const CellLook& look = lookOf(column);
   scratch_.clear();
   if (!value.isNull()) column.pattern.append(scratch_, value);
-  run_.requireRowText(scratch_, column.format->fNM);
-  out_.bytes(look.before);
-  out_.padded(scratch_, column.width);
-  out_.bytes(look.after);
+  if (!isAscii(scratch_)) run_.requireRowText(scratch_, column.format->fNM);
+  out_.paddedCell(look.before, scratch_, column.width, look.after);
 }
 
 void TableExport::numberCell(const ColumnPlan& column, const ValueView& value, double number) {
   const CellLook& look = lookOf(column);
   scratch_.clear();
-  if (value.kind() == ValueView::Kind::real) {
+  if (isItself(value, number)) {
     column.pattern.append(scratch_, number);
   } else {
     column.pattern.append(scratch_, value);
     run_.requireRowText(scratch_, column.format->fNM);
   }
-  out_.bytes(look.before);
-  out_.append(scratch_);
-  out_.bytes(look.after);
+  out_.cell(look.before, scratch_, look.after);
 }
 
 std::string_view TableExport::textOf(const ColumnPlan& column, const ValueView& value) {
