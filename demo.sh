@@ -26,6 +26,15 @@ query="SELECT * FROM sales"
 echo
 echo "The report is $demo/ledger.txt, its first page on paper $demo/page1.pdf."
 
+"$paperway" html --db "$demo/ledger.db" --data "$query" --columns examples/ledger/columns.csv \
+  --out "$demo/ledger.html" --title "Sales ledger" --title "Year 2025-26" --align center --serial 1
+"$paperway" html --salary --db "$demo/ledger.db" --data "$(cat examples/salary/pay.sql)" \
+  --columns examples/salary/columns.csv --out "$demo/salary.html" --title "Salaries^" \
+  --title "March 2026^" --title-size 14 --number-size 8 --space "&nbsp;" --restart \
+  --two-line-total --landscape
+"$paperway" convert "$demo/ledger.txt" "$demo/report.html"
+echo "As web pages: $demo/ledger.html, salary.html, and the report itself, report.html."
+
 "$paperway" stickers --db "$demo/ledger.db" --line "{customer}" --line "{region}" --length 24 \
   --columns 3 --data "SELECT DISTINCT customer, region FROM sales ORDER BY customer" \
   --out "$demo/stickers.txt"

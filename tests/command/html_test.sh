@@ -25,6 +25,15 @@ grep -q "<p align='center'><Q class=at1><b>Pay</b></Q></p>" s.html || fail "sala
 grep -q "<LINK href='s.css'" s.html || fail "style sheet"
 grep -q "height='20'" s.html || fail "fixed row"
 
+# The sample: hidden columns, captions, groups, and a total of two lines.
+sample=$(dirname "$columns")/../salary
+"$paperway" html --salary --db ledger.db --data "$(cat "$sample/pay.sql")" --out pay.html \
+  --columns "$sample/columns.csv" --restart --two-line-total --space "&nbsp;" || fail "sample"
+[ "$(grep -c '<b>Staff 12&nbsp;</b>' pay.html)" -eq 8 ] || fail "departments"
+[ "$(grep -c '<b>Staff 48&nbsp;</b>' pay.html)" -eq 2 ] || fail "plants"
+grep -q "<td  colspan='3' class=aG7><b>&nbsp;Earned</b></td>" pay.html || fail "captions"
+[ "$(grep -c "colspan='2'  class=a" pay.html)" -eq 6 ] || fail "grand total"
+
 # Errors name the thing; nothing is written.
 expect 2 '--align' html --out x.html --align top
 expect 2 '--title-size' html --out x.html --title-size 14
