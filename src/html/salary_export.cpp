@@ -1,7 +1,6 @@
 #include "html/salary_export.h"
 
 #include <cmath>
-#include <optional>
 
 #include "html/page_measure.h"
 #include "html/salary_head.h"
@@ -177,8 +176,8 @@ class SalaryExport : public TableExport {
 
   // --- pages
 
-  void beginPages(SalaryHead head) {
-    beginFirstPage(std::move(head.text), measure_.rowHeight, head.used);
+  void beginPages(const SalaryHead& head) {
+    beginFirstPage(head.text, measure_.rowHeight, head.used);
     if (arguments_.FixHeder_Row_Height > 0) {
       headHeight_ = fixedHeight(arguments_.FixHeder_Row_Height);
       run_.page.restart(headHeight_);

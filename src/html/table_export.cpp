@@ -66,7 +66,7 @@ std::string TableExport::total(const ColumnPlan& column, double sum) {
   return text;
 }
 
-void TableExport::beginFirstPage(std::string head, std::int16_t rowHeight, std::int32_t used) {
+void TableExport::beginFirstPage(std::string_view head, std::int16_t rowHeight, std::int32_t used) {
   head_ = htmlBytes(head) + "\r\n";
   rowHeight_ = rowHeight;
   headHeight_ = static_cast<std::int16_t>(used + rowHeight);

@@ -78,7 +78,7 @@ class TableExport {
   // Pages
 
   /// `used` are the twips that the head takes without its line of headings.
-  void beginFirstPage(std::string head, std::int16_t rowHeight, std::int32_t used);
+  void beginFirstPage(std::string_view head, std::int16_t rowHeight, std::int32_t used);
 
   /// The end of this page and the head of the next, with the carried totals on both, if any.
   void turnPage(const std::string& carried);
@@ -103,7 +103,7 @@ class TableExport {
 /// of a font or caption that is not UTF-8.
 void checkTable(const ReportFormatTable& table, const char* caller);
 
-/// "<font face='…'>" or the like for the last record whose field `matches`; `otherwise` for none.
+/// The text of the last record that `matches`; `otherwise` for none.
 template <class Matches, class Text>
 std::string lastMatch(const ReportFormatTable& table, std::string otherwise, const Matches& matches,
                       const Text& text) {

@@ -1,6 +1,7 @@
 #include "backends/desktop/system/page_setup_store.h"
 
 #include <string>
+#include <vector>
 
 #include "paperway/automation_error.h"
 #include "util/numbers.h"
