@@ -20,6 +20,7 @@ Act actOn(const Control& control) {
     case ControlKind::checkBox:
     case ControlKind::optionButton:
     case ControlKind::label:
+    case ControlKind::spLebal:
     case ControlKind::picture:
       return control.onClick ? Act::click : Act::none;
     default:

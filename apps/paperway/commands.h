@@ -43,6 +43,7 @@ void addSetting(CLI::App& app);
 void addPrint(CLI::App& app);
 void addPrinters(CLI::App& app);
 void addPreview(CLI::App& app);
+void addBrowse(CLI::App& app);
 void addStickers(CLI::App& app);
 
 /// Behind the commands: what is said of all of them, and the hidden options that write the manual

@@ -1,8 +1,14 @@
+#include <dlfcn.h>
+#include <optional>
+#include <stdexcept>
 #include <vector>
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
+#include "apps/paperway/memory_limit.h"
+#include "apps/paperway/web_module.h"
 #include "paperway/desktop.h"
+#include "paperway/platform/browser.h"
 #include "paperway/platform/windows.h"
 #include "platform/output_file.h"
 
@@ -28,15 +34,55 @@ class LastForm : public Windows {
   Windows& windows_;
 };
 
+/// The browser window, whose engine is large: its module is loaded for the first page.
+class WebModule : public Browser {
+ public:
+  explicit WebModule(const Platform& platform) : platform_(platform) {}
+
+  /// Empty when it is not installed.
+  static std::filesystem::path file() {
+    const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    for (const char* place : {PAPERWAY_MODULES, "."}) {
+      const std::filesystem::path module = folder / place / "paperway-web.so";
+      if (std::filesystem::exists(module)) return module;
+    }
+    return {};
+  }
+
+  std::unique_ptr<BrowserPage> open(BrowserEvents& events) override {
+    if (!engine_) engine_ = load();
+    return engine_->open(events);
+  }
+
+ private:
+  std::unique_ptr<Browser> load() const {
+    liftMemoryLimit();  // the engine takes more than it uses
+    void* const module = dlopen(file().c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (module == nullptr) throw std::runtime_error(dlerror());
+    const auto make = reinterpret_cast<MakeWebBrowser*>(dlsym(module, kMakeWebBrowser));
+    if (make == nullptr) throw std::runtime_error(dlerror());
+    return std::unique_ptr<Browser>(make(platform_));
+  }
+
+  const Platform platform_;
+  std::unique_ptr<Browser> engine_;
+};
+
 class QtDesk : public Desk {
  public:
   explicit QtDesk(const Options& options)
       : desktop_({.dark = options.dark,
                   .screenless = options.screenless,
                   .scale = options.scale,
-                  .program = kProgram}) {}
+                  .program = kProgram}) {
+    if (!WebModule::file().empty()) browser_.emplace(desktop_.platform());
+  }
 
-  Platform platform() override { return desktop_.platform().with(windows_); }
+  Platform platform() override {
+    Platform all = desktop_.platform().with(windows_);
+    if (browser_) all.browser = &*browser_;
+    return all;
+  }
   Form& form() override { return *windows_.last.lock(); }
   void run() override { desktop_.run(); }
   void resize(int width, int height) override { desktop_.resize(width, height); }
@@ -47,6 +93,7 @@ class QtDesk : public Desk {
   }
 
  private:
+  std::optional<WebModule> browser_;  // goes when the windows have gone
   Desktop desktop_;
   LastForm windows_{desktop_.platform().windows};
 };

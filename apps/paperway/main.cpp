@@ -47,6 +47,7 @@ int run(int argc, char** argv) {
   paperway::command::addPrint(app);
   paperway::command::addPrinters(app);
   paperway::command::addPreview(app);
+  paperway::command::addBrowse(app);
   paperway::command::addStickers(app);
   paperway::command::addDocumentation(app);
   const int code = parse(app, argc, argv);

@@ -49,4 +49,11 @@ void limitMemory() {
   setrlimit(RLIMIT_DATA, &limit);
 }
 
+void liftMemoryLimit() {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_DATA, &limit) != 0) return;
+  limit.rlim_cur = limit.rlim_max;
+  setrlimit(RLIMIT_DATA, &limit);
+}
+
 }  // namespace paperway::command

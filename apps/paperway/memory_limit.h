@@ -6,5 +6,7 @@ namespace paperway::command {
 /// then fails where it is asked for, and is told; without a limit the system grants it, and ends
 /// the process without a word while it is filled.
 void limitMemory();
+/// Takes that limit back, for a part that asks for more than it fills.
+void liftMemoryLimit();
 
 }  // namespace paperway::command

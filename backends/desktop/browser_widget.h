@@ -15,6 +15,8 @@ class BrowserWidget {
   virtual QWidget& widget() = 0;
   /// The part of it that takes the keys, once there is one; another document may have another.
   virtual QWidget* keyTarget() = 0;
+  /// Waits until what the page holds is drawn, for a picture of it; not for ever.
+  virtual void waitUntilDrawn() = 0;
   /// Tells events only within this, which runs what they lead to.
   virtual void tellWithin(std::function<void(const std::function<void()>&)> act) = 0;
 };

@@ -45,7 +45,7 @@ class PAPERWAY_API Desktop {
 
   /// Its size without the frame, in logical pixels.
   void resize(int width, int height);
-  /// A picture of it: the bytes of a PNG file.
+  /// A picture of it, or of the dialog that is open before it: the bytes of a PNG file.
   std::string picture();
 
  private:

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "backends/desktop/browser_widget.h"
 #include "backends/desktop/cups/cups_printers.h"
 #include "backends/desktop/cups/cups_spooler.h"
 #include "backends/desktop/qt/application.h"
@@ -18,6 +19,7 @@
 #include "backends/desktop/qt/windows.h"
 #include "backends/desktop/system/system.h"
 #include "backends/desktop/system/user_printers.h"
+#include "controls/web_browser.h"
 #include "paperway/automation_error.h"
 #include "platform/output_file.h"
 
@@ -55,6 +57,15 @@ void leaveTheScreen(desktop::System& system, double scale) {
   setenv("QT_QPA_PLATFORM", offscreen(system, scale).c_str(), 1);
   setenv("QT_SCALE_FACTOR", std::to_string(scale).c_str(), 1);
   setenv("XDG_RUNTIME_DIR", system.folders.temporary().c_str(), 0);
+}
+
+/// Web pages are drawn by another process.
+void waitForPages(const Form& form) {
+  for (Control* control : form.controls()) {
+    if (control->kind != ControlKind::webBrowser) continue;
+    auto* page = dynamic_cast<desktop::BrowserWidget*>(&static_cast<WebBrowser*>(control)->page());
+    if (page != nullptr) page->waitUntilDrawn();
+  }
 }
 
 /// Qt's application: the host's, or one that lives as long as the object.
@@ -144,9 +155,12 @@ std::string Desktop::picture() {
   qt::FormWindow& window = parts_->lastWindow();
   window.sync();
   QApplication::processEvents();
+  waitForPages(window.form());
+  QWidget* const dialog = QApplication::activeModalWidget();
+  QWidget& shown = dialog == nullptr ? window : *dialog;
   QByteArray bytes;
   QBuffer buffer(&bytes);
-  if (!buffer.open(QIODevice::WriteOnly) || !window.grab().save(&buffer, "PNG")) {
+  if (!buffer.open(QIODevice::WriteOnly) || !shown.grab().save(&buffer, "PNG")) {
     fail("The picture of the window cannot be made.");
   }
   return bytes.toStdString();

@@ -49,6 +49,8 @@ class EdgedStyle : public QProxyStyle {
 }  // namespace
 
 std::unique_ptr<QApplication> makeApplication(int& argc, char** argv) {
+  // For a browser window, whose engine may be loaded later.
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   auto application = std::make_unique<QApplication>(argc, argv);
   keepNumberFormat();
   QApplication::setQuitOnLastWindowClosed(false);

@@ -1,0 +1,131 @@
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "apps/paperway/acts.h"
+#include "apps/paperway/commands.h"
+#include "apps/paperway/desk.h"
+#include "apps/paperway/machine.h"
+#include "controls/web_browser.h"
+#include "html/frm_browser.h"
+#include "paperway/class1.h"
+#include "paperway/platform/windows.h"
+#include "util/path_text.h"
+
+namespace paperway::command {
+namespace {
+
+constexpr int kLeastWidth = 600;
+constexpr int kLeastHeight = 400;
+
+struct BrowseOptions {
+  std::string file;
+  bool lookOnly = false;
+  bool landscape = false;
+  std::string picture;
+  std::string pdf;
+  std::vector<std::string> acts;
+  std::vector<int> size;
+  Desk::Options desk;
+
+  /// Nobody is there to answer a dialog.
+  bool scripted() const { return desk.screenless; }
+};
+
+/// Nobody looks at the page.
+struct NoEvents : BrowserEvents {
+  void BeforeNavigate2() override {}
+  void DocumentComplete() override {}
+};
+
+void writePdf(const Platform& platform, const BrowseOptions& options) {
+  NoEvents events;
+  const auto page = requireBrowser(platform.browser).open(events);
+  page->Navigate(pathOf(options.file));
+  if (options.landscape) page->setLandscape(true);
+  page->savePdf(pathOf(options.pdf));
+}
+
+void waitForDocument(const Form& form, Windows& windows) {
+  while (form.MousePointer == mpHourglass && form.loaded()) windows.doEvents();
+}
+
+void drawWindow(Desk& desk, const BrowseOptions& options) {
+  auto& form = dynamic_cast<frmBrowser&>(desk.form());
+  if (options.landscape) form.brwWebBrowser.page().setLandscape(true);
+  if (!options.size.empty()) desk.resize(options.size[0], options.size[1]);
+  waitForDocument(form, desk.platform().windows);
+  for (const std::string& act : options.acts) perform(form, act);
+  desk.draw(options.picture, options.file);
+}
+
+void browse(const BrowseOptions& options) {
+  const std::unique_ptr<Desk> desk = Desk::open(options.desk);
+  if (!options.pdf.empty()) writePdf(desk->platform(), options);
+  if (options.scripted() && options.picture.empty()) return;
+  Class1 report(desk->platform());
+  const bool asksForLandscape = options.landscape && !options.scripted();
+  report.PreviewReportWindows({.Path1 = options.file,
+                               .PL1 = asksForLandscape ? "L" : "",
+                               .RPrint = options.lookOnly ? std::uint8_t{0} : std::uint8_t{1}});
+  options.picture.empty() ? desk->run() : drawWindow(*desk, options);
+}
+
+std::string browserControls() {
+  headless::Headless machine{std::filesystem::path()};
+  return controlsToActOn(frmBrowser(machine.platform(), RunContext()));
+}
+
+}  // namespace
+
+void addBrowse(CLI::App& app) {
+  CLI::App* command =
+      app.add_subcommand("browse", "Open an HTML report in a window to read and print it");
+  const auto options = std::make_shared<BrowseOptions>();
+  command->add_option("FILE.html", options->file, "HTML file")->required();
+  CLI::Option* lookOnly = command->add_flag(
+      "--look-only", options->lookOnly,
+      "Offer no printing; adds to the file's end what takes the menu away in other browsers");
+  command->add_flag("--landscape", options->landscape, "The report is for landscape paper");
+  command->add_flag("--dark", options->desk.dark, "Dark colours, whatever the desktop says");
+  CLI::Option* picture =
+      command
+          ->add_option("--picture", options->picture,
+                       "Write a picture of the window instead of opening it; needs no display")
+          ->type_name("OUT.png");
+  command
+      ->add_option("--pdf", options->pdf,
+                   "Write the printed pages as PDF instead of opening a window; needs no display")
+      ->type_name("OUT.pdf")
+      ->excludes(lookOnly);
+  command->add_option("--scale", options->desk.scale, "Scale of the picture")
+      ->type_name("FACTOR")
+      ->check(CLI::Range(1.0, 4.0))
+      ->needs(picture);
+  command
+      ->add_option("--size", options->size,
+                   "Width and height of the picture, unscaled; at least 600,400")
+      ->type_name("W,H")
+      ->delimiter(',')
+      ->expected(2)
+      ->check(CLI::Range(200, 8000))
+      ->needs(picture);
+  addActs(*command, options->acts)->needs(picture);
+  command->footer([] {
+    return "Examples:\n"
+           "  paperway browse ledger.html\n"
+           "  paperway browse ledger.html --landscape --pdf ledger.pdf\n"
+           "Controls for --do:\n" +
+           browserControls();
+  });
+  command->callback([options] {
+    if (!options->size.empty() &&
+        (options->size[0] < kLeastWidth || options->size[1] < kLeastHeight)) {
+      throw CLI::ValidationError("--size", "the window is at least 600,400");
+    }
+    options->desk.screenless = !options->picture.empty() || !options->pdf.empty();
+    forFile("show", options->file, [&] { browse(*options); });
+  });
+}
+
+}  // namespace paperway::command
