@@ -79,7 +79,7 @@ endfunction()
 
 paperway_product(paperway COMPONENT library ROOMS core headless memory system
                  DESCRIPTION ${PROJECT_DESCRIPTION})
-set(excluded PATTERN desktop.h EXCLUDE)
+set(excluded PATTERN desktop.h EXCLUDE PATTERN web.h EXCLUDE)
 if(PAPERWAY_DATA)
   find_package(SQLite3 REQUIRED)
   find_package(ODBC REQUIRED)
@@ -103,6 +103,19 @@ if(PAPERWAY_DESKTOP)
                    PC_REQUIRES Qt6Widgets Qt6PrintSupport PC_LIBS -lcups
                    DESCRIPTION "The desktop of Paperway: windows, dialogs, printers")
   install(FILES include/paperway/desktop.h COMPONENT desktop
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/paperway)
+endif()
+if(PAPERWAY_WEB)
+  find_package(Qt6 REQUIRED COMPONENTS WebEngineWidgets Pdf)
+  find_package(qpdf REQUIRED)
+  paperway_product(web COMPONENT web ROOMS web
+                   USES Qt6::WebEngineWidgets Qt6::Pdf qpdf::libqpdf
+                   FILES $<TARGET_FILE:Qt6::WebEngineWidgets> $<TARGET_FILE:Qt6::WebEngineCore>
+                         $<TARGET_FILE:Qt6::Pdf> $<TARGET_FILE:Qt6::Widgets> $<TARGET_FILE:Qt6::Gui>
+                         $<TARGET_FILE:Qt6::Core> $<TARGET_FILE:qpdf::libqpdf>
+                   PC_REQUIRES Qt6WebEngineWidgets Qt6Pdf libqpdf
+                   DESCRIPTION "The browser window of Paperway")
+  install(FILES include/paperway/web.h COMPONENT web
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/paperway)
 endif()
 install(DIRECTORY include/paperway COMPONENT library DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}

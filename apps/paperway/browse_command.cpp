@@ -47,7 +47,7 @@ void writePdf(const Platform& platform, const BrowseOptions& options) {
 }
 
 void waitForDocument(const Form& form, Windows& windows) {
-  while (form.MousePointer == mpHourglass && form.loaded()) windows.doEvents();
+  while (form.MousePointer == mpHourglass && form.loaded()) windows.repaint();
 }
 
 void drawWindow(Desk& desk, const BrowseOptions& options) {

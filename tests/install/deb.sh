@@ -6,7 +6,7 @@ source=$1 build=$2 make_ledger=$3 flags=
 cd "$work"
 
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work" >cpack.log 2>&1 || { cat cpack.log; exit 1; }
-for package in libpaperway-dev paperway paperway-desktop; do
+for package in libpaperway-dev paperway paperway-desktop paperway-web; do
   dpkg-deb -c "$package"_*.deb >"$package.list"
 done
 
@@ -23,11 +23,15 @@ holds libpaperway-dev include/paperway/class1.h 'lib/.*libpaperway\.a' 'lib/.*pa
   'lib/.*paperway-config\.cmake'
 holds paperway bin/paperway
 holds paperway-desktop bin/paperway-desk include/paperway/desktop.h 'lib/.*libpaperway-desktop\.a'
-not grep -E 'desk|/bin/|/src/' libpaperway-dev.list
+holds paperway-web 'lib/.*/paperway/paperway-web\.so' include/paperway/web.h \
+  'lib/.*libpaperway-web\.a'
+not grep -E 'desk|web|/bin/|/src/' libpaperway-dev.list
 not depends libpaperway-dev 'qt|cups|sqlite'
 not depends paperway qt
 depends paperway libsqlite3
 depends paperway-desktop libqt6
+not depends paperway-desktop webengine
+depends paperway-web libqt6webengine
 
 for package in *.deb; do dpkg-deb -x "$package" root; done
 root/usr/bin/paperway --version
@@ -38,3 +42,8 @@ link host.o host paperway-sqlite
 write_report ./host
 root/usr/bin/paperway preview ledger.txt --picture page.png
 [[ $(file page.png) =~ "PNG image data" ]]
+echo '<p>printed' >page.html
+root/usr/bin/paperway browse page.html --pdf page.pdf
+[[ $(pdftotext page.pdf -) == printed* ]]
+rm root/usr/lib/*/paperway/paperway-web.so
+not root/usr/bin/paperway browse page.html --pdf page.pdf

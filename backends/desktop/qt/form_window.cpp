@@ -50,7 +50,11 @@ FormWindow::FormWindow(std::shared_ptr<Form> form, Windows& owner)
   build();
 }
 
-FormWindow::~FormWindow() = default;
+/// Widgets that go have much to tell, which nobody is there to hear any more.
+FormWindow::~FormWindow() {
+  ending_ = true;
+  delete takeWidget();
+}
 
 /// What the screen leaves for the window within its frame.
 QSize FormWindow::room() const {
@@ -259,6 +263,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 void FormWindow::changeEvent(QEvent* event) {
   QScrollArea::changeEvent(event);
+  if (ending_) return;
   if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
     owner_.cameToFront(*this);
   } else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
@@ -472,6 +477,7 @@ bool FormWindow::focusArrives(ControlView& view, Qt::FocusReason reason) {
 }
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (ending_) return false;
   if (watched == &surface_ && event->type() == QEvent::Resize) {
     act([this] { form_->resize(twips(surface_.width()), twips(surface_.height())); });
   }

@@ -85,6 +85,7 @@ class FormWindow : public QScrollArea {
   std::vector<const Control*> openPanels_;
   std::vector<Control*> focusTrail_;      // where the focus was before a panel took it
   const ControlView* refused_ = nullptr;  // a click on it was not let through
+  bool ending_ = false;
   bool syncing_ = false;
   bool syncAgain_ = false;
 };

@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QWebEngineScript>
 #include <algorithm>
+#include <memory>
 #include <optional>
 
 #include "paperway/automation_error.h"
@@ -20,35 +21,43 @@ constexpr double kPixelsPerInch = 96;
   throw AutomationError(AutomationError::kApplicationDefined, "Print", reason);
 }
 
-/// Waits for an answer of the engine's, which is not to be had from a renderer that has ended.
+/// Waits for an answer of the engine's, which is not to be had from a renderer that has ended. One
+/// that comes too late goes nowhere.
 template <typename Answer>
 class Wait {
  public:
   explicit Wait(QWebEnginePage& page) {
-    const auto quit = [this] { loop_.quit(); };
-    QObject::connect(&page, &QWebEnginePage::renderProcessTerminated, &loop_, quit);
-    QObject::connect(&timer_, &QTimer::timeout, &loop_, quit);
+    QEventLoop* const loop = &state_->loop;
+    QObject::connect(&page, &QWebEnginePage::renderProcessTerminated, loop, &QEventLoop::quit);
+    QObject::connect(&timer_, &QTimer::timeout, loop, &QEventLoop::quit);
     timer_.setSingleShot(true);
   }
 
-  void give(Answer answer) {
-    answer_ = std::move(answer);
-    loop_.quit();
+  /// What the engine calls with its answer.
+  auto taker() const {
+    return [state = state_](const Answer& answer) {
+      state->answer = answer;
+      state->loop.quit();
+    };
   }
-  QEventLoop& loop() { return loop_; }
+  QObject& context() { return state_->loop; }
 
   Answer take() {
     timer_.start(kPatience);
-    if (!answer_) loop_.exec();
-    if (answer_) return *std::move(answer_);
+    if (!state_->answer) state_->loop.exec();
+    if (state_->answer) return *std::move(state_->answer);
     if (timer_.isActive()) fail("The page's renderer has ended; the document may be too large.");
     fail("The page's renderer does not answer.");
   }
 
  private:
-  QEventLoop loop_;
+  struct State {
+    QEventLoop loop;
+    std::optional<Answer> answer;
+  };
+
+  std::shared_ptr<State> state_ = std::make_shared<State>();
   QTimer timer_;
-  std::optional<Answer> answer_;
 };
 
 /// One page of the engine that nobody sees.
@@ -60,8 +69,7 @@ class PieceLoader {
 
   void load(const std::string& document) {
     Wait<bool> wait(page_);
-    QObject::connect(&page_, &QWebEnginePage::loadFinished, &wait.loop(),
-                     [&wait](bool ok) { wait.give(ok); });
+    QObject::connect(&page_, &QWebEnginePage::loadFinished, &wait.context(), wait.taker());
     page_.open(profile_.scheme.servePiece(QByteArray::fromStdString(document)));
     wait.take();  // false also when something on the page was refused
   }
@@ -72,7 +80,7 @@ class PieceLoader {
 
   std::string print(const QPageLayout& layout) {
     Wait<QByteArray> wait(page_);
-    page_.printToPdf([&wait](const QByteArray& pdf) { wait.give(pdf); }, layout);
+    page_.printToPdf(wait.taker(), layout);
     const QByteArray pdf = wait.take();
     if (pdf.isEmpty()) fail("The page cannot be printed.");
     return pdf.toStdString();
@@ -80,10 +88,9 @@ class PieceLoader {
 
  private:
   double ask(const QString& script) {
-    Wait<double> wait(page_);
-    page_.runJavaScript(script, QWebEngineScript::ApplicationWorld,
-                        [&wait](const QVariant& value) { wait.give(value.toDouble()); });
-    return wait.take();
+    Wait<QVariant> wait(page_);
+    page_.runJavaScript(script, QWebEngineScript::ApplicationWorld, wait.taker());
+    return wait.take().toDouble();
   }
 
   SafeProfile& profile_;

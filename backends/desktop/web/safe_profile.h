@@ -68,6 +68,9 @@ class SafePage : public QWebEnginePage {
 
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
+  /// What a document complains about is nobody's business.
+  void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
+                                const QString&) override {}
   QWebEnginePage* createWindow(WebWindowType) override { return nullptr; }
 
  private:

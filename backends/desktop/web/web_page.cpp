@@ -113,22 +113,18 @@ QWidget* WebPage::keyTarget() {
 void WebPage::waitUntilDrawn() {
   QElapsedTimer time;
   time.start();
-  QEventLoop loop;
-  bool drawn = false;
+  const auto drawn = std::make_shared<bool>(false);  // an answer may come late
   const auto ask = [&](const char* script) {
     page_.runJavaScript(QString::fromLatin1(script), QWebEngineScript::ApplicationWorld,
-                        [&](const QVariant& answer) {
-                          drawn = answer.toBool();
-                          loop.quit();
-                        });
+                        [drawn](const QVariant& answer) { *drawn = answer.toBool(); });
+    QEventLoop loop;
     QTimer::singleShot(kFrame, &loop, &QEventLoop::quit);
     loop.exec();
   };
   ask("window.drawn = false;"
       "requestAnimationFrame(() => requestAnimationFrame(() => { window.drawn = true; })); false");
-  while (!drawn && time.elapsed() < kLongestDrawing) ask("window.drawn");
-  QTimer::singleShot(kFrame, &loop, &QEventLoop::quit);
-  loop.exec();
+  while (!*drawn && time.elapsed() < kLongestDrawing) ask("window.drawn");
+  ask("true");
 }
 
 void WebPage::tellWithin(std::function<void(const std::function<void()>&)> act) {
