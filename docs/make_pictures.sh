@@ -45,3 +45,9 @@ picture zoom 136 --do Command2
 picture continuous 80 --do Check3
 picture dark 136 --page 7 --dark
 picture scale200 136 --scale 2
+
+"$paperway" html --db ledger.db --data "SELECT * FROM sales LIMIT 300" --columns "$columns" \
+  --out ledger.html --title "Sales ledger" --title "Year 2025-26" --align center --serial 1
+"$paperway" browse ledger.html --picture "$pictures/browser.png" --size 1000,600
+"$paperway" browse ledger.html --picture "$pictures/browser_preview.png" --size 1000,700 \
+  --do JeweledButton1

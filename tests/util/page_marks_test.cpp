@@ -13,10 +13,13 @@ TEST(PageMarks, AreReplacedAndSpread) {
     return line[0] + "|" + line[1] + "|" + line[2];
   };
   expectEach(marks,  //
-             Row{"", "||"}, Row{"&b Page &p of &P", "|| Page 3 of 12"},
+             Row{"", "||"},
+             Row{"&b Page &p of &P", "|| Page 3 of 12"},
              Row{"&w&b&D&b&d", "Ledger|Thursday, 5 March 2026|3/5/2026"},
-             Row{"&u &t", "/home/a/l.html 2:07 PM||"}, Row{"&T&b", "14:07:09||"},
-             Row{"A && B &x &", "A & B &x &||"}, Row{"1&b2&b3&b4", "1|2|3&b4"},
+             Row{"&u &t", "/home/a/l.html 2:07 PM||"},
+             Row{"&T&b", "14:07:09||"},
+             Row{"A && B &x &", "A & B &x &||"},
+             Row{"1&b2&b3&b4", "1|2|3&b4"},
              Row{"&&p &&b", "&p &b||"});
 }
 

@@ -234,7 +234,8 @@ std::string WebPage::printed() {
 void WebPage::printPreview() {
   const std::string pdf = printed();
   const auto savePdf = [this, pdf] {
-    FileQuestion question{.filters = {{"PDF", {"*.pdf"}}}};
+    FileQuestion question;
+    question.filters = {{"PDF", {"*.pdf"}}};
     question.start = std::filesystem::path(file_).replace_extension(".pdf");
     if (const auto target = platform_.dialogs.saveFile(question)) save(*target, pdf);
   };
