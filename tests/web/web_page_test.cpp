@@ -1,11 +1,4 @@
-#include <QApplication>
-#include <QDialog>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTimer>
-
+#include "support/expect_each.h"
 #include "web_fixture.h"
 
 namespace paperway {
@@ -79,59 +72,6 @@ TEST_F(WebWindow, ShowsPrintsAndZooms) {
   EXPECT_FALSE(form.CmdPrint.Enabled);
   form.JeExit.click();
   EXPECT_FALSE(class1_.RtWindows1());
-}
-
-/// What the user does with the dialog that opens next.
-template <typename Act>
-void onDialog(const Act& act) {
-  QTimer::singleShot(0, [act] { act(*qobject_cast<QDialog*>(QApplication::activeModalWidget())); });
-}
-
-TEST_F(WebWindow, ThePageSetupIsKeptAndLandscapeIsTheWindows) {
-  onDialog([](QDialog& dialog) {
-    dialog.findChild<QDoubleSpinBox*>("left")->setValue(1.5);
-    dialog.findChild<QLineEdit*>("header")->setText("head");
-    dialog.accept();
-  });
-  frmBrowser& form = open({.Path1 = write("page.html", "<p>text"), .PL1 = "L"});
-  EXPECT_EQ(machine_.pageSetup.kept.marginLeft, 1.5);
-  EXPECT_EQ(machine_.pageSetup.kept.marginTop, 0.75);
-  EXPECT_EQ(machine_.printers.kept["Laser"].Orientation, 1);
-  form.brwWebBrowser.page().savePdf(path("out.pdf"));
-  EXPECT_NE(textOf(path("out.pdf")).find("head"), std::string::npos);
-  EXPECT_NE(bytesOf(path("out.pdf")).find("/MediaBox [ 0 0 841.9"), std::string::npos);
-
-  onDialog([](QDialog& dialog) {
-    QDoubleSpinBox& top = *dialog.findChild<QDoubleSpinBox*>("top");
-    top.setValue(5);
-    dialog.findChild<QDoubleSpinBox*>("bottom")->setValue(5);
-    for (const QPushButton* button : dialog.findChildren<QPushButton*>()) {
-      EXPECT_EQ(button->isEnabled(), button->text() != "&OK" && button->text() != "OK");
-    }
-    dialog.reject();
-  });
-  form.Command1_Click();
-  EXPECT_EQ(machine_.pageSetup.kept.marginTop, 0.75);
-}
-
-TEST_F(WebWindow, ThePreviewTurnsPrintsAndSaves) {
-  machine_.printers.infos = {{"Laser", "", false}};
-  frmBrowser& form = open({.Path1 = write("page.html", "1" + kBreak + "2" + kBreak + "3")});
-  form.JeweledButton1.click();
-  auto* const preview = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-  ASSERT_NE(preview, nullptr);
-  std::string pages;
-  for (const char* button : {"next", "next", "next", "previous", "first", "last"}) {
-    preview->findChild<QPushButton*>(button)->click();
-    pages += preview->findChild<QSpinBox*>("page")->text().toStdString();
-  }
-  EXPECT_EQ(pages, "233213");
-  preview->findChild<QPushButton*>("print")->click();
-  ASSERT_EQ(machine_.spooler.jobs.size(), 1u);
-  machine_.dialogs.files = {path("saved.pdf")};
-  preview->findChild<QPushButton*>("save")->click();
-  EXPECT_EQ(count(textOf(path("saved.pdf")), "\f"), 3u);
-  preview->close();
 }
 
 }  // namespace
