@@ -128,7 +128,7 @@ void addSalaryOptions(CLI::App& html, HtmlOptions& options) {
   };
   only(html.add_flag("--restart", options.restart,
                      "Number the rows of each first-level group from 1"))
-      ->excludes("--serial");
+      ->excludes(options.serialOption);
   only(html.add_option("--number-font", options.numberFont, "Font of the numbers")
            ->type_name("FONT"));
   only(html.add_option("--number-size", options.numberSize, "Size of the numbers, in points")

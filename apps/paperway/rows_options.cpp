@@ -18,9 +18,9 @@ void RowsOptions::add(CLI::App& command, const std::string& kind, const std::str
       ->type_name("FILE")
       ->required();
   addTexts(command, "--title", titles, titlesAre);
-  command.add_option("--serial", serial, "Number the rows from here on; 0: no numbers")
-      ->type_name("N")
-      ->check(CLI::NonNegativeNumber);
+  serialOption =
+      command.add_option("--serial", serial, "Number the rows from here on; 0: no numbers");
+  serialOption->type_name("N")->check(CLI::NonNegativeNumber);
 }
 
 CLI::Option* RowsOptions::addTexts(CLI::App& command, const char* name,

@@ -21,6 +21,7 @@ struct RowsOptions {
   std::vector<std::string> titles;
   std::int32_t serial = 0;
   bool preview = false;
+  CLI::Option* serialOption = nullptr;  // looked up by name, it would end a program without memory
 
   /// `kind` is what they write ("Report file"), `titlesAre` what each title is for.
   void add(CLI::App& command, const std::string& kind, const std::string& titlesAre);

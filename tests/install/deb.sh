@@ -23,7 +23,7 @@ holds libpaperway-dev include/paperway/class1.h 'lib/.*libpaperway\.a' 'lib/.*pa
   'lib/.*paperway-config\.cmake'
 holds paperway bin/paperway
 holds paperway-desktop bin/paperway-desk include/paperway/desktop.h 'lib/.*libpaperway-desktop\.a'
-holds paperway-web 'lib/.*/paperway/paperway-web\.so' include/paperway/web.h \
+holds paperway-web 'lib/.*paperway/paperway-web\.so' include/paperway/web.h \
   'lib/.*libpaperway-web\.a'
 not grep -E 'desk|web|/bin/|/src/' libpaperway-dev.list
 not depends libpaperway-dev 'qt|cups|sqlite'
@@ -45,5 +45,5 @@ root/usr/bin/paperway preview ledger.txt --picture page.png
 echo '<p>printed' >page.html
 root/usr/bin/paperway browse page.html --pdf page.pdf
 [[ $(pdftotext page.pdf -) == printed* ]]
-rm root/usr/lib/*/paperway/paperway-web.so
+find root/usr/lib -name paperway-web.so -delete
 not root/usr/bin/paperway browse page.html --pdf page.pdf

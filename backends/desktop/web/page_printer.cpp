@@ -1,6 +1,7 @@
 #include "backends/desktop/web/page_printer.h"
 
 #include <QEventLoop>
+#include <QRectF>
 #include <QTimer>
 #include <QWebEngineScript>
 #include <algorithm>

@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <deque>
 #include <qpdf/Buffer.hh>
+#include <qpdf/JSON.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFPageObjectHelper.hh>

@@ -93,7 +93,7 @@ void FolderScheme::requestStarted(QWebEngineUrlRequestJob* job) {
     return job->reply(kDocumentType, bytes);
   }
   const QString path = canonicalFile(url);
-  auto* file = new QFile(path, job);
+  auto* file = new QFile(path, job);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the job's
   if (path.isEmpty() || !file->open(QIODevice::ReadOnly)) {
     return job->fail(QWebEngineUrlRequestJob::UrlNotFound);
   }

@@ -118,7 +118,9 @@ void WebPage::waitUntilDrawn() {
     page_.runJavaScript(QString::fromLatin1(script), QWebEngineScript::ApplicationWorld,
                         [drawn](const QVariant& answer) { *drawn = answer.toBool(); });
     QEventLoop loop;
-    QTimer::singleShot(kFrame, &loop, &QEventLoop::quit);
+    QTimer frame;
+    QObject::connect(&frame, &QTimer::timeout, &loop, &QEventLoop::quit);
+    frame.start(kFrame);
     loop.exec();
   };
   ask("window.drawn = false;"
