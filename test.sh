@@ -29,11 +29,12 @@ build() {
   cmake --build --preset "$1"
 }
 
+# Without pdf_pages.cpp: clang 14 cannot read the headers of qpdf as C++20.
 static_checks() {
   step "Static checks"
   cmake --preset tidy >/dev/null
   grep -oE '"file": "[^"]+"' build/tidy/compile_commands.json | cut -d '"' -f 4 |
-    grep -E "^$PWD/(src|backends|apps)/" | sort -u |
+    grep -E "^$PWD/(src|backends|apps)/" | grep -v /pdf_pages.cpp | sort -u |
     xargs -P "$jobs" -n 8 clang-tidy --quiet -p build/tidy 2>/dev/null
 }
 

@@ -93,8 +93,10 @@ void FolderScheme::requestStarted(QWebEngineUrlRequestJob* job) {
     return job->reply(kDocumentType, bytes);
   }
   const QString path = canonicalFile(url);
-  auto* file = new QFile(path, job);  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the job's
+  auto* file = new QFile(path, job);
   if (path.isEmpty() || !file->open(QIODevice::ReadOnly)) {
+    // The file is the job's.
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     return job->fail(QWebEngineUrlRequestJob::UrlNotFound);
   }
   if (path == document_) return job->reply(kDocumentType, file);
