@@ -136,7 +136,8 @@ void printStyled(PrintOptions options) {
   requirePages(options, count);
   const ReportViewSettings settings(platform.storage,
                                     settingsPath(platform.folders, RunContext()->ModGuidComp));
-  const DrawnReport drawn{file, options.chosen.within(count), storedLook(settings), options.copies};
+  const DrawnReport drawn{file, options.chosen.within(count), storedLook(settings.snapshot()),
+                          options.copies};
   const ReportExtent report = drawn.extent();
   StyledDocument document{.name = documentNameOf(options.file),
                           .printer = options.printer,

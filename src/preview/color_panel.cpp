@@ -18,7 +18,7 @@ constexpr std::pair<int, ReportViewKey> kStoredColors[] = {
 }  // namespace
 
 void ColorPanel::read() {
-  const ReportViewSettings stored = settings_();
+  const ReportViewSettings stored = settings_().snapshot();
   for (const auto& [index, key] : kStoredColors) window_.TXt[index].BackColor = stored.color(key);
   // Their handlers would write what has just been read.
   window_.ChSearch.Value.setQuietly(stored.flag(ReportViewKey::chSearch) ? 1 : 0);

@@ -94,7 +94,7 @@ void PrintPanel::readTearSettings() {
 }
 
 void PrintPanel::readPrintMode() {
-  const ReportViewSettings settings = form_.settings();
+  const ReportViewSettings settings = form_.settings().snapshot();
   std::string mode = settings.text(ReportViewKey::PrnDefult);
   const std::string localDos = settings.text(ReportViewKey::Localdos);
   if (mode == "L" && localDos == "F") mode = "D";

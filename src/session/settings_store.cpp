@@ -76,6 +76,21 @@ void makeSureOfWritableFile(Storage& storage, const std::filesystem::path& path,
   withFileError("create", path, source, [&] { storage.makeWritable(path); });
 }
 
+std::string readSettings(Storage& storage, const std::filesystem::path& path) {
+  makeSureOfWritableFile(storage, path, kReader);
+  return readFile(storage, path, kReader);
+}
+
+std::string settingIn(std::string_view file, std::string_view KEY, std::string_view Variable,
+                      std::string_view DefultVal) {
+  if (!foreignCharacter(KEY).empty() || !foreignCharacter(Variable).empty()) {
+    return std::string(DefultVal);
+  }
+  const CodePage& page = CodePage::windows1252();
+  const auto value = findSetting(file, page.encode(KEY), page.encode(Variable));
+  return value ? page.decode(*value) : std::string(DefultVal);
+}
+
 std::string twoDigits(std::string_view text) {
   const std::string padded = "00" + std::string(text);
   return std::string(rightCharacters(padded, 2));
@@ -86,14 +101,7 @@ std::string twoDigits(std::string_view text) {
 std::string ReadIniValue(Storage& storage, const std::filesystem::path& INIpath,
                          std::string_view KEY, std::string_view Variable,
                          std::string_view DefultVal) {
-  makeSureOfWritableFile(storage, INIpath, kReader);
-  const std::string file = readFile(storage, INIpath, kReader);
-  if (!foreignCharacter(KEY).empty() || !foreignCharacter(Variable).empty()) {
-    return std::string(DefultVal);
-  }
-  const CodePage& page = CodePage::windows1252();
-  const auto value = findSetting(file, page.encode(KEY), page.encode(Variable));
-  return value ? page.decode(*value) : std::string(DefultVal);
+  return settingIn(readSettings(storage, INIpath), KEY, Variable, DefultVal);
 }
 
 void WriteIniValue(Storage& storage, const std::filesystem::path& INIpath, std::string_view PutKey,
@@ -130,8 +138,16 @@ std::string TearLines::toText(std::string_view in, std::string_view out) {
   return twoDigits(in) + twoDigits(out);
 }
 
+ReportViewSettings ReportViewSettings::snapshot() const {
+  ReportViewSettings read = *this;
+  read.file_ = readSettings(storage_, path_);
+  return read;
+}
+
 std::string ReportViewSettings::text(ReportViewKey key) const {
-  return ReadIniValue(storage_, path_, kReportView, rowOf(key).name, rowOf(key).fallback);
+  const KeyRow& row = rowOf(key);
+  if (file_) return settingIn(*file_, kReportView, row.name, row.fallback);
+  return ReadIniValue(storage_, path_, kReportView, row.name, row.fallback);
 }
 
 void ReportViewSettings::setText(ReportViewKey key, std::string_view text) const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -63,6 +64,9 @@ class ReportViewSettings {
   ReportViewSettings(Storage& storage, std::filesystem::path path)
       : storage_(storage), path_(std::move(path)) {}
 
+  /// These settings as they stand now: reads the file once, and no call of the copy reads it again.
+  ReportViewSettings snapshot() const;
+
   std::string text(ReportViewKey key) const;
   void setText(ReportViewKey key, std::string_view text) const;
 
@@ -78,6 +82,7 @@ class ReportViewSettings {
  private:
   Storage& storage_;
   std::filesystem::path path_;
+  std::optional<std::string> file_;
 };
 
 }  // namespace paperway

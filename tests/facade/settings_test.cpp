@@ -80,7 +80,9 @@ TEST_F(Settings, OfTheReportViewHaveDefaultsAndKeepTheirSpelling) {
   replaceFile(file_, "[reportview]\r\ncond=1\r\nbold=red\r\nchsearch=2\r\n", "test");
   EXPECT_EQ(settings.color(ReportViewKey::Bold), 128U);
   EXPECT_TRUE(settings.flag(ReportViewKey::chSearch));
+  const ReportViewSettings before = settings.snapshot();
   settings.setColor(ReportViewKey::Cond, 0xFFFFFF);
+  EXPECT_EQ(before.color(ReportViewKey::Cond), 1U);
   settings.setFlag(ReportViewKey::chSearch, false);
   settings.setText(ReportViewKey::Ttt, TearLines::toText("3", "5"));
   EXPECT_EQ(settings.tearLines().out, 5);
