@@ -63,14 +63,16 @@ fuzz_ended() {
 fuzz() {
   local seed=${PAPERWAY_FUZZ_SEED:-$RANDOM}
   step "Fuzz, seed $seed: $*"
-  [ -w /dev/shm ] && export TMPDIR=/dev/shm
+  local memory=${TMPDIR:-/tmp}
+  [ ! -w /dev/shm ] || memory=/dev/shm
   trap 'kill "${!fuzzing[@]}" 2>/dev/null || true' EXIT
   local source name
   for source in tests/fuzz/fuzz_*.cpp; do
     [ ${#fuzzing[@]} -lt "$jobs" ] || fuzz_ended
     name=$(basename "$source" .cpp)
     mkdir -p "build/dev/fuzz/$name"
-    (cd "build/dev/fuzz/$name" && exec "../../tests/fuzz/$name" --seed "$seed" "$@" >log 2>&1) &
+    (cd "build/dev/fuzz/$name" &&
+      TMPDIR=$memory exec "../../tests/fuzz/$name" --seed "$seed" "$@" >log 2>&1) &
     fuzzing[$!]=$name
   done
   while [ ${#fuzzing[@]} -gt 0 ]; do fuzz_ended; done
@@ -92,7 +94,7 @@ case "${1-}" in
     build dev
     build core -DPAPERWAY_TESTS=OFF -DPAPERWAY_WERROR=ON
     static_checks
-    fuzz --inputs 20000 --seconds 20
+    fuzz --inputs 20000 --seconds 12
     tests dev
     build release
     tests release

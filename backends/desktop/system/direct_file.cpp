@@ -80,12 +80,17 @@ class FileJob : public PrintJob {
   std::uint64_t accepted_ = 0;
 };
 
-/// A device that is away has no file until it is back: what is missing below /dev is one.
+/// A device that is away has no file until it is back: what is missing below /dev is one, but for
+/// /dev/shm, which holds files.
+bool isPlaceOfDevice(std::string_view path) {
+  return path.starts_with("/dev/") && !path.starts_with("/dev/shm/");
+}
+
 bool isDevice(const DirectJobPrinter& printer, const std::string& path) {
   try {
     const FileStatus::Kind kind = Storage().status(path).kind;
-    const bool isMissing = kind == FileStatus::Kind::none;
-    return isMissing ? path.starts_with("/dev/") : kind == FileStatus::Kind::stream;
+    return kind == FileStatus::Kind::none ? isPlaceOfDevice(path)
+                                          : kind == FileStatus::Kind::stream;
   } catch (const std::system_error& error) {
     throw SpoolError(printer.name, path + ": " + error.code().message());
   }
