@@ -90,8 +90,19 @@ if(PAPERWAY_DATA)
   paperway_product(odbc COMPONENT library ROOMS odbc USES ODBC::ODBC Threads::Threads
                    FILES $<TARGET_FILE:ODBC::ODBC> PC_REQUIRES odbc PC_LIBS -pthread
                    DESCRIPTION "Recordsets of Paperway over ODBC")
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(ISAL libisal)
+  if(ISAL_FOUND)
+    set(deflate isal libisal)
+  else()
+    set(deflate z zlib)
+  endif()
+  list(POP_FRONT deflate deflate_library)
+  paperway_product(workbook COMPONENT library ROOMS workbook USES ${deflate_library}
+                   FILES ${deflate_library} PC_REQUIRES ${deflate}
+                   DESCRIPTION "Workbook files of Paperway")
 else()
-  list(APPEND excluded PATTERN sqlite.h EXCLUDE PATTERN odbc.h EXCLUDE)
+  list(APPEND excluded PATTERN sqlite.h EXCLUDE PATTERN odbc.h EXCLUDE REGEX "paperway/workbook\\.h$" EXCLUDE)
 endif()
 if(PAPERWAY_DESKTOP)
   find_package(Qt6 REQUIRED COMPONENTS Widgets PrintSupport)

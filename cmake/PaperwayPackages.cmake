@@ -24,7 +24,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(this_version "(= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME libpaperway-dev)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_LIBRARY_PACKAGE_SUGGESTS "libsqlite3-dev, unixodbc-dev, paperway-desktop, paperway-web")
+set(CPACK_DEBIAN_LIBRARY_PACKAGE_SUGGESTS "libsqlite3-dev, unixodbc-dev, libisal-dev, paperway-desktop, paperway-web")
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "${PROJECT_DESCRIPTION}: library and headers
  For hosts without windows; hosts with windows need paperway-desktop as well.")
 

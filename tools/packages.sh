@@ -1,9 +1,9 @@
 # Sourced by the scripts: makes sure of Debian packages, fetching only those that are missing.
 
-build_packages="g++ cmake ninja-build pkg-config libsqlite3-dev unixodbc-dev libcli11-dev
+build_packages="g++ cmake ninja-build pkg-config libsqlite3-dev unixodbc-dev libcli11-dev libisal-dev zlib1g-dev
   qt6-base-dev libcups2-dev qt6-webengine-dev qt6-pdf-dev libqpdf-dev"
 run_packages="fonts-liberation2 fonts-liberation"
-test_packages="libgtest-dev dpkg-dev file cups poppler-utils libsqliteodbc odbc-postgresql postgresql clang-format clang-tidy zsh fish groff"
+test_packages="libgtest-dev python3-openpyxl python3-xlrd dpkg-dev file cups poppler-utils libsqliteodbc odbc-postgresql postgresql clang-format clang-tidy zsh fish groff"
 
 need_packages() {
   local missing=()

@@ -36,6 +36,7 @@ void forFile(const char* verb, const std::string& file, const Work& work) {
 /// Each adds one command; its work runs as the callback, which throws when it fails.
 void addText(CLI::App& app);
 void addHtml(CLI::App& app);
+void addSheet(CLI::App& app);
 void addConvert(CLI::App& app);
 void addColumns(CLI::App& app);
 void addWords(CLI::App& app);

@@ -10,6 +10,7 @@
 #include "paperway/desktop.h"
 #include "paperway/platform/browser.h"
 #include "paperway/platform/windows.h"
+#include "paperway/workbook.h"
 #include "platform/output_file.h"
 
 namespace paperway::command {
@@ -81,6 +82,7 @@ class QtDesk : public Desk {
   Platform platform() override {
     Platform all = desktop_.platform().with(windows_);
     if (browser_) all.browser = &*browser_;
+    all.workbooks = &workbooks_;
     return all;
   }
   Form& form() override { return *windows_.last.lock(); }
@@ -96,6 +98,7 @@ class QtDesk : public Desk {
   std::optional<WebModule> browser_;  // goes when the windows have gone
   Desktop desktop_;
   LastForm windows_{desktop_.platform().windows};
+  WorkbookFiles workbooks_{desktop_.platform().storage};
 };
 
 }  // namespace

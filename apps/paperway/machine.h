@@ -5,6 +5,7 @@
 #include "backends/desktop/system/system.h"
 #include "paperway/headless.h"
 #include "paperway/platform.h"
+#include "paperway/workbook.h"
 
 namespace paperway::command {
 
@@ -29,7 +30,8 @@ class Machine {
             .spooler = screenless_.spooler,
             .printers = screenless_.printers,
             .printDevice = screenless_.printDevice,
-            .pageSetup = system_.pageSetup};
+            .pageSetup = system_.pageSetup,
+            .workbooks = &workbooks_};
   }
 
   /// Throws Told when a message has been shown.
@@ -51,6 +53,7 @@ class Machine {
 
   MessageBoxes messageBox_;
   desktop::System system_;
+  WorkbookFiles workbooks_{system_.storage};
   headless::Headless screenless_{std::filesystem::path()};  // its folders and files are not used
 };
 

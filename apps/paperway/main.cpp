@@ -40,6 +40,7 @@ int run(int argc, char** argv) {
   app.formatter(std::make_shared<paperway::command::HelpFormatter>());
   paperway::command::addText(app);
   paperway::command::addHtml(app);
+  paperway::command::addSheet(app);
   paperway::command::addConvert(app);
   paperway::command::addColumns(app);
   paperway::command::addWords(app);

@@ -101,6 +101,34 @@ struct HtmlExportSalaryArguments {
   ReportProgressCallback onProgress{};
 };
 
+struct ExcelExportArguments {
+  Recordset& Rs;  // read from the row in hand on, left at its end
+  /// ".xlsx" or ".xls"; replaced when the workbook is complete. When empty, a dialog asks for it
+  /// behind the rows, and the chosen name comes back.
+  std::string Excel_FileName{};
+  std::string Tital1{};  // each title is left out when empty
+  std::string Tital2{};
+  std::string Tital3{};
+  std::string Tital4{};
+  std::string Tital5{};
+  std::string PageOriantationPL{};  // "L": landscape
+  std::string LeftFooter{};
+  std::string RightFooter{};
+  std::int16_t PageTopMargin = 0;  // points, 72 to the inch; up to 0: the workbook's own
+  std::int16_t PageBottomMargin = 0;
+  std::int16_t PageRightMargin = 0;
+  std::int16_t PageLeftMargin = 0;
+  std::int16_t PageFooterMargin = 0;
+  std::int32_t Srno =
+      0;  // number the rows from here on; up to 0: no numbers. The next one comes back
+  std::string TFontNM1{};  // font of each title; "Arial Narrow" comes back for an empty one
+  std::string TFontNM2{};
+  std::string TFontNM3{};
+  std::string TFontNM4{};
+  std::string TFontNM5{};
+  ReportProgressCallback onProgress{};
+};
+
 /// The seven switches show (not 0) or hide a feature of the window.
 struct PAPERWAY_API PreviewReportArguments {
   std::string Path1{};  // report file

@@ -132,6 +132,19 @@ class PAPERWAY_API Class1 {
   void HTML_Export_Salary(HtmlExportSalaryArguments& arguments);
   void HTML_Export_Salary(HtmlExportSalaryArguments&& arguments) { HTML_Export_Salary(arguments); }
 
+  // Workbooks
+
+  /// Writes the rows, under the table that Set_Repot_Format read, as a workbook of one sheet:
+  /// titles, headings, a row for each of the data, a row of totals. The table's groups are not
+  /// read, and it keeps its running totals. Without a file name a dialog asks for one when the rows
+  /// are written; when it is cancelled, a message says so and there is no workbook. After a
+  /// failure, an AutomationError, an earlier workbook stands.
+  void Excel_Export(ExcelExportArguments& arguments);
+  void Excel_Export(ExcelExportArguments&& arguments) { Excel_Export(arguments); }
+
+  /// The letters of a sheet's column, from 1 ("A") to 260; none beyond.
+  std::string GetExcelCol(std::int32_t col);
+
   // Stickers
 
   /// Shows the window in which stickers are typed, and returns while it stays open. The presets of

@@ -29,6 +29,7 @@
 #include "paperway/platform/system_names.h"
 #include "paperway/platform/user_store.h"
 #include "paperway/platform/windows.h"
+#include "paperway/platform/workbook.h"
 
 namespace paperway::headless {
 
@@ -288,6 +289,31 @@ class PAPERWAY_API Browser : public paperway::Browser {
   BrowserEvents* events_ = nullptr;
 };
 
+/// Keeps the workbooks that were saved, newest last. Makes no files.
+class PAPERWAY_API Workbooks : public paperway::Workbooks {
+ public:
+  struct Cell {
+    Value value;            // of a sum, too
+    std::string formula{};  // in the notation of rows and columns relative to the cell
+    CellFormat format{};
+  };
+
+  struct Book {
+    std::filesystem::path file;
+    SheetPlan plan;
+    std::vector<std::vector<Cell>> rows;
+  };
+
+  std::filesystem::path fileNamed(const std::filesystem::path& name) override { return name; }
+  std::unique_ptr<Workbook> create(const WorkbookTarget& target, const SheetPlan& plan) override;
+
+  std::vector<Book> books;
+  std::optional<AutomationError> failure;  // raised when a workbook is saved
+
+ private:
+  class Writer;
+};
+
 /// Folders below one root.
 class PAPERWAY_API Folders : public paperway::Folders {
  public:
@@ -324,10 +350,12 @@ struct PAPERWAY_API Headless {
   Printers printers;
   Spooler spooler{printers};
   PrintDevice printDevice{printers};
+  Workbooks workbooks;
 
   Platform platform() {
-    return {messageBox, windows, folders,   clipboard, dialogs,  shell,       storage,   files,
-            clock,      names,   userStore, spooler,   printers, printDevice, pageSetup, &browser};
+    return {messageBox, windows,     folders,   clipboard, dialogs,   shell,
+            storage,    files,       clock,     names,     userStore, spooler,
+            printers,   printDevice, pageSetup, &browser,  &workbooks};
   }
 };
 

@@ -5,6 +5,8 @@
 #include <optional>
 
 #include "controls/form.h"
+#include "excel/excel_columns.h"
+#include "excel/excel_export.h"
 #include "html/frm_browser.h"
 #include "html/html_export.h"
 #include "html/report_html.h"
@@ -235,6 +237,14 @@ void Class1::HTML_Export_Salary(HtmlExportSalaryArguments& arguments) {
     // The pages are made for the paper that the printer has.
   }
   if (writeSalaryExport(arguments, state_->ReportFormat, platform_)) previewExport(arguments);
+}
+
+void Class1::Excel_Export(ExcelExportArguments& arguments) {
+  writeExcelExport(arguments, state_->ReportFormat, platform_);
+}
+
+std::string Class1::GetExcelCol(std::int32_t col) {
+  return paperway::GetExcelCol(col);
 }
 
 void Class1::StickerPrint() {

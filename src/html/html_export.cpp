@@ -192,7 +192,7 @@ bool writeHtmlExport(HtmlExportArguments& arguments,
                   arguments.ChrWidth, arguments.PortraitLansscape == "L");
   arguments.PortraitLansscape = measure.turned ? "L" : "P";
   OutputFile file(platform.storage, pathOf(arguments.HTML_FileName), kSource,
-                  exportOptions(arguments.Rs, *kept));
+                  {.inputs = sourceFiles(arguments.Rs, *kept)});
   HtmlExport(arguments, plan, *kept, measure, file).write();
   return true;
 }

@@ -319,7 +319,7 @@ bool writeSalaryExport(HtmlExportSalaryArguments& arguments,
   const PageMeasure measure = measureFor(arguments, platform);
   arguments.PortraitLansscape = measure.turned ? "L" : "P";
   OutputFile file(platform.storage, pathOf(arguments.HTML_FileName), kSource,
-                  exportOptions(arguments.Rs, *kept));
+                  {.inputs = sourceFiles(arguments.Rs, *kept)});
   SalaryExport(arguments, plan, *kept, measure, file).write();
   return true;
 }

@@ -119,12 +119,6 @@ double tableWidth(const ReportPlan& plan, double characterWidth, bool hasNumbers
   return width;
 }
 
-OutputOptions exportOptions(const Recordset& rows, const ReportFormatTable& table) {
-  OutputOptions options{.inputs = rows.sourceFiles()};
-  options.inputs.insert(options.inputs.end(), table.sourceFiles.begin(), table.sourceFiles.end());
-  return options;
-}
-
 void removeExport(Storage& storage, const std::string& document, const Recordset& rows,
                   const char* caller) {
   removeOutput(storage, pathOf(document), caller, {.inputs = rows.sourceFiles()});

@@ -119,9 +119,6 @@ double visibleCount(const ReportFormatTable& table);
 /// Of all columns, and of the running numbers, if any.
 double tableWidth(const ReportPlan& plan, double characterWidth, bool hasNumbers);
 
-/// The files that an export is made of, and must not take the place of.
-OutputOptions exportOptions(const Recordset& rows, const ReportFormatTable& table);
-
 /// Where no table was ever set, an export leaves no document: the earlier one goes.
 void removeExport(Storage& storage, const std::string& document, const Recordset& rows,
                   const char* caller);

@@ -154,6 +154,13 @@ std::size_t countRows(Recordset& rst) {
 
 }  // namespace
 
+std::vector<std::filesystem::path> sourceFiles(const Recordset& rows,
+                                               const ReportFormatTable& table) {
+  std::vector<std::filesystem::path> files = rows.sourceFiles();
+  files.insert(files.end(), table.sourceFiles.begin(), table.sourceFiles.end());
+  return files;
+}
+
 void readReportFormat(Recordset& rst, std::shared_ptr<ReportFormatTable>& table) {
   const std::size_t rows = countRows(rst);
   table = std::make_shared<ReportFormatTable>(rows);

@@ -68,6 +68,11 @@ struct ReportFormatTable {
   std::vector<std::filesystem::path> sourceFiles;  // that the table comes from
 };
 
+/// The files that a report of these rows under this table is made of, and must not take the place
+/// of.
+std::vector<std::filesystem::path> sourceFiles(const Recordset& rows,
+                                               const ReportFormatTable& table);
+
 /// Puts a new table in the place of `table` and fills it from the rows of a format recordset, which
 /// it leaves at its end. On a failure (an AutomationError that names field and row) the new table
 /// stays as far as it was filled; the old one when the rows cannot be counted.

@@ -282,9 +282,8 @@ void writeTextReport(TextRptArguments& arguments, const std::shared_ptr<ReportFo
   requireField(plan.inner, arguments.Rs, plan.caller);
   requireField(plan.outer, arguments.Rs, plan.caller);
   bindFields(plan, arguments.Rs);
-  OutputOptions options{.inputs = arguments.Rs.sourceFiles()};
-  options.inputs.insert(options.inputs.end(), kept->sourceFiles.begin(), kept->sourceFiles.end());
-  OutputFile file(storage, pathOf(arguments.TextFileName), kSource, std::move(options));
+  OutputFile file(storage, pathOf(arguments.TextFileName), kSource,
+                  {.inputs = sourceFiles(arguments.Rs, *kept)});
   TextReport(arguments, plan, kept->sums, font, file).write();
 }
 

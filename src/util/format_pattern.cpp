@@ -33,13 +33,6 @@ constexpr NamedFormat kNamedFormats[] = {
     {"Short Time", "hh:nn"},
 };
 
-std::string_view resolveName(std::string_view pattern) {
-  for (const NamedFormat& each : kNamedFormats) {
-    if (equalIgnoringCase(each.name, pattern)) return each.pattern;
-  }
-  return pattern;
-}
-
 /// The first place of a number or a text decides; so "0 days" is a number pattern. Where there is
 /// none, the first date letter or text mark does.
 Kind kindOf(Symbols symbols) {
@@ -56,9 +49,16 @@ Kind kindOf(Symbols symbols) {
 
 }  // namespace
 
+std::string_view namedPattern(std::string_view name) {
+  for (const NamedFormat& each : kNamedFormats) {
+    if (equalIgnoringCase(each.name, name)) return each.pattern;
+  }
+  return name;
+}
+
 FormatPattern::FormatPattern(std::string_view pattern) {
   if (pattern.empty()) return;
-  const auto symbols = readSymbols(resolveName(pattern));
+  const auto symbols = readSymbols(namedPattern(pattern));
   switch (kindOf(symbols)) {
     case Kind::number:
       format_ = NumberFormat(symbols);

@@ -11,6 +11,10 @@
 
 namespace paperway {
 
+/// The pattern that a name stands for ("Currency", "Short Date"), in any case; any other text as it
+/// is.
+std::string_view namedPattern(std::string_view name);
+
 /// A format pattern of the automation platform ("0.00", "#,##0", "dd-mmm-yyyy", "@@@@"), compiled
 /// once and applied often. English names, "." as the decimal mark and "," between thousands,
 /// whatever the process locale. Any text compiles: what is no symbol stands for itself.
