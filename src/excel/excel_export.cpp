@@ -124,7 +124,7 @@ class ExcelExport {
     if (layout_.numbered) book_.emptyCell(layout_.number);
     for (const ColumnPlan& column : plan_.columns) {
       if (column.type == ColumnPlan::Type::number && column.total && !isLeftPlain(column)) {
-        book_.sumCell(formatOf(column), rows_, sums_[indexOf(column)]);
+        book_.sumCell(formatOf(column), rows_, columnNumber(sums_[indexOf(column)]));
       } else {
         noCell(column);
       }

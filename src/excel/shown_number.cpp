@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <iterator>
 
 #include "util/digits.h"
 #include "util/format_pattern.h"
@@ -64,6 +63,20 @@ struct Marks {
   int signs_ = 0;
 };
 
+/// Of any length and with an exponent; commas stand among the first characters alone.
+std::optional<double> numberOfDigits(std::string_view text, std::size_t withCommas) {
+  std::string plain(text.substr(0, withCommas));
+  std::erase(plain, ',');
+  plain += text.substr(withCommas);
+  const auto mark = plain.find_first_of("Ee");
+  if (mark + 1 < plain.size() && plain[mark + 1] == '+') plain.erase(mark + 1, 1);
+  double number = 0;
+  const char* const end = plain.data() + plain.size();
+  const auto read = std::from_chars(plain.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
+  return number;
+}
+
 /// Digits, commas before the point, a point and an exponent, to the end of the text.
 std::optional<double> unsignedNumber(std::string_view text) {
   std::int64_t digits = 0;
@@ -90,16 +103,7 @@ std::optional<double> unsignedNumber(std::string_view text) {
       decimals < static_cast<int>(kPowersOfTen.size())) {
     return static_cast<double>(digits) / kPowersOfTen[static_cast<std::size_t>(decimals)];
   }
-  std::string plain;
-  std::copy_if(text.begin(), text.end(), std::back_inserter(plain),
-               [](char c) { return c != ','; });
-  if (const auto plus = plain.find("E+"); plus != plain.npos) plain.erase(plus + 1, 1);
-  if (const auto plus = plain.find("e+"); plus != plain.npos) plain.erase(plus + 1, 1);
-  double number = 0;
-  const char* const end = plain.data() + plain.size();
-  const auto read = std::from_chars(plain.data(), end, number);
-  if (read.ec != std::errc() || read.ptr != end) return std::nullopt;
-  return number;
+  return numberOfDigits(text, i);
 }
 
 /// Signs say whether the number is below zero, and are none of the words.
