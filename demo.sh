@@ -35,6 +35,10 @@ echo "The report is $demo/ledger.txt, its first page on paper $demo/page1.pdf."
 "$paperway" convert "$demo/ledger.txt" "$demo/report.html"
 echo "As web pages: $demo/ledger.html, salary.html, and the report itself, report.html."
 
+"$paperway" sheet --db "$demo/ledger.db" --data "$query" --columns examples/ledger/columns.csv \
+  --out "$demo/ledger.xlsx" --title "Sales ledger" --title "Year 2025-26" --serial 1 --landscape
+echo "As a workbook: $demo/ledger.xlsx."
+
 "$paperway" stickers --db "$demo/ledger.db" --line "{customer}" --line "{region}" --length 24 \
   --columns 3 --data "SELECT DISTINCT customer, region FROM sales ORDER BY customer" \
   --out "$demo/stickers.txt"

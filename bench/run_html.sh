@@ -7,40 +7,13 @@
 # ROUNDS=5 rounds; SIZES="100000 1000000" rows; REPORT_ROWS=4000000 of the report that is converted.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+. bench/lib.sh
 
 rounds=${ROUNDS:-5}
 sizes=${SIZES:-100000 1000000}
 report_rows=${REPORT_ROWS:-4000000}
-title="Sales ledger"
-subtitle="1 April 2025 to 31 March 2026"
-statement="SELECT * FROM sales ORDER BY rowid"
-
-if [ $# -gt 0 ]; then
-  build=$(cd "$1" && pwd)
-else
-  build=$PWD/build/bench
-  cmake --preset bench >&2
-fi
-cmake --build "$build" --target paperway make_ledger c_html measure >&2
-data=$build/bench-data
+build_bench "${1-}" paperway make_ledger c_html measure
 mkdir -p "$data/paperway" "$data/plain"
-export XDG_CONFIG_HOME=$data/config XDG_DATA_HOME=$data/share CUPS_SERVER=/nonexistent # the page set-up of a new user, and A4
-paperway=$build/apps/paperway/paperway
-
-database() {
-  local file=$data/ledger-$1.db
-  if [ ! -e "$file" ] || [ "$build/examples/make_ledger" -nt "$file" ]; then
-    "$build/examples/make_ledger" "$file" "$1"
-  fi
-  cat "$file" >/dev/null # into the page cache
-  echo "$file"
-}
-
-measured() { # NAME COMMAND...
-  "$build/bench/measure" "${@:2}" | grep -E '^[0-9.]+ [0-9.]+ [0-9]+$' >>"$data/$1.times"
-}
-
-best() { sort -n -k 2 "$data/$1.times" | head -n 1; }
 
 compare() { # table|salary ROWS
   local file options=(--align center)

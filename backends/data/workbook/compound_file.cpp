@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string>
 
 #include "backends/data/workbook/little_endian.h"
 
@@ -124,16 +125,16 @@ std::string directory(const Plan& plan, std::string_view streamName) {
 
 }  // namespace
 
-void writeCompoundFile(OutputFile& file, std::string_view streamName, std::string_view firstPart,
-                       std::string_view secondPart) {
-  const std::size_t size = firstPart.size() + secondPart.size();
+void writeCompoundFile(OutputFile& file, std::string_view streamName,
+                       std::initializer_list<std::string_view> parts) {
+  std::size_t size = 0;
+  for (const std::string_view part : parts) size += part.size();
   const Plan plan(size);
   file.write(header(plan));
   file.write(chains(plan));
   file.write(furtherTables(plan));
   file.write(directory(plan, streamName));
-  file.write(firstPart);
-  file.write(secondPart);
+  for (const std::string_view part : parts) file.write(part);
   file.write(std::string(plan.stream * kSector - size, '\0'));
 }
 

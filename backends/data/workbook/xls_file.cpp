@@ -101,15 +101,15 @@ class XlsFile : public BookFile {
   }
 
   void putEnd() override {
-    std::string sheet = xlsSheetHead(plan_, target_, row_, columns_);
-    sheet += rows_;
-    rows_ = {};
+    std::string end;
     std::string window;
     for (const unsigned field : {0x06B6, 0, 0, 0x40, 0, 0, 0, 0, 0}) put16(window, field);
-    putRecord(sheet, Biff::window2, window);
-    putRecord(sheet, Biff::endOfPart, "");
+    putRecord(end, Biff::window2, window);
+    putRecord(end, Biff::endOfPart, "");
     const std::vector<std::string_view> texts(texts_.begin(), texts_.end());
-    writeCompoundFile(file_, "Workbook", xlsGlobals(plan_, texts, named_), sheet);
+    writeCompoundFile(file_, "Workbook",
+                      {xlsGlobals(plan_, texts, named_),
+                       xlsSheetHead(plan_, target_, row_, columns_), rows_, end});
   }
 
  private:
