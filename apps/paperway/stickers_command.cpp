@@ -32,6 +32,7 @@ struct StickerOptions {
   std::vector<std::string> lines;
   std::optional<int> length, gap, columns, rows, blank;
   bool condensed = false;
+  bool normal = false;
   std::int64_t copies = 1;
   std::string out;
   bool preview = false;
@@ -43,8 +44,9 @@ struct StickerOptions {
   bool opensForm() const { return out.empty() && !savePreset; }
   /// What the window would not hear of.
   bool describesSheet() const {
-    return !lines.empty() || length || gap || columns || rows || blank || condensed;
+    return !lines.empty() || length || gap || columns || rows || blank || condensed || normal;
   }
+  bool opensWindow() const { return opensForm() || preview; }
 };
 
 /// The preset, or the one of a first start, with what the options say instead.
@@ -61,7 +63,7 @@ StickerPreset presetOf(const StickerOptions& options, const Platform& machine) {
   take(preset.columns, options.columns);
   take(preset.rows, options.rows);
   take(preset.blankLines, options.blank);
-  if (options.condensed) preset.style = 1;
+  if (options.condensed || options.normal) preset.style = options.condensed ? 1 : 0;
   if (options.lines.empty()) return preset;
   preset.fields = static_cast<int>(options.lines.size());
   preset.lines = {};
@@ -85,9 +87,13 @@ void writeFromRows(const StickerOptions& options, const StickerPreset& preset, M
 
 void writeOneSheet(const StickerOptions& options, const StickerPreset& preset, Machine& machine) {
   const StickerShape shape = preset.shape();
+  Progress progress;  // nothing to be told of, but a request to stop is heard
   OutputFile file(machine.platform().storage,
                   options.out == "-" ? "/dev/stdout" : pathOf(options.out), "stickers");
-  writeStickerSheet(shape, preset.lines, [&](std::string_view bytes) { file.write(bytes); });
+  writeStickerSheet(shape, preset.lines, [&](std::string_view bytes) {
+    file.write(bytes);
+    progress.tell({});
+  });
   file.commit();
 }
 
@@ -96,12 +102,13 @@ void writeStickers(const StickerOptions& options) {
   const Platform platform = machine.platform();
   const StickerPreset preset = presetOf(options, platform);
   preset.shape();  // what no sheet can be is not kept either
-  if (options.savePreset) {
-    preset.save(platform.userStore, platform.names.programName(), *options.savePreset);
+  if (options.fromRows()) {
+    writeFromRows(options, preset, machine);
+  } else if (!options.out.empty()) {
+    writeOneSheet(options, preset, machine);
   }
-  if (options.out.empty()) return;
-  options.fromRows() ? writeFromRows(options, preset, machine)
-                     : writeOneSheet(options, preset, machine);
+  if (!options.savePreset) return;  // which is not kept for a sheet that could not be written
+  preset.save(platform.userStore, platform.names.programName(), *options.savePreset);
 }
 
 /// The sheets that the form makes are shown with everything on offer.
@@ -144,8 +151,9 @@ void addStickers(CLI::App& app) {
       ->allow_extra_args(false)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   number("--preset", options->preset, "Begin with the preset of this number", 1, kStickerPresets);
-  number("--save-preset", options->savePreset,
-         "Keep what is said here under this number, for the window too", 1, kStickerPresets);
+  CLI::Option* savePreset =
+      number("--save-preset", options->savePreset,
+             "Keep what is said here under this number, for the window too", 1, kStickerPresets);
   number("--length", options->length, "Width of a sticker in characters; 20 without a preset", 0,
          255);
   number("--gap", options->gap, "Blanks behind each sticker; 3 without a preset", 0, 32767);
@@ -153,7 +161,12 @@ void addStickers(CLI::App& app) {
   number("--rows", options->rows, "Rows of stickers on a sheet; 12 without a preset", 0, 32767);
   number("--blank", options->blank, "Blank lines between rows, less one; 3 without a preset", 0,
          32767);
-  command->add_flag("--condensed", options->condensed, "Condensed print, 136 columns to the line");
+  CLI::Option* condensed = command->add_flag("--condensed", options->condensed,
+                                             "Condensed print, 136 columns to the line");
+  command
+      ->add_flag("--normal", options->normal,
+                 "Normal print, 80 columns to the line, where a preset says otherwise")
+      ->excludes(condensed);
   options->source.addOptions(*command);
   CLI::Option* data =
       command->add_option("--data", options->data, "Query whose rows make one sticker each");
@@ -170,7 +183,7 @@ void addStickers(CLI::App& app) {
   CLI::Option* picture =
       command->add_option("--picture", options->picture,
                           "Write a picture of the window instead of opening it; needs no display");
-  picture->type_name("OUT.png")->excludes(out);
+  picture->type_name("OUT.png")->excludes(out)->excludes(savePreset);
   command->add_option("--scale", options->desk.scale, "Scale of the picture")
       ->type_name("FACTOR")
       ->check(CLI::Range(1.0, 4.0))
@@ -202,9 +215,12 @@ void addStickers(CLI::App& app) {
     if (!options->fromRows() && (!options->source.db.empty() || !options->source.odbc.empty())) {
       throw CLI::RequiredError("--data");
     }
+    if (options->desk.dark && !options->opensWindow()) {
+      throw CLI::ValidationError("--dark", "no window opens; --preview would open one");
+    }
     options->desk.screenless = !options->picture.empty();
     if (options->opensForm()) return openForm(*options);
-    const std::unique_ptr<Desk> desk = options->preview ? Desk::open({}) : nullptr;
+    const std::unique_ptr<Desk> desk = options->preview ? Desk::open(options->desk) : nullptr;
     forFile("write", options->out, [&] { writeStickers(*options); });
     if (desk != nullptr) read(*desk, options->out);
   });

@@ -1,6 +1,7 @@
 #include "sticker/frm0010_sticker.h"
 
 #include <cmath>
+#include <new>
 
 #include "paperway/automation_error.h"
 #include "paperway/platform/message_boxes.h"
@@ -23,8 +24,23 @@ constexpr int kLinesPerInch = 6;
 constexpr int kNormalColumns = 80;
 constexpr int kCondensedColumns = 136;
 
+constexpr std::int64_t kMostShown = std::int64_t{4} << 30;  // bytes
+
 std::string grouped(std::int64_t number) {
   return FormatPattern("#,##0")(ValueView(number));
+}
+
+/// "1 sticker", "1,000 stickers".
+std::string counted(std::int64_t number, const char* one, const char* many) {
+  return grouped(number) + " " + (number == 1 ? one : many);
+}
+
+void requireShowable(const StickerShape& shape) {
+  if (shape.height() <= kMostShown / (shape.width() + 2)) return;
+  throw AutomationError(
+      AutomationError::kOverflow, "StickerPrint",
+      "The sheet would have " + counted(shape.width(), "character", "characters") + " by " +
+          counted(shape.height(), "line", "lines") + ", which is more than can be shown.");
 }
 
 }  // namespace
@@ -142,17 +158,23 @@ void Frm0010Sticker::fitWidth() {
 }
 
 void Frm0010Sticker::JBshow_Click() {
+  const auto tell = [this](const char* failure) {
+    platform_.messageBox.show(failure, Caption, MessageBoxes::Buttons::ok,
+                              MessageBoxes::Icon::information);
+  };
   try {
     showSheet();
   } catch (const AutomationError& error) {
-    platform_.messageBox.show(error.description(), Caption, MessageBoxes::Buttons::ok,
-                              MessageBoxes::Icon::information);
+    tell(error.description());
+  } catch (const std::bad_alloc&) {
+    tell("There is not enough memory to show the sheet.");
   }
 }
 
 void Frm0010Sticker::showSheet() {
   const StickerPreset typed = preset();
   const StickerShape shape = typed.shape();
+  requireShowable(shape);
   const std::filesystem::path path = pathOf(TempFile(platform_.files));
   OutputFile file(platform_.storage, path, "StickerPrint", {.lasting = false});
   writeStickerSheet(shape, typed.lines, [&file](std::string_view bytes) { file.write(bytes); });
@@ -189,7 +211,8 @@ std::string Frm0010Sticker::sheetText() const {
   const int columns = shape.condensed ? kCondensedColumns : kNormalColumns;
   return grouped(shape.width()) + " of " + std::to_string(columns) + " characters, " +
          grouped(shape.height()) + " of " + std::to_string(inches * kLinesPerInch) + " lines (" +
-         std::to_string(inches) + " inches), " + grouped(shape.stickers()) + " stickers";
+         counted(inches, "inch", "inches") + "), " +
+         counted(shape.stickers(), "sticker", "stickers");
 }
 
 // --- where the controls stand, in twips

@@ -35,6 +35,14 @@ expect 2 'at most five' $stickers --line 1 --line 2 --line 3 --line 4 --line 5 -
 expect 2 '--length' $stickers --length 256 --line x --out x.txt
 expect 2 '--data' $stickers --copies 2 --line x --out x.txt
 expect 2 '--out or --save-preset is required' $stickers --line x
+expect 2 '--save-preset' $stickers --save-preset 3 --line x --picture x.png
+expect 2 '--dark' $stickers --line x --out x.txt --dark
+expect 1 'none/sheet.txt' $stickers --preset 2 --save-preset 3 --out none/sheet.txt
+expect 0 'preset 3' $stickers --preset 3 --out -
+$stickers --save-preset 4 --line AB --condensed && $stickers --preset 4 --normal --save-preset 4 --out normal.txt
+expect 2 '--condensed' $stickers --normal --condensed --line x --out x.txt
+grep -q $'\017' normal.txt && fail "a preset becomes normal"
+$stickers --preset 4 --out - | grep -q $'\017' && fail "and is kept so"
 expect 2 '--data is required' $stickers --db ledger.db --line x --out x.txt
 expect 0 'OPss(1)' $stickers --help
 finish

@@ -157,6 +157,48 @@ TEST(StickerLooks, CaptionsFitAndTheWindowGrowsWithItsSettings) {
   EXPECT_FALSE(form.loaded());
 }
 
+/// From an empty window to a saved preset and a sheet, with no mouse.
+TEST(StickerLooks, IsWorkedByTheKeyboardAlone) {
+  QtDesk desk;
+  runState() = RunState();
+  Class1 class1(desk.platform());
+  class1.StickerPrint();
+  auto& form = dynamic_cast<Frm0010Sticker&>(*runState().ModStickerForm.lock());
+  qt::FormWindow& window = *desk.windows.window(form);
+  QtUser user(window);
+  std::string visited;
+  const auto tabTo = [&](const Control& control) {
+    for (int steps = 0; form.activeControl() != &control && steps < 40; ++steps) {
+      QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+      visited += form.activeControl()->name + " ";
+    }
+    EXPECT_EQ(form.activeControl(), &control) << visited;
+  };
+  const auto key = [&](Qt::Key pressed) { QTest::keyClick(window.focusWidget(), pressed); };
+  const auto type = [&](const Control& box, const char* text) {
+    tabTo(box);
+    QTest::keyClicks(window.focusWidget(), text);
+  };
+  tabTo(form.OPss[1]);
+  key(Qt::Key_Right);
+  EXPECT_EQ(form.OPss[1].Tag, "2") << "arrows choose among the presets";
+  type(form.Atxt[0], "Shelf");
+  tabTo(form.JeweledButton1);
+  key(Qt::Key_Space);
+  EXPECT_TRUE(form.Frame1.Visible);
+  tabTo(form.OPF[1]);
+  key(Qt::Key_Right);
+  type(form.TxMaxFLenth, "9");
+  EXPECT_EQ(form.TxMaxFLenth.Text, "9") << "a box is selected when the keyboard comes to it";
+  type(form.TxNos, "18");
+  EXPECT_EQ(form.TxRow.Text, "3");
+  tabTo(form.CmdSave);
+  key(Qt::Key_Return);
+  EXPECT_EQ(desk.machine.userStore.get("paperway", "Sticker", "2 MaxF", ""), "2");
+  user.alt('W');
+  EXPECT_EQ(desk.windows.windows().size(), 2u);
+}
+
 TEST_F(Looks, WhatTheScreenCannotHoldIsReachedByScrolling) {
   qt::FormWindow& window = *desk.windows.window(*form);
   window.resize(1, 1);

@@ -175,6 +175,12 @@ TEST_F(StickerForm, TellsTheBoxThatHoldsNoNumber) {
       Row{&F::TxMaxFLenth, "none", ""},
       Row{&F::TxCol, " 2.5 ", ""});
   EXPECT_EQ(form.LbSheet.Caption.substr(0, 7), "14 of 8") << "half a column to the even number";
+  form.TxSp.Text = form.TxRow.Text = "32767";
+  form.TxCol.Text = "255";
+  user().click("JBshow");
+  EXPECT_EQ(last(),
+            "The sheet would have 8,356,605 characters by 163,832 lines, which is more than can be "
+            "shown.");
   EXPECT_EQ(machine.windows.forms.size(), 2u) << "one report window, of the sheets that could be";
 }
 
