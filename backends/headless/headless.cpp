@@ -40,14 +40,17 @@ void Windows::doEvents() {
   if (waitingEvents) waitingEvents();
 }
 
-std::optional<std::filesystem::path> Dialogs::openFile(const FileQuestion& question) {
+FileAnswer Dialogs::askForFiles(const FileQuestion& question) {
   questions.push_back(question);
-  return takeFront(files);
-}
-
-std::optional<std::filesystem::path> Dialogs::saveFile(const FileQuestion& question) {
-  questions.push_back(question);
-  return takeFront(files);
+  FileAnswer answer;
+  answer.filter = question.filter;
+  if (!answers.empty()) {
+    answer = answers.front();
+    answers.erase(answers.begin());
+  } else if (const auto file = takeFront(files)) {
+    answer.files = {*file};
+  }
+  return answer;
 }
 
 std::optional<std::uint32_t> Dialogs::color(std::uint32_t) {

@@ -12,6 +12,7 @@ namespace paperway {
 class PAPERWAY_API AutomationError : public std::runtime_error {
  public:
   enum Number : long {
+    kObjectDefined = -0x7FFC0000,  // hexadecimal 80040000 in 32 bits
     kInvalidCall = 5,
     kOverflow = 6,
     kOutOfMemory = 7,

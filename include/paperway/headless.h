@@ -240,12 +240,12 @@ class PAPERWAY_API Clipboard : public paperway::Clipboard {
 /// Keeps the questions; answers from a script, and is cancelled once that is used up.
 class PAPERWAY_API Dialogs : public paperway::Dialogs {
  public:
-  std::optional<std::filesystem::path> openFile(const FileQuestion& question) override;
-  std::optional<std::filesystem::path> saveFile(const FileQuestion& question) override;
+  FileAnswer askForFiles(const FileQuestion& question) override;
   std::optional<std::uint32_t> color(std::uint32_t start) override;
 
   std::vector<FileQuestion> questions;
-  std::vector<std::optional<std::filesystem::path>> files;  // taken from the front
+  std::vector<FileAnswer> answers;                          // taken from the front
+  std::vector<std::optional<std::filesystem::path>> files;  // likewise, after the answers
   std::vector<std::optional<std::uint32_t>> colors;         // taken from the front
 };
 

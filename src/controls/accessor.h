@@ -1,18 +1,24 @@
 #pragma once
 
 #include <ostream>
+#include <utility>
 
 namespace paperway {
 
+template <typename Owner, typename Assigned>
+Assigned assignedBy(void (Owner::*)(Assigned));
+
 /// A property of an owner that reads and assigns through two of its members.
-template <typename Owner, typename T, T (Owner::*Get)() const, void (Owner::*Set)(T)>
+template <typename Owner, typename T, T (Owner::*Get)() const, auto Set>
 class Accessor {
+  using Assigned = decltype(assignedBy(Set));
+
  public:
   explicit Accessor(Owner& owner) : owner_(owner) {}
   Accessor(const Accessor&) = delete;
   Accessor& operator=(const Accessor& other) { return *this = other.get(); }
 
-  Accessor& operator=(T value) {
+  Accessor& operator=(Assigned value) {
     (owner_.*Set)(std::move(value));
     return *this;
   }

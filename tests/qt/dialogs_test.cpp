@@ -3,6 +3,7 @@
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <cstdlib>
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include "backends/desktop/qt/shell.h"
 #include "qt_user.h"
 #include "support/error_of.h"
+#include "support/expect_each.h"
 #include "support/files.h"
 #include "support/test_folder.h"
 
@@ -19,6 +21,15 @@ namespace {
 void enter(QFileDialog& dialog, const QString& name) {
   dialog.findChild<QLineEdit*>()->setText(name);
   static_cast<QDialog&>(dialog).accept();
+}
+
+/// Answers a dialog that another answer brings up.
+template <typename Dialog>
+void whenUp(std::function<void(Dialog&)> how) {
+  QTimer::singleShot(1, [how = std::move(how)] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    dialog == nullptr ? whenUp<Dialog>(how) : how(*dialog);
+  });
 }
 
 class DialogsTest : public testing::Test {
@@ -72,6 +83,94 @@ TEST_F(DialogsTest, CancellingGivesNothing) {
   }
   cancel();
   EXPECT_EQ(dialogs.color(255), std::nullopt);
+}
+
+/// The name of the file that an entry leads to.
+std::string given(const FileQuestion& question, const char* entry) {
+  answer<QFileDialog>([&](QFileDialog& dialog) { enter(dialog, QString::fromUtf8(entry)); });
+  const FileAnswer files = qt::Dialogs().askForFiles(question);
+  return files.files.empty() ? "nothing" : files.files.front().filename().string();
+}
+
+/// The message that an entry leads to; the dialog is up again after it, and is cancelled then.
+std::string refused(const FileQuestion& question, const char* entry) {
+  std::string message;
+  answer<QFileDialog>([&](QFileDialog& dialog) {
+    whenUp<QMessageBox>([&](QMessageBox& box) {
+      message = qt::utf8(box.text());
+      whenUp<QFileDialog>([](QFileDialog& again) { again.reject(); });
+      box.reject();
+    });
+    enter(dialog, QString::fromUtf8(entry));
+  });
+  EXPECT_TRUE(qt::Dialogs().askForFiles(question).files.empty());
+  return message;
+}
+
+TEST_F(DialogsTest, ReplacesAFileAfterAQuestionIfThatIsWanted) {
+  replaceFile(folder.path / "there.txt", "x", "test");
+  question.purpose = FileQuestion::Purpose::write;
+  EXPECT_EQ(given(question, "there.txt"), "there.txt");
+  question.confirmReplace = true;
+  EXPECT_EQ(given(question, "new.txt"), "new.txt");
+  EXPECT_NE(refused(question, "there.txt").find("there.txt already exists"), std::string::npos);
+  question.extension = "txt";
+  EXPECT_NE(refused(question, "there").find("there.txt already exists"), std::string::npos);
+}
+
+TEST_F(DialogsTest, WantsWhatMustExist) {
+  const std::string place = folder.path.string();
+  EXPECT_EQ(given(question, "missing/new.txt"), "new.txt");
+  question.folderMustExist = true;
+  EXPECT_EQ(given(question, "new.txt"), "new.txt");
+  EXPECT_EQ(refused(question, "missing/new.txt"), "There is no folder \"" + place + "/missing\".");
+  question.fileMustExist = true;
+  EXPECT_EQ(refused(question, "new.txt"), "There is no file \"new.txt\" in \"" + place + "\".");
+  question.purpose = FileQuestion::Purpose::write;
+  EXPECT_EQ(given(question, "new.txt"), "new.txt");
+  EXPECT_EQ(refused(question, "missing/new.txt"), "There is no folder \"" + place + "/missing\".");
+}
+
+TEST_F(DialogsTest, AddsTheExtensionToANameWithoutOne) {
+  for (const char* name : {"bare", "both", "both.txt", "long.txt"}) {
+    replaceFile(folder.path / name, "x", "test");
+  }
+  question.filters.push_back({"All", {"*"}});
+  const auto named = [&](bool writes,
+                         std::optional<std::string>
+                             extension,
+                         std::size_t filter,
+                         const char* entry) {
+    question.purpose = writes ? FileQuestion::Purpose::write : FileQuestion::Purpose::read;
+    question.extension = std::move(extension);
+    question.filter = filter;
+    return given(question, entry);
+  };
+  expectEach(named,
+             Row{true, std::nullopt, 0, "new", "new"},
+             Row{true, "", 0, "new", "new.rtf"},
+             Row{true, "", 2, "new", "new"},
+             Row{true, "txt", 0, "new", "new.txt"},
+             Row{true, "txt", 2, "new", "new.txt"},
+             Row{false, "txt", 0, "long", "long.txt"},
+             Row{false, "txt", 0, "bare", "bare"},
+             Row{false, "txt", 0, "both", "both"},
+             Row{false, "", 1, "long", "long.txt"},
+             Row{false, std::nullopt, 1, "long", "long"});
+}
+
+TEST_F(DialogsTest, GivesSeveralFilesAndTheFilter) {
+  for (const char* name : {"a.txt", "b.txt"}) replaceFile(folder.path / name, "x", "test");
+  question.multiple = true;
+  question.filter = 1;
+  answer<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.selectedNameFilter(), dialog.nameFilters()[1]);
+    EXPECT_EQ(dialog.directory().path().toStdString(), folder.path.string());
+    enter(dialog, R"("a.txt" "b.txt")");
+  });
+  const FileAnswer answer = dialogs.askForFiles(question);
+  EXPECT_EQ(answer.files, (std::vector{folder.path / "a.txt", folder.path / "b.txt"}));
+  EXPECT_EQ(answer.filter, 1);
 }
 
 TEST_F(DialogsTest, ColorsAreBlueGreenRed) {

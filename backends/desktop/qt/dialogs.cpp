@@ -5,13 +5,14 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 
 #include "backends/desktop/qt/convert.h"
 
 namespace paperway::qt {
 namespace {
 
-namespace fs = std::filesystem;
+using Purpose = FileQuestion::Purpose;
 
 /// "Text (*.txt *.prn)": Qt reads the patterns from between the brackets, so none may stand in the
 /// description itself.
@@ -33,13 +34,12 @@ QString extension(const FileQuestion::Filter& filter) {
   return {};
 }
 
-void begin(QFileDialog& dialog, const FileQuestion& question) {
-  if (!question.title.empty()) dialog.setWindowTitle(text(question.title));
-  QStringList filters;
-  for (const FileQuestion::Filter& filter : question.filters) filters << nameFilter(filter);
-  if (!filters.isEmpty()) dialog.setNameFilters(filters);
-  if (question.start.empty()) return;
-  const QString start = QFile::decodeName(question.start.c_str());
+QFileDialog::FileMode fileMode(const FileQuestion& question) {
+  const bool several = question.multiple && question.purpose == Purpose::read;
+  return several ? QFileDialog::ExistingFiles : QFileDialog::AnyFile;
+}
+
+void beginAt(QFileDialog& dialog, const QString& start) {
   if (QFileInfo(start).isDir()) {
     dialog.setDirectory(start);
   } else {
@@ -48,33 +48,108 @@ void begin(QFileDialog& dialog, const FileQuestion& question) {
   }
 }
 
-std::optional<fs::path> chosen(QFileDialog& dialog) {
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  return fs::path(QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString());
+/// One question on the screen, and what its filters and names mean.
+class AskedDialog {
+ public:
+  explicit AskedDialog(const FileQuestion& question);
+
+  FileAnswer ask();
+
+ private:
+  void followFilter(qsizetype index);
+  void setExtension(const QString& extension);
+  QString completed(const QString& file) const;
+  QString objection(const QFileInfo& file) const;
+
+  const FileQuestion& question_;
+  QFileDialog dialog_;
+  QString extension_;  // for a name without one
+  qsizetype filter_ = 0;
+};
+
+QWidget* ownerOf(const FileQuestion& question) {
+  QWidget* owner = question.owner == 0 ? nullptr : QWidget::find(question.owner);
+  return owner == nullptr ? QApplication::activeWindow() : owner;
+}
+
+AskedDialog::AskedDialog(const FileQuestion& question)
+    : question_(question), dialog_(ownerOf(question)) {
+  const bool writes = question.purpose == Purpose::write;
+  dialog_.setAcceptMode(writes ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog_.setFileMode(fileMode(question));
+  dialog_.setOption(QFileDialog::DontConfirmOverwrite, !question.confirmReplace);
+  if (!question.title.empty()) dialog_.setWindowTitle(text(question.title));
+  QStringList filters;
+  for (const FileQuestion::Filter& filter : question.filters) filters << nameFilter(filter);
+  if (!filters.isEmpty()) dialog_.setNameFilters(filters);
+  if (!question.start.empty()) beginAt(dialog_, QFile::decodeName(question.start.c_str()));
+  QObject::connect(&dialog_, &QFileDialog::filterSelected, &dialog_, [this](const QString& chosen) {
+    followFilter(dialog_.nameFilters().indexOf(chosen));
+  });
+  const auto first = static_cast<qsizetype>(question.filter);
+  if (first < filters.size()) {
+    dialog_.selectNameFilter(filters[first]);
+    followFilter(first);
+  }
+  const std::string given = question.extension.value_or("");
+  if (!given.empty()) setExtension(text(given));
+}
+
+void AskedDialog::followFilter(qsizetype index) {
+  if (index < 0) return;
+  filter_ = index;
+  const QString named = extension(question_.filters[static_cast<std::size_t>(index)]);
+  if (question_.extension && (question_.extension->empty() || !named.isEmpty())) {
+    setExtension(named);
+  }
+}
+
+/// A dialog adds the extension itself before it asks whether to replace a file, but to the name of
+/// a file that is there, too.
+void AskedDialog::setExtension(const QString& extension) {
+  extension_ = extension;
+  if (question_.purpose == Purpose::write) dialog_.setDefaultSuffix(extension);
+}
+
+QString AskedDialog::completed(const QString& file) const {
+  const QFileInfo info(file);
+  const bool open = question_.purpose == Purpose::read && !extension_.isEmpty();
+  if (!open || info.exists() || info.fileName().contains('.')) return file;
+  return file + '.' + extension_;
+}
+
+/// Why the question does not want this file; empty when it does.
+QString AskedDialog::objection(const QFileInfo& file) const {
+  const QString folder = file.absolutePath();
+  if ((question_.folderMustExist || question_.fileMustExist) && !QFileInfo(folder).isDir()) {
+    return "There is no folder \"" + folder + "\".";
+  }
+  if (question_.fileMustExist && question_.purpose == Purpose::read && !file.exists()) {
+    return "There is no file \"" + file.fileName() + "\" in \"" + folder + "\".";
+  }
+  return {};
+}
+
+FileAnswer AskedDialog::ask() {
+  while (dialog_.exec() == QDialog::Accepted) {
+    FileAnswer answer;
+    answer.filter = static_cast<std::size_t>(filter_);
+    QString refused;
+    for (const QString& selected : dialog_.selectedFiles()) {
+      const QString file = completed(selected);
+      if (refused.isEmpty()) refused = objection(QFileInfo(file));
+      answer.files.emplace_back(QFile::encodeName(file).toStdString());
+    }
+    if (refused.isEmpty()) return answer;
+    QMessageBox::warning(dialog_.parentWidget(), dialog_.windowTitle(), refused);
+  }
+  return {};
 }
 
 }  // namespace
 
-std::optional<fs::path> Dialogs::openFile(const FileQuestion& question) {
-  QFileDialog dialog(QApplication::activeWindow());
-  dialog.setFileMode(QFileDialog::ExistingFile);
-  begin(dialog, question);
-  return chosen(dialog);
-}
-
-std::optional<fs::path> Dialogs::saveFile(const FileQuestion& question) {
-  QFileDialog dialog(QApplication::activeWindow());
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  begin(dialog, question);
-  const auto followFilter = [&](const QString& selected) {
-    const qsizetype index = dialog.nameFilters().indexOf(selected);
-    if (index >= 0) {
-      dialog.setDefaultSuffix(extension(question.filters[static_cast<std::size_t>(index)]));
-    }
-  };
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, followFilter);
-  if (!question.filters.empty()) followFilter(dialog.nameFilters().constFirst());
-  return chosen(dialog);
+FileAnswer Dialogs::askForFiles(const FileQuestion& question) {
+  return AskedDialog(question).ask();
 }
 
 std::optional<std::uint32_t> Dialogs::color(std::uint32_t start) {

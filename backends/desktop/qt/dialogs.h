@@ -6,8 +6,7 @@ namespace paperway::qt {
 
 class Dialogs : public paperway::Dialogs {
  public:
-  std::optional<std::filesystem::path> openFile(const FileQuestion& question) override;
-  std::optional<std::filesystem::path> saveFile(const FileQuestion& question) override;
+  FileAnswer askForFiles(const FileQuestion& question) override;
   std::optional<std::uint32_t> color(std::uint32_t start) override;
 };
 
