@@ -19,7 +19,7 @@ class Accessor {
   Accessor& operator=(const Accessor& other) { return *this = other.get(); }
 
   Accessor& operator=(Assigned value) {
-    (owner_.*Set)(std::move(value));
+    (owner_.*Set)(std::forward<Assigned>(value));
     return *this;
   }
 

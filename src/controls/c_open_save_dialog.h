@@ -47,14 +47,14 @@ class cOpenSaveDialog {
   using Text = std::optional<std::string>;
 
   std::string fileName() const;
-  void setFileName(Text name) { file_.setText(name.value_or("")); }
+  void setFileName(const Text& name) { file_.setText(name.value_or("")); }
   std::string fileTitle() const { return title_.textFrom(0); }
-  void setFileTitle(Text title) { title_.setText(title.value_or("")); }
+  void setFileTitle(const Text& title) { title_.setText(title.value_or("")); }
   std::string initDir() const { return initDir_.value_or(""); }
   void setInitDir(Text folder);
   std::string filePath() const;
   std::string dialogTitle() const { return dialogTitle_; }
-  void setDialogTitle(Text title) { dialogTitle_ = title.value_or(""); }
+  void setDialogTitle(const Text& title) { dialogTitle_ = title.value_or(""); }
   std::string filter() const;
   void setFilter(Text filter);
   std::string defaultExt() const { return defaultExt_.value_or(""); }

@@ -1,5 +1,6 @@
 #include "excel/excel_export.h"
 
+#include "controls/c_open_save_dialog.h"
 #include "excel/sheet_layout.h"
 #include "excel/shown_number.h"
 #include "excel/spooled_workbook.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr const char* kSource = "Excel_Export";
 constexpr const char* kUsualFont = "Arial Narrow";
+constexpr std::int32_t kLongestPath = 4096;
 constexpr std::size_t kBoldColumns = 256;  // to "IV"
 
 /// The sheet, from its first row to its last. What stands between is written as the run of the
@@ -169,11 +171,14 @@ void takeUsualFonts(ExcelExportArguments& arguments) {
   }
 }
 
-std::string askForFile(Dialogs& dialogs) {
-  FileQuestion question;
-  question.title = "Please Enter New Excel File";
-  const auto chosen = dialogs.saveFile(question);
-  return chosen ? textOf(*chosen) : "";
+std::string askForFile(Dialogs& dialogs, Workbooks& workbooks) {
+  cOpenSaveDialog dialog(dialogs);
+  dialog.DialogTitle = "Please Enter New Excel File";
+  dialog.DefaultExt = textOf(workbooks.fileNamed("book").extension()).erase(0, 1);
+  dialog.Flags = cOpenSaveDialog::kOverwritePrompt | cOpenSaveDialog::kPathMustExist;
+  dialog.MaxFileSize = kLongestPath;
+  dialog.ShowSave(0);
+  return dialog.FileName;
 }
 
 }  // namespace
@@ -205,7 +210,7 @@ void writeExcelExport(ExcelExportArguments& arguments,
   }
   SpooledWorkbook spool(platform.storage, platform.folders, kSource);
   writeTo(spool);
-  arguments.Excel_FileName = askForFile(platform.dialogs);
+  arguments.Excel_FileName = askForFile(platform.dialogs, workbooks);
   if (arguments.Excel_FileName.empty()) {
     platform.messageBox.show(" Please Enter File Name ");
     return;

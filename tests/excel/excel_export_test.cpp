@@ -161,7 +161,9 @@ TEST_F(ExcelExportTest, AsksForANameBehindTheRows) {
   const std::string spooled = shown(book());
   EXPECT_EQ(arguments.Excel_FileName, path("chosen.xlsx"));
   EXPECT_EQ(arguments.TFontNM5, "Arial Narrow");
-  EXPECT_EQ(machine_.dialogs.questions.back().title, "Please Enter New Excel File");
+  const FileQuestion& asked = machine_.dialogs.questions.back();
+  EXPECT_EQ(asked.title, "Please Enter New Excel File");
+  EXPECT_TRUE(asked.confirmReplace && asked.folderMustExist);
   rows.MoveFirst();
   EXPECT_EQ(spooled, sheet(kColumns, {.Rs = rows, .Tital1 = "T", .Srno = 1}));
 

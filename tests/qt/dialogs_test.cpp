@@ -157,6 +157,14 @@ TEST_F(DialogsTest, AddsTheExtensionToANameWithoutOne) {
              Row{false, "txt", 0, "both", "both"},
              Row{false, "", 1, "long", "long.txt"},
              Row{false, std::nullopt, 1, "long", "long"});
+  question.purpose = FileQuestion::Purpose::write;
+  question.extension = "prn";
+  answer<QFileDialog>([](QFileDialog& dialog) {
+    emit dialog.filterSelected(dialog.nameFilters()[0]);
+    emit dialog.filterSelected(dialog.nameFilters()[2]);
+    enter(dialog, "new");
+  });
+  EXPECT_EQ(dialogs.askForFiles(question).files.front(), folder.path / "new.rtf");
 }
 
 TEST_F(DialogsTest, GivesSeveralFilesAndTheFilter) {
