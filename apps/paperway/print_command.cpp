@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -98,7 +99,7 @@ void printRaw(PrintOptions options) {
                                .copies = static_cast<std::uint8_t>(options.copies),
                                .linesIn = static_cast<std::uint8_t>(options.tear[0]),
                                .linesOut = static_cast<std::uint8_t>(options.tear[1]),
-                               .sources = {options.file}};
+                               .sources = {input.source()}};
   arguments.printerName = printerFor(options.printer, user.printers);
   if (std::filesystem::is_regular_file(file)) {
     warn(
@@ -106,6 +107,14 @@ void printRaw(PrintOptions options) {
                     rawRoom(user.printers.settings(arguments.printerName), arguments.paperHeight)));
   }
   PrintFile(arguments, platform, runState());
+}
+
+void requirePrinter(const std::string& name, Printers& printers) {
+  const std::vector<PrinterInfo> all = printers.list();
+  const auto isIt = [&](const PrinterInfo& printer) { return printer.DeviceName == name; };
+  if (std::none_of(all.begin(), all.end(), isIt)) {
+    throw std::runtime_error(noPrinter(name, printers));
+  }
 }
 
 /// The printer's paper. A file takes the first that holds the report: the usual one, upright or
@@ -128,6 +137,9 @@ PageSettings paperFor(const PrintOptions& options, const ReportExtent& report, P
 void printStyled(PrintOptions options) {
   const std::unique_ptr<Desk> desk = Desk::open({.screenless = true});
   const Platform platform = desk->platform();
+  if (!options.pdf.empty() && !options.printer.empty()) {
+    requirePrinter(options.printer, platform.printers);  // whose paper the file takes
+  }
   const ReportInput input(options.file, platform.folders);  // not before another program takes over
   options.file = input.path();
   if (options.pdf == "-") options.pdf = "/dev/stdout";
@@ -142,7 +154,7 @@ void printStyled(PrintOptions options) {
   StyledDocument document{.name = documentNameOf(options.file),
                           .printer = options.printer,
                           .file = options.pdf,
-                          .sources = {options.file},
+                          .sources = {input.source()},
                           .settings = paperFor(options, report, platform.printers)};
   if (options.pdf.empty()) document.printer = printerFor(options.printer, platform.printers);
   warn(fitWarnings(report, sheetRoom(document.settings)));

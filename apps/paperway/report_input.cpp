@@ -28,11 +28,14 @@ void copyStandardInput(const std::filesystem::path& target) {
 
 }  // namespace
 
-ReportInput::ReportInput(const std::string& name, Folders& folders) : path_(name) {
+ReportInput::ReportInput(const std::string& name, Folders& folders) : path_(name), source_(name) {
   if (name != "-") return;
   copy_.emplace(folders, "standard input");
   path_ = copy_->path().string();
   copyStandardInput(copy_->path());
+  constexpr const char* kInput = "/dev/stdin";
+  // A terminal or a socket may well be both ends.
+  source_ = std::filesystem::is_regular_file(kInput) ? kInput : path_;
 }
 
 }  // namespace paperway::command

@@ -14,9 +14,12 @@ class ReportInput {
   ReportInput(const std::string& name, Folders& folders);
 
   const std::string& path() const { return path_; }
+  /// The user's own file, which nothing made of the report may replace.
+  const std::string& source() const { return source_; }
 
  private:
   std::string path_;
+  std::string source_;
   std::optional<desktop::WorkFile> copy_;
 };
 

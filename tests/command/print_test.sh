@@ -44,6 +44,7 @@ for target in report.txt link.txt; do
   expect 0 '' $printers add Itself "file://$work/$target"
   expect 1 'it is read for what would be written' $print --printer Itself
   expect 1 'it is read for what would be written' $print --printer Itself --pages 2
+  expect 1 'it is read for what would be written' "$paperway" print - --printer Itself <report.txt
 done
 same report.txt kept.txt
 
@@ -77,8 +78,10 @@ if $print --pdf all.pdf 2>said; then
   [ "$(stat -c %s long.pdf)" -lt 100000 ] || fail "lines beyond the paper are in the PDF"
   expect 1 'It is written to directly and takes raw text alone' $print --styled
   expect 1 'it is read for what would be written' $print --pdf link.txt
+  expect 1 'it is read for what would be written' "$paperway" print - --pdf link.txt <report.txt
   same report.txt kept.txt
   expect 1 'none/all.pdf' $print --pdf none/all.pdf
+  expect 1 'There is no printer "Elsewhere".' $print --printer Elsewhere --pdf new.pdf
   "$paperway" print - --pages 1,3 --pdf - <report.txt | pdftotext - - | tr -d '\n' >through.txt
   [ "$(cat through.txt)" = $'one\fcafé\f' ] || fail "a PDF through a pipe"
   $print --pages 1 --pdf - >one.pdf && pdftotext one.pdf - | grep -qx one || fail "a PDF to a file"
