@@ -28,51 +28,18 @@ void PrintTo(const Command& command, std::ostream* out) {
 
 const std::string kSales = "SELECT * FROM sales";
 
+Words ofRows(const std::string& command, const std::string& columns, const std::string& out) {
+  return {command, "--db", "ledger.db", "--data", kSales, "--columns", columns, "--out", out};
+}
+
 const Command kCommands[] = {
-    {"Text",
-     false,
-     {"text",
-      "--db",
-      "ledger.db",
-      "--data",
-      kSales,
-      "--columns",
-      "columns.csv",
-      "--out",
-      "out.txt"}},
-    {"TextNew",
-     false,
-     {"text",
-      "--db",
-      "ledger.db",
-      "--data",
-      kSales,
-      "--columns",
-      "SELECT * FROM columns",
-      "--out",
-      "new.txt"}},
-    {"Sheet",
-     false,
-     {"sheet",
-      "--db",
-      "ledger.db",
-      "--data",
-      kSales,
-      "--columns",
-      "columns.csv",
-      "--out",
-      "new.xlsx"}},
-    {"SheetOld",
-     false,
-     {"sheet",
-      "--db",
-      "ledger.db",
-      "--data",
-      kSales,
-      "--columns",
-      "columns.csv",
-      "--out",
-      "old.xls"}},
+    {"Text", false, ofRows("text", "columns.csv", "out.txt")},
+    {"TextNew", false, ofRows("text", "SELECT * FROM columns", "new.txt")},
+    {"Html", false, ofRows("html", "columns.csv", "out.html")},
+    {"Sheet", false, ofRows("sheet", "columns.csv", "new.xlsx")},
+    {"SheetOld", false, ofRows("sheet", "columns.csv", "old.xls")},
+    {"Convert", false, {"convert", "report.txt", "out.html"}},
+    {"Stickers", false, {"stickers", "--line", "A shop", "--out", "out.txt"}},
     {"Columns", false, {"columns", "columns.csv"}},
     {"ColumnsFrom", false, {"columns", "--from", kSales, "--db", "ledger.db"}},
     {"SettingSet", false, {"setting", "set", "S", "key", "changed", "--file", "own.ini"}},
@@ -104,6 +71,7 @@ class CommandFaults : public testing::TestWithParam<Command> {
   void fillFirst() {
     const std::string out = "file://" + (folder_.path() / "out.prn").string();
     folder_.fill({{"out.txt", "earlier"},
+                  {"out.html", "earlier"},
                   {"old.pdf", "earlier"},
                   {"old.png", "earlier"},
                   {"out.prn", "earlier"},
@@ -111,16 +79,8 @@ class CommandFaults : public testing::TestWithParam<Command> {
                   {"columns.csv", readFile(PAPERWAY_SOURCE_DIR "/examples/ledger/columns.csv")},
                   {"config/paperway/printers", "# ours\nFile\t" + out + "\n"}});
     ASSERT_EQ(folder_.run({PAPERWAY_MAKE_LEDGER, "ledger.db", "100"}, Fault::none()).code, 0);
-    const Words report{PAPERWAY_COMMAND,
-                       "text",
-                       "--db",
-                       "ledger.db",
-                       "--data",
-                       kSales,
-                       "--columns",
-                       "columns.csv",
-                       "--out",
-                       "report.txt"};
+    Words report = ofRows("text", "columns.csv", "report.txt");
+    report.insert(report.begin(), PAPERWAY_COMMAND);
     ASSERT_EQ(folder_.run(report, Fault::none()).code, 0);
     before_ = folder_.files();
   }
