@@ -69,6 +69,30 @@ TEST(ReportWindowOnTheDesktop, KeysOfTheWindowHoldWhereverTheFocusIs) {
   form->unload();
 }
 
+TEST(ReportWindowOnTheDesktop, CtrlAndTheWheelZoom) {
+  QtDesk desk;
+  startRun();
+  const auto form = openReportWindow(desk.platform(), "page\f");
+  auto& area = dynamic_cast<QAbstractScrollArea&>(desk.user(*form).widget("Rt1"));
+  const auto wheel = [&](int turned) {
+    QWheelEvent event({5, 5},
+                      area.mapToGlobal(QPointF(5, 5)),
+                      {},
+                      {0, turned},
+                      Qt::NoButton,
+                      Qt::ControlModifier,
+                      Qt::NoScrollPhase,
+                      false);
+    QSpontaneKeyEvent::setSpontaneous(&event);  // others do not go on to what lies behind
+    qApp->notify(area.viewport(), &event);
+    return form->ZoomOn;
+  };
+  EXPECT_TRUE(wheel(120));
+  EXPECT_TRUE(wheel(0));
+  EXPECT_FALSE(wheel(-120));
+  form->unload();
+}
+
 /// The same picture with and without the focus would leave the user guessing.
 TEST(ReportWindowOnTheDesktop, EveryStopShowsTheFocus) {
   QtDesk desk;
