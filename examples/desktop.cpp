@@ -8,6 +8,8 @@
 #include <iostream>
 #include <paperway/class1.h>
 #include <paperway/desktop.h>
+#include <stdexcept>
+#include <string>
 
 int main(int argc, char** argv) try {
   if (argc != 2 && argc != 3) {
@@ -21,7 +23,9 @@ int main(int argc, char** argv) try {
   report.Pagelenth = 12;
   report.PreviewReport(paperway::PreviewReportArguments::withEverything(argv[1]));
   if (draws) {
-    std::ofstream(argv[2], std::ios::binary) << desktop.picture();
+    std::ofstream picture(argv[2], std::ios::binary);
+    picture << desktop.picture() << std::flush;
+    if (!picture) throw std::runtime_error(std::string("Cannot write \"") + argv[2] + "\".");
   } else {
     desktop.run();
   }

@@ -31,4 +31,5 @@ draw_report() {
   "$1" "$work/ledger.txt" "$work/page.png"
   [[ $(file "$work/page.png") =~ "PNG image data" ]]
   rm "$work/page.png"
+  not "$1" "$work/ledger.txt" "$work/none/page.png" 2>/dev/null
 }
