@@ -20,8 +20,10 @@ void CommonDialog::ShowOpen() {
   if (const auto chosen = dialogs_.openFile(questionOf(*this))) FileName = *chosen;
 }
 
-void CommonDialog::ShowSave() {
-  if (const auto chosen = dialogs_.saveFile(questionOf(*this))) FileName = *chosen;
+bool CommonDialog::ShowSave() {
+  const auto chosen = dialogs_.saveFile(questionOf(*this));
+  if (chosen) FileName = *chosen;
+  return chosen.has_value();
 }
 
 void CommonDialog::ShowColor() {

@@ -20,7 +20,8 @@ class CommonDialog {
   paperway::Color Color = 0;
 
   void ShowOpen();
-  void ShowSave();
+  /// False when it was cancelled.
+  bool ShowSave();
   void ShowColor();
 
  private:

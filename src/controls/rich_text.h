@@ -36,6 +36,8 @@ class RichTextBox : public Control {
   int RightMargin = 0;  // twips; 0 wraps at the control's edge
   bool HorizontalBar = true;
   bool VerticalBar = true;
+  /// Columns, counted in characters of each line from 0, at which a numbered line goes down.
+  std::vector<std::int16_t> Guides;
   /// A reader, that is while the text is locked, presses a page key where there is nothing more to
   /// scroll.
   std::function<void(bool forward)> onTurnPage;

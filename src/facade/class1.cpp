@@ -7,6 +7,7 @@
 #include "controls/form.h"
 #include "excel/excel_columns.h"
 #include "excel/excel_export.h"
+#include "excel/report_export.h"
 #include "html/frm_browser.h"
 #include "html/html_export.h"
 #include "html/report_html.h"
@@ -49,6 +50,7 @@ std::shared_ptr<FrmReport> newReportWindow(const Platform& platform, const RunCo
   auto form = std::make_shared<FrmReport>(platform, run);
   PrintPanel::bind(*form, platform);
   bindReportHtml(*form, platform);
+  bindReportExport(*form, platform);
   bindBrowserWindow(*form, platform);
   return form;
 }

@@ -308,10 +308,14 @@ void FrmReport::Text4_KeyDown(int& keyCode) {
 /// Esc closes the panel in front, or leaves a box for the page. It goes on to the box, whose search
 /// it stops.
 void FrmReport::escape() {
-  if (Frame1.Visible) {
+  if (giveUp && !Enabled) {
+    giveUp();
+  } else if (Frame1.Visible) {
     if (CmdCancel.onClick) CmdCancel.click();
   } else if (Frame6.Visible && Label4.Visible) {
     Command3.click();
+  } else if (giveUp && giveUp()) {
+    Rt1.SetFocus();
   } else if (activeControl() != &Rt1) {
     Rt1.SetFocus();
   }
@@ -357,6 +361,7 @@ bool FrmReport::shortcut(int keyCode, int shift) {
 }
 
 void FrmReport::Form_KeyDown(int& keyCode, int shift) {
+  if (!Enabled && keyCode != keyEscape) return;
   if (shortcut(keyCode, shift)) keyCode = 0;
 }
 
@@ -531,6 +536,13 @@ void FrmReport::ShowCaretStatus() {
   ColumnMarks[ColumnMarkCount] = static_cast<std::int16_t>(column);
   ++ColumnMarkCount;
   ColumnMarks.resize(ColumnMarkCount + std::size_t{1});
+  showMarks();
+}
+
+void FrmReport::showMarks() {
+  Rt1.Guides.clear();
+  if (CmdExelExp.Tag != "1" || ColumnMarkCount < 2) return;
+  Rt1.Guides.assign(ColumnMarks.begin() + 1, ColumnMarks.begin() + ColumnMarkCount);
 }
 
 }  // namespace paperway

@@ -46,6 +46,8 @@ class FrmReport : public FrmReportControls {
   /// after which a `NoMessage` of 1 shows no message.
   std::function<void()> expHTml;
   std::function<void(const std::filesystem::path& HtmlFile, std::uint8_t NoMessage)> expHTml_1;
+  /// Ends what a bound part has under way; false when that is nothing.
+  std::function<bool()> giveUp;
   /// Keeps the bound parts alive as long as the form.
   std::vector<std::shared_ptr<void>> parts;
 
@@ -121,6 +123,8 @@ class FrmReport : public FrmReportControls {
   // The caret's place in the caption.
   void Timer1_Timer();
   void ShowCaretStatus();
+  /// Shows the marks that are taken, on every page; none when none are being taken.
+  void showMarks();
 
   ReportViewSettings settings() const;
 

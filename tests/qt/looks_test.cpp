@@ -13,6 +13,8 @@
 #include "backends/desktop/qt/application.h"
 #include "backends/desktop/qt/control_view.h"
 #include "backends/desktop/qt/convert.h"
+#include "backends/desktop/qt/report_view.h"
+#include "excel/report_export.h"
 #include "paperway/class1.h"
 #include "qt_desk.h"
 #include "sticker/frm0010_sticker.h"
@@ -197,6 +199,39 @@ TEST(StickerLooks, IsWorkedByTheKeyboardAlone) {
   EXPECT_EQ(desk.machine.userStore.get("paperway", "Sticker", "2 MaxF", ""), "2");
   user.alt('W');
   EXPECT_EQ(desk.windows.windows().size(), 2u);
+}
+
+/// With real clicks on the page, and Esc while the form takes no input.
+TEST(ColumnPick, ShowsItsMarksAndEscStopsTheWorkbook) {
+  QtDesk desk;
+  startRun();
+  std::string report;
+  for (int i = 0; i < 2000; ++i) report += "\x0FItem\x12 of a row     12   1.50\r\n";
+  auto form = makeReportWindow(desk.platform(), report + "\f");
+  bindReportExport(*form, desk.platform());
+  form->load();
+  desk.windows.show(form);
+  desk.machine.dialogs.files = {desk.folder.path / "book.xls"};
+  qt::FormWindow& window = *desk.windows.window(*form);
+  QtUser user(window);
+  user.click("JeweledButton1");
+  user.click("CmdExelExp");
+  auto& page = dynamic_cast<qt::ReportView&>(user.widget("Rt1"));
+  const QImage before = page.viewport()->grab().toImage();
+  for (const int column : {8, 18}) {
+    QTest::mouseClick(
+        page.viewport(), Qt::LeftButton, {}, page.pointOf(31 + column) + QPoint(1, 4));
+    form->Timer1_Timer();
+  }
+  window.sync();
+  QApplication::processEvents();
+  EXPECT_EQ(form->Rt1.Guides, (std::vector<std::int16_t>{8, 18}));
+  const QRect guide(page.pointOf(20 * 31 + 18) + QPoint(-1, 2), QSize(3, 1));
+  EXPECT_NE(page.viewport()->grab().toImage().copy(guide), before.copy(guide));
+  QTimer::singleShot(0, [&] { QTest::keyClick(&window, Qt::Key_Escape); });
+  user.click("CmdExelExp");
+  EXPECT_TRUE(desk.machine.workbooks.books.empty());
+  EXPECT_TRUE(window.isEnabled() && !form->CmdExelExp.Visible);
 }
 
 TEST_F(Looks, WhatTheScreenCannotHoldIsReachedByScrolling) {

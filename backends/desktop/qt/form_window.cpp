@@ -256,6 +256,17 @@ void FormWindow::popUp() {
   menu->popup(surface_.mapToGlobal(QPoint(pixels(request->x), pixels(request->y))));
 }
 
+/// A form that takes no input still hears the key that breaks off its work.
+bool FormWindow::event(QEvent* event) {
+  if (event->type() != QEvent::KeyPress || isEnabled()) return QScrollArea::event(event);
+  const auto& key = static_cast<QKeyEvent&>(*event);
+  if (key.key() != Qt::Key_Escape) return QScrollArea::event(event);
+  int code = keyEscape;
+  event->accept();
+  act([&] { form_->Form_KeyDown(code, shiftMask(key.modifiers())); });
+  return true;
+}
+
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // finish() closes what is no longer loaded
   act([this] { form_->unload(); });

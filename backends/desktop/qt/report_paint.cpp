@@ -43,10 +43,34 @@ void ReportView::paintLine(QPainter& painter, std::uint64_t number, int y) {
     if (piece.cell <= 0 || x > viewport()->width() || x + piece.width() < 0) continue;
     paintPiece(painter, piece, x, y + layout.ascent, back);
   }
+  paintGuides(painter, layout, number == firstLine(), left, y, height);
   if (layout.pageBreak) {
     painter.setPen(QPen(blend(readable(back, back), back), 1, Qt::DashLine));
     const int rule = layout.pieces.front().begin == *layout.pageBreak ? y : y + height - 1;
     painter.drawLine(0, rule, viewport()->width(), rule);
+  }
+}
+
+/// Line by line: characters that are not drawn shift a line.
+void ReportView::paintGuides(QPainter& painter, const LineLayout& layout, bool numbered,
+                             double left, int y, int height) {
+  if (box_.Guides.empty()) return;
+  const double cell = layout.pieces.empty() || layout.pieces.back().cell <= 0
+                          ? faces_.face(text(box_.Font.Name), box_.Font.Size, false).cell()
+                          : layout.pieces.back().cell;
+  const QColor ink = palette().color(QPalette::Highlight);
+  for (std::size_t i = 0; i < box_.Guides.size(); ++i) {
+    const auto column = static_cast<std::size_t>(std::max<std::int16_t>(box_.Guides[i], 0));
+    const std::size_t inside = std::min(column, layout.end - layout.begin);
+    const double x =
+        left + layout.xOf(layout.begin + inside) + cell * static_cast<double>(column - inside);
+    painter.fillRect(QRectF(x, y, 1, height), ink);
+    if (!numbered) continue;
+    const QString number = QString::number(i + 1);
+    const QRectF box(x, y, painter.fontMetrics().horizontalAdvance(number) + 4, height);
+    painter.fillRect(box, ink);
+    painter.setPen(palette().color(QPalette::HighlightedText));
+    painter.drawText(box, Qt::AlignCenter, number);
   }
 }
 

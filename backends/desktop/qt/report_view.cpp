@@ -39,8 +39,8 @@ ReportView::ReportView(RichTextBox& box, Act act, QWidget* parent)
 // Following the text
 
 void ReportView::sync() {
-  const Seen now{box_.textRevision(), box_.formatRevision(), box_.Font,  box_.BackColor,
-                 box_.caret(),        box_.anchor(),         box_.Locked};
+  const Seen now{box_.textRevision(), box_.formatRevision(), box_.Font,   box_.BackColor,
+                 box_.caret(),        box_.anchor(),         box_.Locked, box_.Guides};
   if (now == seen_) return;
   const Seen before = seen_;
   seen_ = now;

@@ -67,6 +67,7 @@ class ReportView : public QAbstractScrollArea {
     std::size_t caret = 0;
     std::size_t anchor = 0;
     bool locked = false;
+    std::vector<std::int16_t> guides{};
 
     bool operator==(const Seen&) const = default;
   };
@@ -87,6 +88,8 @@ class ReportView : public QAbstractScrollArea {
 
   void paintLine(QPainter& painter, std::uint64_t number, int y);
   void paintSelection(QPainter& painter, const LineLayout& layout, double left, int y, int height);
+  void paintGuides(QPainter& painter, const LineLayout& layout, bool numbered, double left, int y,
+                   int height);
   void paintPiece(QPainter& painter, const LinePiece& piece, double x, double baseline,
                   const QColor& back);
   void paintBytes(QPainter& painter, const LinePiece& piece, std::size_t begin, std::size_t end,
