@@ -137,6 +137,16 @@ TEST_F(RichText, KeysMoveByLinesWordsAndPages) {
              Row{keyLeft, smCtrl, Places(21, 21)});
 }
 
+TEST_F(RichText, WordsEndAtBlanksAndAtMarks) {
+  box.Text = "Caf\351 12.50--x_1 (b)";
+  std::string stops;
+  while (box.caret() < box.Text.get().size()) {
+    box.handleKey(keyRight, smCtrl);
+    stops += std::to_string(box.caret()) + " ";
+  }
+  EXPECT_EQ(stops, "5 7 8 10 12 16 17 18 19 ");
+}
+
 TEST_F(RichText, WordKeysBehindTheClosingFormFeed) {
   for (const char* page : {"\f", "", "\r\n\f", "one two\f"}) {
     for (const int key : {keyRight, keyDelete, keyLeft, keyBack}) {
