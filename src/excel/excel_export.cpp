@@ -6,7 +6,6 @@
 #include "excel/spooled_workbook.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/dialogs.h"
-#include "paperway/platform/message_boxes.h"
 #include "paperway/platform/workbook.h"
 #include "platform/workbooks.h"
 #include "report/report_run.h"
@@ -183,7 +182,7 @@ std::string askForFile(Dialogs& dialogs, Workbooks& workbooks) {
 
 }  // namespace
 
-void writeExcelExport(ExcelExportArguments& arguments,
+bool writeExcelExport(ExcelExportArguments& arguments,
                       const std::shared_ptr<ReportFormatTable>& table, const Platform& platform) {
   const std::shared_ptr<ReportFormatTable> kept = table;  // a report within this one may read anew
   ReportPlan plan = planReport(kept.get(), kWorkbookRules, kSource);
@@ -206,18 +205,17 @@ void writeExcelExport(ExcelExportArguments& arguments,
   if (!arguments.Excel_FileName.empty()) {
     const auto book = create();
     writeTo(*book);
-    return book->save();
+    book->save();
+    return true;
   }
   SpooledWorkbook spool(platform.storage, platform.folders, kSource);
   writeTo(spool);
   arguments.Excel_FileName = askForFile(platform.dialogs, workbooks);
-  if (arguments.Excel_FileName.empty()) {
-    platform.messageBox.show(" Please Enter File Name ");
-    return;
-  }
+  if (arguments.Excel_FileName.empty()) return false;
   const auto book = create();
   spool.writeTo(*book);
   book->save();
+  return true;
 }
 
 }  // namespace paperway

@@ -242,7 +242,8 @@ void Class1::HTML_Export_Salary(HtmlExportSalaryArguments& arguments) {
 }
 
 void Class1::Excel_Export(ExcelExportArguments& arguments) {
-  writeExcelExport(arguments, state_->ReportFormat, platform_);
+  if (writeExcelExport(arguments, state_->ReportFormat, platform_)) return;
+  platform_.messageBox.show(" Please Enter File Name ");
 }
 
 std::string Class1::GetExcelCol(std::int32_t col) {
