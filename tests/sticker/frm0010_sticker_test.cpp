@@ -66,6 +66,8 @@ TEST_F(StickerForm, APresetFillsTheBoxesAndWhatIsNoneHasItsDefault) {
   user().click("OPss(3)");
   EXPECT_TRUE(form.OPF[1].Value && form.Op[0].Value);
   EXPECT_EQ(kept("2 5"), "last") << "what is left is not saved";
+  user().click("OPss(5)");
+  EXPECT_EQ(form.OPss[1].Tag, "5");
 }
 
 TEST_F(StickerForm, SavesUnderThePresetInUse) {

@@ -147,10 +147,11 @@ TEST_F(StickersFromRows, AreRefusedByName) {
 }
 
 TEST_F(StickersFromRows, TellRowsThatMayCommandThePrinter) {
+  rows_.addRow({"Caf\xC3\xA9\xE2\x82\xAC", 0, Date{}});  // a letter above ASCII commands nothing
   rows_.addRow({"a\fb", 0, Date{}});
   written({"{name}"}, {}, 3);
   EXPECT_EQ(done_.controlRows, 1);
-  EXPECT_EQ(done_.firstControlRow, 6);
+  EXPECT_EQ(done_.firstControlRow, 7);
 }
 
 }  // namespace
