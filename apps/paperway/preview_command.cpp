@@ -105,6 +105,7 @@ void addPreview(CLI::App& app) {
   addSwitch(*command, "--no-edit", arguments.REdit, "Leave out the editing of pages");
   addSwitch(*command, "--no-search", arguments.RSearch, "Leave out the search");
   addSwitch(*command, "--no-import", arguments.RImport, "Leave out the opening of other files");
+  addSwitch(*command, "--no-export", arguments.RExport, "Leave out the workbook export");
   addSwitch(*command, "--no-color", arguments.RColor, "Leave out the settings");
   addSwitch(*command, "--no-print", arguments.RPrint, "Leave out printing");
   addSwitch(*command, "--no-continuous", arguments.RCont, "Leave out the view of all pages in one");

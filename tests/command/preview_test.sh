@@ -34,10 +34,15 @@ cmp -s a.png e.png && fail "steps leave no trace"
 expect 1 'cannot be clicked' $preview report.txt --picture f.png --no-continuous --do Check3
 expect 1 'Label7 is nothing to click.' $preview report.txt --picture f.png --do Label7
 expect 1 'Command2 is nothing to type into.' $preview report.txt --picture f.png --do Command2=x
+for control in CmdImport JeweledButton1; do
+  expect 1 'There is no display to ask for a file on.' $preview report.txt --picture f.png --do $control
+done
+expect 1 'cannot be clicked' $preview report.txt --picture f.png --no-export --do JeweledButton1
 for name in 'Text4=TEXT      Search String' 'CmdPrint        Print' 'Op(2)           Page Range'; do
   expect 0 "$name" $preview --help
 done
-expect 0 '' $preview report.txt --picture f.png --no-edit --no-search --no-import --no-color --no-print
+expect 0 '' $preview report.txt --picture f.png --no-edit --no-search --no-import --no-export \
+  --no-color --no-print
 cmp -s a.png f.png && fail "left-out features are shown"
 [ ! -e d.png ] || fail "a failed run left d.png"
 

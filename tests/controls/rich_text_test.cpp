@@ -115,6 +115,11 @@ TEST_F(RichText, EditingKeepsTheClosingFormFeedAndAMarkThatTheProgramSelected) {
   box.SelStart = 0;
   box.SelLength = 1;
   EXPECT_FALSE(box.hasSelection()) << "nobody selected what the program did";
+  box.selectAll();
+  EXPECT_TRUE(box.hasSelection());
+  box.SelLength = 1;
+  box.selectWord(0);
+  EXPECT_TRUE(box.hasSelection());
 }
 
 TEST_F(RichText, KeysMoveByLinesWordsAndPages) {
@@ -135,6 +140,11 @@ TEST_F(RichText, KeysMoveByLinesWordsAndPages) {
              Row{keyPageDown, smShift, Places(21, 6)},
              Row{'A', smCtrl, Places(24, 0)},
              Row{keyLeft, smCtrl, Places(21, 21)});
+}
+
+TEST_F(RichText, PastedLinesEndAsThoseOfReports) {
+  box.typeText("1\r\n2\r3\n4\r");
+  EXPECT_EQ(box.Text, "1\r\n2\r\n3\r\n4\r\n");
 }
 
 TEST_F(RichText, WordsEndAtBlanksAndAtMarks) {

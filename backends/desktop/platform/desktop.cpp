@@ -59,6 +59,17 @@ void leaveTheScreen(desktop::System& system, double scale) {
   setenv("XDG_RUNTIME_DIR", system.folders.temporary().c_str(), 0);
 }
 
+/// Nobody is there to answer a dialog, which would wait for ever.
+class NoDialogs : public Dialogs {
+ public:
+  FileAnswer askForFiles(const FileQuestion& /*question*/) override {
+    fail("There is no display to ask for a file on.");
+  }
+  std::optional<std::uint32_t> color(std::uint32_t /*start*/) override {
+    fail("There is no display to ask for a colour on.");
+  }
+};
+
 /// Web pages are drawn by another process.
 void waitForPages(const Form& form) {
   for (Control* control : form.controls()) {
@@ -95,7 +106,8 @@ class Application {
 struct Desktop::Parts {
   explicit Parts(const Options& options)
       : application(system, options),
-        messages(options.screenless ? static_cast<MessageBoxes&>(system.messageBox) : messageBox) {
+        messages(options.screenless ? static_cast<MessageBoxes&>(system.messageBox) : messageBox),
+        dialogs(options.screenless ? static_cast<Dialogs&>(noDialogs) : dialogBoxes) {
     system.names.program = options.program;
   }
 
@@ -113,9 +125,11 @@ struct Desktop::Parts {
   qt::Windows windows;
   qt::MessageBoxes messageBox;
   qt::Clipboard clipboard;
-  qt::Dialogs dialogs;
+  qt::Dialogs dialogBoxes;
+  NoDialogs noDialogs;
   qt::Shell shell;
   MessageBoxes& messages;  // nobody answers one that is not on a screen
+  Dialogs& dialogs;        // nor one of these
 };
 
 Desktop::Desktop() : Desktop(Options()) {}
