@@ -55,5 +55,6 @@ else
   "$paperway" stickers --picture "$demo/stickers.png" --do JeweledButton1
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/print.png" --do CmdPrint
   "$paperway" preview "$demo/ledger.txt" --picture "$demo/setting.png" --do Label4
-  echo "There is no display; pictures of the windows: $demo/preview.png, print.png, setting.png, stickers.png."
+  "$paperway" browse "$demo/ledger.html" --picture "$demo/browser.png"
+  echo "There is no display; pictures of the windows: $demo/preview.png, browser.png, print.png, setting.png, stickers.png."
 fi
