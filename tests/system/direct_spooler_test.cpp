@@ -142,6 +142,22 @@ TEST_F(Direct, CommandOfLocalDosMayBeAnyThatAJobTakes) {
   }
 }
 
+TEST_F(Direct, LocalDosDoesNotEmptyAReportForItself) {
+  const std::string report = folder_.path / "the report";
+  const std::string copy = folder_.path / "copy";
+  file_.add({"P", "file://" + report});
+  const auto send = [&](const char* text) {
+    replaceFile(copy, text, "test");
+    EXPECT_EQ(std::system(DirectPrinters(file_).sendCommand("P", copy).c_str()), 0);
+    return readFile(report, "test");
+  };
+  EXPECT_EQ(send("text\f"), "text\f");
+  std::filesystem::last_write_time(report, {});
+  EXPECT_EQ(send("text\f"), "text\f");
+  EXPECT_EQ(std::filesystem::last_write_time(report), std::filesystem::file_time_type());
+  EXPECT_EQ(send("another\f"), "another\f");
+}
+
 TEST_F(Direct, FileOfABrokenJobIsLeftAsItWas) {
   const std::string path = folder_.path / "out";
   replaceFile(path, "the day before", "test");

@@ -211,8 +211,12 @@ std::string DirectPrinters::sendCommand(const std::string& printer,
     case DirectTarget::Kind::socket:
       return "bash -c " +
              shellQuoted(cat + " > " + shellQuoted("/dev/tcp/" + target.place + "/" + target.port));
-    case DirectTarget::Kind::file:
-      return cat + " > " + shellQuoted(target.place);
+    case DirectTarget::Kind::file: {
+      // The report may be that file; it is not emptied for what it holds already.
+      const std::string place = shellQuoted(target.place);
+      return "[ -f " + place + " ] && cmp -s " + shellQuoted(file.string()) + " " + place + " || " +
+             cat + " > " + place;
+    }
     case DirectTarget::Kind::command:
       return cat + " | sh -c " + shellQuoted(target.place);  // as a job starts it
   }
