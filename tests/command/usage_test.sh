@@ -10,7 +10,6 @@ expect 2 '"paperway text" has no option --dta. Did you mean --data?' "$paperway"
 expect 2 '"paperway setting" has no command "gte". Did you mean get?' "$paperway" setting gte S k
 expect 2 '"paperway words" has no place for "2".' "$paperway" words 1 2
 expect 2 'A subcommand is required' "$paperway"
-expect 2 'no option --no-export' "$paperway" preview x --no-export
 
 # Data cannot command the terminal.
 expect 2 '"␛[31m␊␡é�" is no number' "$paperway" words $'\e[31m\n\177\xc3\xa9\xc2\x85'
