@@ -110,7 +110,6 @@ class PageSetupDialog : public QDialog {
         QStringLiteral("&p page, &P pages, &w document, &u its address, &d &D date, &t &T time,\n"
                        "&b what follows stands at the right, twice: middle and right, && for &"));
     codes->setTextFormat(Qt::PlainText);
-    codes->setEnabled(false);
     form->addRow(codes);
     header_->setObjectName(QStringLiteral("header"));
     footer_->setObjectName(QStringLiteral("footer"));
