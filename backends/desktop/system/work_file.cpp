@@ -40,18 +40,18 @@ WorkFile::WorkFile(paperway::Folders& folders, const std::string& name) {
   const fs::path parent = folders.temporary();
   removeAbandoned(parent);
   constexpr int kTries = 10;
-  for (int i = 0; i < kTries && inUse_ == nullptr; ++i) makeFolder(parent);
+  for (int i = 0; i < kTries && inUse_ == nullptr; ++i) makeFolder(parent, name);
   if (inUse_ == nullptr) {
     raiseFileError("make a folder in", parent,
                    std::make_error_code(std::errc::device_or_resource_busy), "Folders");
   }
-  path_ = folder_ / name;
 }
 
 /// Another process may take it for an abandoned one until it is locked.
-void WorkFile::makeFolder(const fs::path& parent) {
+void WorkFile::makeFolder(const fs::path& parent, const std::string& name) {
   std::random_device random;
   folder_ = parent / (kPrefix + std::to_string(random()));
+  path_ = folder_ / name;
   if (mkdir(folder_.c_str(), S_IRWXU) != 0) {
     if (errno == EEXIST) return;
     raiseFileError("make the folder", folder_, {errno, std::generic_category()}, "Folders");
@@ -62,6 +62,9 @@ void WorkFile::makeFolder(const fs::path& parent) {
     rmdir(folder_.c_str());
     if (error.code() == std::errc::no_such_file_or_directory) return;
     raiseFileError("lock the folder", folder_, error.code(), "Folders");
+  } catch (...) {
+    rmdir(folder_.c_str());
+    throw;
   }
 }
 

@@ -22,7 +22,7 @@ class WorkFile {
   const std::filesystem::path& path() const { return path_; }
 
  private:
-  void makeFolder(const std::filesystem::path& parent);
+  void makeFolder(const std::filesystem::path& parent, const std::string& name);
 
   std::filesystem::path folder_;
   std::filesystem::path path_;
