@@ -9,6 +9,8 @@
 namespace paperway::command {
 namespace {
 
+constexpr std::int16_t kNameWidth = 20;  // of what --do takes, in the list of it
+
 enum class Act { none, click, type };
 
 /// What --do can do with a control.
@@ -67,7 +69,7 @@ std::string controlsToActOn(const Form& form) {
     const Act act = actOn(*control);
     if (act == Act::none) continue;
     const std::string name = control->name + (act == Act::type ? "=TEXT" : "");
-    lines += "  " + TxtL(name, 16) + control->accessibleName() + "\n";
+    lines += "  " + TxtL(name, kNameWidth) + control->accessibleName() + "\n";
   }
   return lines;
 }

@@ -9,6 +9,7 @@
 #include "apps/paperway/machine.h"
 #include "apps/paperway/progress.h"
 #include "apps/paperway/source.h"
+#include "apps/paperway/visible.h"
 #include "controls/form.h"
 #include "paperway/class1.h"
 #include "paperway/memory.h"
@@ -20,6 +21,7 @@
 #include "sticker/sticker_preset.h"
 #include "sticker/sticker_rows.h"
 #include "util/path_text.h"
+#include "util/text.h"
 
 namespace paperway::command {
 namespace {
@@ -69,6 +71,18 @@ StickerPreset presetOf(const StickerOptions& options, const Platform& machine) {
   preset.lines = {};
   std::copy(options.lines.begin(), options.lines.end(), preset.lines.begin());
   return preset;
+}
+
+/// A control character would tear the sheet, or command the printer.
+void requirePrintable(const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) {
+    if (validUtf8Length(line) != line.size()) {
+      throw CLI::ValidationError("--line", "\"" + visible(line) + "\" is not UTF-8 text");
+    }
+    if (holdsControls(line)) {
+      throw CLI::ValidationError("--line", "\"" + visible(line) + "\" holds a control character");
+    }
+  }
 }
 
 void writeFromRows(const StickerOptions& options, const StickerPreset& preset, Machine& machine) {
@@ -205,6 +219,7 @@ void addStickers(CLI::App& app) {
     if (options->lines.size() > kStickerLines) {
       throw CLI::ValidationError("--line", "at most five lines");
     }
+    requirePrintable(options->lines);
     if (options->preview && options->out == "-") {
       throw CLI::ValidationError("--preview",
                                  "standard output cannot be read again; give --out a file");

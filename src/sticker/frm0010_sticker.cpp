@@ -24,7 +24,7 @@ constexpr int kLinesPerInch = 6;
 constexpr int kNormalColumns = 80;
 constexpr int kCondensedColumns = 136;
 
-constexpr std::int64_t kMostShown = std::int64_t{4} << 30;  // bytes
+constexpr std::int64_t kMostShown = std::int64_t{1} << 30;  // bytes
 
 std::string grouped(std::int64_t number) {
   return FormatPattern("#,##0")(ValueView(number));
@@ -33,6 +33,13 @@ std::string grouped(std::int64_t number) {
 /// "1 sticker", "1,000 stickers".
 std::string counted(std::int64_t number, const char* one, const char* many) {
   return grouped(number) + " " + (number == 1 ? one : many);
+}
+
+/// The caption that shows the text, an "&" of the user's too.
+std::string captionOf(std::string_view text) {
+  std::string caption;
+  for (const char c : text) caption += c == '&' ? std::string("&&") : std::string(1, c);
+  return caption;
 }
 
 void requireShowable(const StickerShape& shape) {
@@ -86,9 +93,9 @@ void Frm0010Sticker::Form_Load() {
 }
 
 void Frm0010Sticker::OPss_Click(int index) {
+  OPss[1].Tag = std::to_string(index);
   const StickerPreset kept =
       StickerPreset::load(platform_.userStore, platform_.names.programName(), index);
-  OPss[1].Tag = std::to_string(index);
   TxSp.Text = kept.space;
   TxCol.Text = kept.columns;
   TxRow.Text = kept.rows;
@@ -197,7 +204,7 @@ void Frm0010Sticker::CmdExit_Click() {
 }
 
 void Frm0010Sticker::tellSheet() {
-  LbSheet.Caption = sheetText();
+  LbSheet.Caption = captionOf(sheetText());
 }
 
 std::string Frm0010Sticker::sheetText() const {

@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kSource[] = "StickerPrint";
 constexpr std::size_t kBlock = 128 << 10;
-constexpr std::int64_t kRowsPerProgress = 256;
+constexpr std::int64_t kStickersPerProgress = 1024;
 
 void require(bool holds, const std::string& what) {
   if (!holds) throw AutomationError(AutomationError::kInvalidCall, kSource, what);
@@ -40,7 +40,7 @@ class Filler {
     Recordset& rows = arguments_.Rs;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
       addRow(rows);
-      if (++done_.rows % kRowsPerProgress == 0) tell();
+      ++done_.rows;
     }
     if (!row_.isEmpty()) endRow();
     if (rowsOnSheet_ > 0 || done_.pages == 0) endSheet();
@@ -58,6 +58,7 @@ class Filler {
       row_.add(texts_);
       if (copy == 0 && row_.holdsControls()) noteControls();
       if (row_.isFull()) endRow();
+      if (++stickers_ % kStickersPerProgress == 0) tell();
     }
   }
 
@@ -98,6 +99,7 @@ class Filler {
   std::string lines_;
   std::string block_;
   int rowsOnSheet_ = 0;
+  std::int64_t stickers_ = 0;  // a row may be a great many
   ReportProgress done_;
 };
 

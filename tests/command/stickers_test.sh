@@ -35,6 +35,9 @@ expect 2 'at most five' $stickers --line 1 --line 2 --line 3 --line 4 --line 5 -
 expect 2 '--length' $stickers --length 256 --line x --out x.txt
 expect 2 '--data' $stickers --copies 2 --line x --out x.txt
 expect 2 '--out or --save-preset is required' $stickers --line x
+expect 2 'control character' $stickers --line $'a\nb' --out x.txt
+expect 2 'is not UTF-8' $stickers --save-preset 1 --line $'a\xffb'
+[ ! -e x.txt ] || fail "a refused line wrote a sheet"
 expect 2 '--save-preset' $stickers --save-preset 3 --line x --picture x.png
 expect 2 '--dark' $stickers --line x --out x.txt --dark
 expect 1 'none/sheet.txt' $stickers --preset 2 --save-preset 3 --out none/sheet.txt

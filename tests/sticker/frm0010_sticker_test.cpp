@@ -98,6 +98,8 @@ TEST_F(StickerForm, SavesUnderThePresetInUse) {
   EXPECT_EQ(machine.userStore.values.size(), 24u);
   machine.userStore.failure = AutomationError(75, "UserStore", "no store");
   EXPECT_EQ(errorOf([&] { form_->CmdSave_Click(); }), "no store");
+  EXPECT_EQ(errorOf([&] { form_->OPss_Click(5); }), "no store");
+  EXPECT_EQ(form_->OPss[1].Tag, "5") << "what is selected is what will be saved";
 }
 
 TEST_F(StickerForm, CountsInFullRows) {
@@ -177,6 +179,8 @@ TEST_F(StickerForm, TellsTheBoxThatHoldsNoNumber) {
       Row{&F::TxMaxFLenth, "none", ""},
       Row{&F::TxCol, " 2.5 ", ""});
   EXPECT_EQ(form.LbSheet.Caption.substr(0, 7), "14 of 8") << "half a column to the even number";
+  form.TxCol.Text = "&1";
+  EXPECT_NE(form.LbSheet.Caption.find("not \"&&1\""), std::string::npos) << "no access key";
   form.TxSp.Text = form.TxRow.Text = "32767";
   form.TxCol.Text = "255";
   user().click("JBshow");

@@ -146,6 +146,23 @@ TEST_F(StickersFromRows, AreRefusedByName) {
   EXPECT_EQ(readFile(file_), "kept");
 }
 
+TEST_F(StickersFromRows, ARequestToStopIsHeardAmongTheCopiesOfARow) {
+  replaceFile(file_, "kept");
+  std::ptrdiff_t told = 0;
+  const auto stop = [&](const ReportProgress&) {
+    if (++told == 3) throw std::runtime_error("stop");
+  };
+  EXPECT_THROW(writeStickers({.Rs = rows_,
+                              .file = file_,
+                              .shape = {},
+                              .lines = {"x"},
+                              .copies = 1'000'000'000,
+                              .onProgress = stop},
+                             machine_.storage),
+               std::runtime_error);
+  EXPECT_EQ(readFile(file_), "kept");
+}
+
 TEST_F(StickersFromRows, TellRowsThatMayCommandThePrinter) {
   rows_.addRow({"Caf\xC3\xA9\xE2\x82\xAC", 0, Date{}});  // a letter above ASCII commands nothing
   rows_.addRow({"a\fb", 0, Date{}});
