@@ -38,7 +38,7 @@ for control in CmdImport JeweledButton1; do
   expect 1 'There is no display to ask for a file on.' $preview report.txt --picture f.png --do $control
 done
 expect 1 'cannot be clicked' $preview report.txt --picture f.png --no-export --do JeweledButton1
-for name in 'Text4=TEXT          Search String' 'CmdPrint        Print' 'Op(2)           Page Range'; do
+for name in 'Text4=TEXT          Search String' 'CmdPrint            Print' 'Op(2)               Page Range'; do
   expect 0 "$name" $preview --help
 done
 expect 0 '' $preview report.txt --picture f.png --no-edit --no-search --no-import --no-export \
