@@ -2,10 +2,11 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace paperway {
 
@@ -13,7 +14,9 @@ namespace paperway {
 inline std::string readFile(const std::filesystem::path& path, const char* /*who*/ = "") {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("there is no " + path.string());
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream bytes;  // many times as fast as iterators under the sanitizers
+  bytes << file.rdbuf();
+  return std::move(bytes).str();
 }
 
 inline void replaceFile(const std::filesystem::path& path, std::string_view bytes,
