@@ -42,6 +42,8 @@ void addColumns(CLI::App& app);
 void addWords(CLI::App& app);
 void addSetting(CLI::App& app);
 void addPrint(CLI::App& app);
+/// The pages of a report as a PDF; "-" is standard output. May go on in the program with windows.
+void printPdf(const std::string& report, const std::string& pdf);
 void addPrinters(CLI::App& app);
 void addPreview(CLI::App& app);
 void addBrowse(CLI::App& app);

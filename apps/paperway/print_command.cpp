@@ -163,6 +163,13 @@ void printStyled(PrintOptions options) {
 
 }  // namespace
 
+void printPdf(const std::string& report, const std::string& pdf) {
+  PrintOptions options;
+  options.file = report;
+  options.pdf = pdf;
+  printStyled(std::move(options));
+}
+
 void addPrint(CLI::App& app) {
   CLI::App* print = app.add_subcommand("print", "Print a report file, or make a PDF of it");
   const auto options = std::make_shared<PrintOptions>();

@@ -67,8 +67,9 @@ void RichTextBox::LoadFile(Storage& storage, const std::filesystem::path& path) 
   show({loaded_, 0, loaded_->view().size()});
 }
 
-void RichTextBox::SaveFile(Storage& storage, const std::filesystem::path& path, int type) const {
-  OutputFile file(storage, path, "SaveFile");
+void RichTextBox::SaveFile(Storage& storage, const std::filesystem::path& path, int type,
+                           const std::vector<std::filesystem::path>& inputs) const {
+  OutputFile file(storage, path, "SaveFile", {.inputs = inputs});
   const auto out = [&file](std::string_view bytes) { file.write(bytes); };
   if (type == rtfText) {
     write(out);

@@ -45,7 +45,8 @@ class RichTextBox : public Control {
   /// The file's bytes become the text. An AutomationError leaves the text as it was.
   void LoadFile(Storage& storage, const std::filesystem::path& path);
   enum FileType { rtfRTF = 0, rtfText = 1 };
-  void SaveFile(Storage& storage, const std::filesystem::path& path, int type) const;
+  void SaveFile(Storage& storage, const std::filesystem::path& path, int type,
+                const std::vector<std::filesystem::path>& inputs = {}) const;
 
   /// Offset of the first match at or after `start` that ends at or before `end`, ignoring case; -1
   /// when there is none, and for an empty text.

@@ -10,8 +10,8 @@
 #include "paperway/platform/message_boxes.h"
 #include "paperway/platform/windows.h"
 #include "paperway/platform/workbook.h"
+#include "platform/copy_file.h"
 #include "platform/input_file.h"
-#include "platform/output_file.h"
 #include "platform/workbooks.h"
 #include "preview/frm_report.h"
 #include "util/code_page.h"
@@ -102,10 +102,7 @@ void ReportExport::savePlainText(const std::filesystem::path& name) {
     form_.collectPages(form_.exportedPages());
     return form_.RT3.SaveFile(platform_.storage, name, RichTextBox::rtfText);
   }
-  OutputFile copy(platform_.storage, name, kSource, {.inputs = {form_.ReportPath}});
-  readBlocks(platform_.storage, form_.ReportPath, kSource,
-             [&copy](std::string_view block) { copy.write(block); });
-  copy.commit();
+  copyFile(platform_.storage, form_.ReportPath, name, kSource);
 }
 
 void ReportExport::CmdExelExp_Click() {
