@@ -152,13 +152,15 @@ class CsvRows {
   }
 
  private:
+  static bool needsQuotes(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
+
   void beginCell() {
     if (std::exchange(begun_, true)) line_ += ',';
   }
 
   void put(std::string_view text) {
     beginCell();
-    if (text.find_first_of(",\"\r\n") == text.npos) {
+    if (std::none_of(text.begin(), text.end(), needsQuotes)) {
       line_ += text;
       return;
     }

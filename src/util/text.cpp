@@ -134,9 +134,17 @@ bool holdsControls(std::string_view bytes) {
 }
 
 std::string_view trimBlanks(std::string_view text) {
+  const auto areBlanks = [&text](std::size_t at) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + at, sizeof word);
+    return word == kEachByte * ' ';
+  };
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
   std::size_t begin = 0;
   std::size_t end = text.size();
+  while (end - begin >= kWord && areBlanks(begin)) begin += kWord;
   while (begin < end && text[begin] == ' ') ++begin;
+  while (end - begin >= kWord && areBlanks(end - kWord)) end -= kWord;
   while (end > begin && text[end - 1] == ' ') --end;
   return text.substr(begin, end - begin);
 }
