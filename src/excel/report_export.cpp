@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "excel/column_cuts.h"
+#include "excel/column_finder.h"
 #include "paperway/automation_error.h"
 #include "paperway/platform/message_boxes.h"
 #include "paperway/platform/windows.h"
@@ -48,6 +49,8 @@ class ReportExport {
 
   void JeweledButton1_Click();
   void CmdExelExp_Click();
+  /// Puts the marks of a pick where the columns of the report end.
+  void FindColumns_Click();
   /// Esc, which ends a pick or a workbook under way.
   bool giveUp();
 
@@ -113,6 +116,23 @@ void ReportExport::CmdExelExp_Click() {
     return form_.showMarks();
   }
   makeWorkbook();
+}
+
+void ReportExport::FindColumns_Click() {
+  constexpr std::size_t kMostMarks = 254;  // their count has eight bits
+  const Busy busy(form_);
+  try {
+    const auto marks = findColumns(platform_.storage, form_.ReportPath, kSource).map.marks();
+    const std::size_t count = std::min(marks.size(), kMostMarks);
+    form_.ColumnMarks.assign(count + 2, 0);
+    std::copy_n(marks.begin(), count, form_.ColumnMarks.begin() + 1);
+    form_.ColumnMarkCount = static_cast<std::uint8_t>(count + 1);
+  } catch (const AutomationError& error) {
+    platform_.messageBox.show(error.description(), form_.Caption, MessageBoxes::Buttons::ok,
+                              MessageBoxes::Icon::information);
+  }
+  form_.Timer1.Tag = "1";  // the click that chose this is no mark
+  form_.showMarks();
 }
 
 bool ReportExport::giveUp() {
@@ -206,6 +226,7 @@ void bindReportExport(FrmReport& form, const Platform& platform) {
   const auto part = std::make_shared<ReportExport>(form, platform);
   form.JeweledButton1.onClick = [p = part.get()] { p->JeweledButton1_Click(); };
   form.CmdExelExp.onClick = [p = part.get()] { p->CmdExelExp_Click(); };
+  form.FindColumns.onClick = [p = part.get()] { p->FindColumns_Click(); };
   form.giveUp = [p = part.get()] { return p->giveUp(); };
   form.parts.push_back(part);
 }

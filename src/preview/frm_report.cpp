@@ -456,6 +456,7 @@ void FrmReport::CmdImport_Click() {
 void FrmReport::Rt1_MouseDown(const MouseEvent& event) {
   if (event.button == mbRight) {
     pppp.Visible = Check2.Value != 0;
+    FindColumns.Visible = FindColumns.onClick && CmdExelExp.Tag == "1";
     PopupMenu(AQ, event.x + kMenuRight, event.y + kMenuDown);
   } else if (event.button == mbLeft && event.shift == smCtrl) {
     Command2_Click();

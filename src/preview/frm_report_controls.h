@@ -121,6 +121,7 @@ class FrmReportControls : public Form {
   MenuItem pppp{AQ, "pppp", "Paste"};
   MenuItem g2{AQ, "g2", "-"};
   MenuItem ht{AQ, "ht", "Highlight Text"};
+  MenuItem FindColumns{AQ, "FindColumns", "Find Columns"};  // during a pick of columns
 };
 
 }  // namespace paperway

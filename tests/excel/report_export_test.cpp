@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/error_of.h"
+#include "support/files.h"
 #include "support/headless_desk.h"
 #include "support/report_window.h"
 #include "util/value_text.h"
@@ -108,6 +109,25 @@ TEST_F(ReportExportTest, MarksGoInTheOrderInWhichTheyAreMade) {
   EXPECT_EQ(sheet().substr(0, 15), "[Item ][][][m  ");
   pick({2});
   EXPECT_EQ(sheet().substr(0, 11), "[It][em ]\n[") << "the array keeps the second mark of before";
+}
+
+TEST_F(ReportExportTest, ThePickFindsTheColumnsItself) {
+  replaceFile(form->ReportPath, "Item      Qty\n-------------\nPens       12\nInk         3\n");
+  const auto menu = [this] {
+    form->Rt1_MouseDown({.button = mbRight});
+    return bool{form->FindColumns.Visible};
+  };
+  EXPECT_FALSE(menu());
+  exportAs("book.xls");
+  user(*form).click("CmdExelExp");
+  mark(3);
+  EXPECT_TRUE(menu());
+  form->FindColumns.click();
+  EXPECT_EQ(form->Rt1.Guides, (std::vector<std::int16_t>{7, 13}));
+  form->Timer1_Timer();
+  user(*form).click("CmdExelExp");
+  EXPECT_EQ(sheet(),
+            "[Item   ][   Qty]\n[-------][------]\n[Pens   ][    12]\n[Ink    ][     3]\n");
 }
 
 TEST_F(ReportExportTest, EscGivesUpAPickOrAWorkbook) {
