@@ -33,11 +33,12 @@ echo "The report is $demo/ledger.txt, its first page on paper $demo/page1.pdf."
   --title "March 2026^" --title-size 14 --number-size 8 --space "&nbsp;" --restart \
   --two-line-total --landscape
 "$paperway" convert "$demo/ledger.txt" "$demo/report.html"
+"$paperway" convert "$demo/ledger.txt" "$demo/report.xlsx"
 echo "As web pages: $demo/ledger.html, salary.html, and the report itself, report.html."
 
 "$paperway" sheet --db "$demo/ledger.db" --data "$query" --columns examples/ledger/columns.csv \
   --out "$demo/ledger.xlsx" --title "Sales ledger" --title "Year 2025-26" --serial 1 --landscape
-echo "As a workbook: $demo/ledger.xlsx."
+echo "As a workbook: $demo/ledger.xlsx; made of the text report: report.xlsx."
 
 "$paperway" stickers --db "$demo/ledger.db" --line "{customer}" --line "{region}" --length 24 \
   --columns 3 --data "SELECT DISTINCT customer, region FROM sales ORDER BY customer" \

@@ -54,8 +54,12 @@ SheetPlan planOf(const FoundReport& report) {
   plan.page.landscape = report.map.columns.back().end > kWide;
   plan.columnWidths.assign(report.groups, kWidestGroup);
   for (const ReportColumn& column : report.map.columns) {
-    plan.formats.push_back({.numberFormat = column.pattern});
-    plan.formats.push_back({.bold = true, .numberFormat = column.pattern});
+    CellFormat format;
+    const bool dates = column.kind == ReportColumn::Kind::date;
+    (dates ? format.dateFormat : format.numberFormat) = column.pattern;
+    plan.formats.push_back(format);
+    format.bold = true;
+    plan.formats.push_back(format);
     const std::size_t heading = characterCount(column.heading);
     plan.columnWidths.push_back(
         static_cast<double>(std::max(column.end - column.begin, heading) + 1));

@@ -60,13 +60,7 @@ expect_stop "$paperway" html --db ledger.db --columns "$columns" --out kept.html
 "$paperway" text --db ledger.db --data "$sales" --columns "$columns" --out a.txt --title Sales \
   --pitch 136
 "$paperway" convert a.txt page.html || fail "convert"
-"$paperway" convert - page.HTM <a.txt || fail "convert from standard input"
-same page.html page.HTM
 [ "$(grep -c '<br>' page.html)" = "$(grep -c '' a.txt)" ] || fail "a line for each"
 [ "$(grep -c 'page-break-after' page.html)" = "$(grep -c $'\f' a.txt)" ] || fail "page breaks"
-expect 2 'does not end in .html' "$paperway" convert a.txt page.pdf
-expect 1 'none.txt' "$paperway" convert none.txt x.html
-expect 1 'it is read for what would be written' "$paperway" convert page.html page.html
-[ ! -e x.html ] || fail "a failed conversion left x.html"
 
 finish

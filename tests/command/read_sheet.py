@@ -1,5 +1,6 @@
 #!/usr/bin/python3
 """Prints a workbook as its readers see it: page, widths, then each cell with its looks."""
+import datetime
 import sys
 
 import openpyxl
@@ -7,6 +8,8 @@ import xlrd
 
 
 def number(value):
+    if isinstance(value, datetime.datetime):  # which only one of the readers makes
+        value = (value - datetime.datetime(1899, 12, 30)).total_seconds() / 86400
     return f"{value:.10g}" if isinstance(value, (int, float)) else repr(value)
 
 

@@ -39,6 +39,8 @@ const Command kCommands[] = {
     {"Sheet", false, ofRows("sheet", "columns.csv", "new.xlsx")},
     {"SheetOld", false, ofRows("sheet", "columns.csv", "old.xls")},
     {"Convert", false, {"convert", "report.txt", "out.html"}},
+    {"ConvertTable", false, {"convert", "report.txt", "out.csv", "--save-map", "new.map"}},
+    {"ConvertSheet", false, {"convert", "report.txt", "new.xlsx"}},
     {"Stickers", false, {"stickers", "--line", "A shop", "--out", "out.txt"}},
     {"Columns", false, {"columns", "columns.csv"}},
     {"ColumnsFrom", false, {"columns", "--from", kSales, "--db", "ledger.db"}},

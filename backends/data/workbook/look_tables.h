@@ -22,7 +22,9 @@ struct LookTables {
   explicit LookTables(const std::vector<CellFormat>& formats) {
     for (const CellFormat& format : formats) {
       looks.push_back({placeIn(fonts, {format.font, format.bold}),
-                       placeIn(numbers, formatCode(format.numberFormat)), format.grid});
+                       placeIn(numbers, format.dateFormat.empty() ? formatCode(format.numberFormat)
+                                                                  : dateCode(format.dateFormat)),
+                       format.grid});
     }
   }
 

@@ -131,4 +131,15 @@ std::string formatCode(std::string_view pattern) {
   return code;
 }
 
+/// Minutes are told from months by the hours in front of them.
+std::string dateCode(std::string_view pattern) {
+  constexpr std::string_view kParts = "dmyhs: ";
+  std::string code;
+  for (const char c : pattern) {
+    if (c != 'n' && kParts.find(c) == kParts.npos) code += '\\';
+    code += c == 'n' ? 'm' : c;
+  }
+  return code;
+}
+
 }  // namespace paperway::workbook

@@ -9,4 +9,7 @@ namespace paperway::workbook {
 /// same: words are quoted, sections spelt out. "General" for an empty one.
 std::string formatCode(std::string_view pattern);
 
+/// The same of a pattern of dates, of days, months, years and times of 24 hours.
+std::string dateCode(std::string_view pattern);
+
 }  // namespace paperway::workbook

@@ -19,6 +19,7 @@ struct CellFormat {
   std::string font{};  // empty: the workbook's own
   bool bold = false;
   std::string numberFormat{};  // pattern of the automation platform ("#,##0.00"); empty: general
+  std::string dateFormat{};    // the same of dates ("dd/mm/yyyy"); empty: as usual
   bool grid = false;           // a thin line on each of its four sides
 
   bool operator==(const CellFormat&) const = default;
