@@ -20,6 +20,9 @@ set(PAPERWAY_STANDARD_HEADERS
   <algorithm> <array> <charconv> <chrono> <cmath> <cstdint> <cstdio> <cstdlib> <cstring> <filesystem>
   <fstream> <functional> <iostream> <map> <memory> <optional> <stdexcept> <string> <string_view>
   <system_error> <utility> <vector>)
+# Of windows; <QtWidgets>, which has them all, takes twice as long.
+set(PAPERWAY_QT_HEADERS <QApplication> <QComboBox> <QKeyEvent> <QLineEdit> <QMenu> <QMessageBox>
+  <QPainter> <QScrollBar> <QTimer>)
 
 # paperway_precompile(target headers... ): the standard headers and these are compiled once for the
 # target. Every source still includes what it needs: PAPERWAY_PCH=OFF builds without.
