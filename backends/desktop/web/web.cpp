@@ -27,12 +27,12 @@ class QuietStart {
 };
 
 /// The engine may connect, and even ask for a picture, before it hears that a request is refused.
-/// So no host has an address, and what has one goes by a proxy that is none. The words of the rule
-/// are apart by tabs: the engine's flags are by blanks.
+/// So no host has an address, and what has one goes by a proxy that is none. The rule has
+/// blanks, which divide the engine's flags, and so stands in quotes.
 void keepOffTheNet() {
   constexpr const char* kFlags = "QTWEBENGINE_CHROMIUM_FLAGS";
   constexpr std::string_view kOff =
-      "--host-resolver-rules=MAP\t*\t~NOTFOUND --proxy-server=socks5://127.0.0.1:1 "
+      "\"--host-resolver-rules=MAP * ~NOTFOUND\" --proxy-server=socks5://127.0.0.1:1 "
       "--proxy-bypass-list=<-loopback>";
   const char* const before = std::getenv(kFlags);
   const std::string flags = before == nullptr ? "" : std::string(before) + " ";

@@ -9,6 +9,7 @@
 #include <QProgressDialog>
 #include <QTimer>
 #include <QWebEngineScript>
+#include <QWheelEvent>
 
 #include "backends/desktop/web/page_setup_dialog.h"
 #include "backends/desktop/web/pdf_pages.h"
@@ -40,6 +41,20 @@ std::string noPrinter() {
 
 }  // namespace
 
+void WebView::watchWheel() {
+  if (focusProxy() != nullptr) focusProxy()->installEventFilter(this);
+}
+
+/// Left to itself the engine would zoom the page, and with it what is printed.
+bool WebView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Wheel) return QWebEngineView::eventFilter(watched, event);
+  const auto& wheel = static_cast<const QWheelEvent&>(*event);
+  if ((wheel.modifiers() & Qt::ControlModifier) == 0) return false;
+  const int turn = wheel.angleDelta().y();
+  if (turn != 0 && onZoom) onZoom(turn > 0);
+  return true;
+}
+
 void WebView::showEvent(QShowEvent* event) {
   QWebEngineView::showEvent(event);
   if (onShow) onShow();
@@ -58,6 +73,7 @@ WebPage::WebPage(const Platform& platform, BrowserEvents& events)
   view_->setPage(&page_);
   view_->setAcceptDrops(false);
   view_->onShow = [this] { load(); };
+  view_->onZoom = [this](bool larger) { setZoom(zoom_ + (larger ? 1 : -1)); };
   setZoom(platform_.pageSetup.read().textSize);
   watch();
 }
@@ -101,6 +117,7 @@ void WebPage::load() {
 
 void WebPage::complete() {
   if (!std::exchange(completing_, false)) return;
+  view_->watchWheel();
   const auto tell = [this] { events_.DocumentComplete(); };
   act_ ? act_(tell) : tell();
 }

@@ -23,9 +23,14 @@ namespace paperway::web {
 class WebView : public QWebEngineView {
  public:
   std::function<void()> onShow;
+  std::function<void(bool larger)> onZoom;  // the wheel with Ctrl
   bool hasMenu = true;
 
+  /// The engine's own widget, which comes with the first document, has the wheel.
+  void watchWheel();
+
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 };
