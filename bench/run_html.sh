@@ -13,29 +13,39 @@ rounds=${ROUNDS:-5}
 sizes=${SIZES:-100000 1000000}
 report_rows=${REPORT_ROWS:-4000000}
 build_bench "${1-}" paperway make_ledger c_html measure
-mkdir -p "$data/paperway" "$data/plain"
+mkdir -p "$data"/{paperway,plain}/{file,null}
 
 compare() { # table|salary ROWS
-  local file options=(--align center)
+  local file kind=$1 rows=$2 options=(--align center)
   [ "$1" = table ] || options=(--salary)
   file=$(database "$2")
+  write() { # NAME: to the files of that name
+    measured "plain-$1" "$build/bench/c_html" "$kind" "$file" "$data/plain/$1/plain.html" "$title" \
+      "$subtitle"
+    measured "paperway-$1" "$paperway" html "${options[@]}" --db "$file" --data "$statement" \
+      --columns examples/ledger/columns.csv --out "$data/paperway/$1/plain.html" --title "$title" \
+      --title "$subtitle" --serial 1
+  }
   rm -f "$data"/*.times
   for ((i = 0; i < rounds; ++i)); do
-    measured plain "$build/bench/c_html" "$1" "$file" "$data/plain/plain.html" "$title" "$subtitle"
-    measured paperway "$paperway" html "${options[@]}" --db "$file" --data "$statement" \
-      --columns examples/ledger/columns.csv --out "$data/paperway/plain.html" --title "$title" \
-      --title "$subtitle" --serial 1
+    write file
+    write null
   done
-  cmp "$data/plain/plain.html" "$data/paperway/plain.html"
-  echo "$1 $2 $(best plain) $(best paperway)" | awk '{
-    printf "%-6s  %9d  %7.3f %7.3f  %7.3f %7.3f     %5.2f  %8.2f\n",
-      $1, $2, $4, $3, $7, $6, $7 / $4, $8 / 1024 }'
-  rm -f "$data"/*/plain.html
+  cmp "$data/plain/file/plain.html" "$data/paperway/file/plain.html"
+  for target in null file; do
+    echo "$1 $2 $target $(best plain-$target) $(best paperway-$target)" | awk '{
+      printf "%-6s  %9d  %s  %7.3f %7.3f  %7.3f %7.3f     %5.2f  %8.2f\n",
+        $1, $2, $3, $5, $4, $8, $7, $8 / $5, $9 / 1024 }'
+  done
+  rm -f "$data"/*/file/plain.html
 }
 
-echo "CPU (user and system) and wall seconds; the documents are the same byte for byte"
-echo "                     plain C writer      paperway     paperway  paperway"
-echo "export       rows      cpu    wall      cpu    wall     / plain        MB"
+ln -sf /dev/null "$data/plain/null/plain.html"
+ln -sf /dev/null "$data/paperway/null/plain.html"
+echo "CPU (user and system) and wall seconds, to nowhere and to a file; the documents are the same byte"
+echo "for byte. The file of paperway replaces an earlier one when it is whole, and on the disk."
+echo "                           plain C writer      paperway     paperway  paperway"
+echo "export       rows  to        cpu    wall      cpu    wall     / plain        MB"
 for export in table salary; do
   for size in $sizes; do compare $export "$size"; done
 done

@@ -6,6 +6,7 @@
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
+#include "apps/paperway/window_options.h"
 #include "controls/web_browser.h"
 #include "html/frm_browser.h"
 #include "paperway/class1.h"
@@ -15,18 +16,11 @@
 namespace paperway::command {
 namespace {
 
-constexpr int kLeastWidth = 600;
-constexpr int kLeastHeight = 400;
-
-struct BrowseOptions {
+struct BrowseOptions : WindowOptions {
   std::string file;
   bool lookOnly = false;
   bool landscape = false;
-  std::string picture;
   std::string pdf;
-  std::vector<std::string> acts;
-  std::vector<int> size;
-  Desk::Options desk;
 
   /// Nobody is there to answer a dialog.
   bool scripted() const { return desk.screenless; }
@@ -87,30 +81,12 @@ void addBrowse(CLI::App& app) {
       "--look-only", options->lookOnly,
       "Offer no printing; adds to the file's end what takes the menu away in other browsers");
   command->add_flag("--landscape", options->landscape, "The report is for landscape paper");
-  command->add_flag("--dark", options->desk.dark, "Dark colours, whatever the desktop says");
-  CLI::Option* picture =
-      command
-          ->add_option("--picture", options->picture,
-                       "Write a picture of the window instead of opening it; needs no display")
-          ->type_name("OUT.png");
+  addPictureSize(*command, *options, addWindowOptions(*command, *options), {600, 400});
   command
       ->add_option("--pdf", options->pdf,
                    "Write the printed pages as PDF instead of opening a window; needs no display")
       ->type_name("OUT.pdf")
       ->excludes(lookOnly);
-  command->add_option("--scale", options->desk.scale, "Scale of the picture")
-      ->type_name("FACTOR")
-      ->check(CLI::Range(1.0, 4.0))
-      ->needs(picture);
-  command
-      ->add_option("--size", options->size,
-                   "Width and height of the picture, unscaled; at least 600,400")
-      ->type_name("W,H")
-      ->delimiter(',')
-      ->expected(2)
-      ->check(CLI::Range(200, 8000))
-      ->needs(picture);
-  addActs(*command, options->acts)->needs(picture);
   command->footer([] {
     return "Examples:\n"
            "  paperway browse ledger.html\n"
@@ -119,10 +95,6 @@ void addBrowse(CLI::App& app) {
            browserControls();
   });
   command->callback([options] {
-    if (!options->size.empty() &&
-        (options->size[0] < kLeastWidth || options->size[1] < kLeastHeight)) {
-      throw CLI::ValidationError("--size", "the window is at least 600,400");
-    }
     options->desk.screenless = !options->picture.empty() || !options->pdf.empty();
     forFile("show", options->file, [&] { browse(*options); });
   });

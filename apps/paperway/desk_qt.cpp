@@ -1,4 +1,3 @@
-#include <dlfcn.h>
 #include <optional>
 #include <stdexcept>
 #include <vector>
@@ -6,6 +5,7 @@
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/memory_limit.h"
+#include "apps/paperway/module.h"
 #include "apps/paperway/web_module.h"
 #include "paperway/desktop.h"
 #include "paperway/platform/browser.h"
@@ -41,14 +41,7 @@ class WebModule : public Browser {
   explicit WebModule(const Platform& platform) : platform_(platform) {}
 
   /// Empty when it is not installed.
-  static std::filesystem::path file() {
-    const auto folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    for (const char* place : {PAPERWAY_MODULES, "."}) {
-      const std::filesystem::path module = folder / place / "paperway-web.so";
-      if (std::filesystem::exists(module)) return module;
-    }
-    return {};
-  }
+  static std::filesystem::path file() { return moduleFile("web"); }
 
   std::unique_ptr<BrowserPage> open(BrowserEvents& events) override {
     if (!engine_) engine_ = load();
@@ -58,10 +51,7 @@ class WebModule : public Browser {
  private:
   std::unique_ptr<Browser> load() const {
     liftMemoryLimit();  // the engine takes more than it uses
-    void* const module = dlopen(file().c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (module == nullptr) throw std::runtime_error(dlerror());
-    const auto make = reinterpret_cast<MakeWebBrowser*>(dlsym(module, kMakeWebBrowser));
-    if (make == nullptr) throw std::runtime_error(dlerror());
+    const auto make = reinterpret_cast<MakeWebBrowser*>(moduleSymbol(file(), kMakeWebBrowser));
     return std::unique_ptr<Browser>(make(platform_));
   }
 

@@ -7,6 +7,7 @@
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
+#include "apps/paperway/window_options.h"
 #include "paperway/class1.h"
 #include "preview/frm_report.h"
 #include "printing/print_panel.h"
@@ -14,22 +15,28 @@
 namespace paperway::command {
 namespace {
 
-struct PreviewOptions {
+struct PreviewOptions : WindowOptions {
   std::string file;
   PreviewReportArguments arguments;
-  std::string picture;
   int page = 1;
   int paper = kUsualPaper;
   std::string company;
-  std::vector<std::string> acts;
-  std::vector<int> size;
-  Desk::Options desk;
 };
 
 void addSwitch(CLI::App& command, const std::string& name, std::uint8_t& feature,
                const std::string& help) {
   command.add_flag_callback(
       name, [&feature] { feature = 0; }, help);
+}
+
+void addSwitches(CLI::App& command, PreviewReportArguments& arguments) {
+  addSwitch(command, "--no-edit", arguments.REdit, "Leave out the editing of pages");
+  addSwitch(command, "--no-search", arguments.RSearch, "Leave out the search");
+  addSwitch(command, "--no-import", arguments.RImport, "Leave out the opening of other files");
+  addSwitch(command, "--no-export", arguments.RExport, "Leave out the workbook export");
+  addSwitch(command, "--no-color", arguments.RColor, "Leave out the settings");
+  addSwitch(command, "--no-print", arguments.RPrint, "Leave out printing");
+  addSwitch(command, "--no-continuous", arguments.RCont, "Leave out the view of all pages in one");
 }
 
 void goTo(FrmReport& form, int page) {
@@ -102,32 +109,8 @@ void addPreview(CLI::App& app) {
       ->add_option("--company", options->company,
                    "Company or installation number whose settings hold")
       ->type_name("N");
-  addSwitch(*command, "--no-edit", arguments.REdit, "Leave out the editing of pages");
-  addSwitch(*command, "--no-search", arguments.RSearch, "Leave out the search");
-  addSwitch(*command, "--no-import", arguments.RImport, "Leave out the opening of other files");
-  addSwitch(*command, "--no-export", arguments.RExport, "Leave out the workbook export");
-  addSwitch(*command, "--no-color", arguments.RColor, "Leave out the settings");
-  addSwitch(*command, "--no-print", arguments.RPrint, "Leave out printing");
-  addSwitch(*command, "--no-continuous", arguments.RCont, "Leave out the view of all pages in one");
-  command->add_flag("--dark", options->desk.dark, "Dark colours, whatever the desktop says");
-  CLI::Option* picture =
-      command
-          ->add_option("--picture", options->picture,
-                       "Write a picture of the window instead of opening it; needs no display")
-          ->type_name("OUT.png");
-  command->add_option("--scale", options->desk.scale, "Scale of the picture")
-      ->type_name("FACTOR")
-      ->check(CLI::Range(1.0, 4.0))
-      ->needs(picture);
-  command
-      ->add_option("--size", options->size,
-                   "Width and height of the picture, unscaled; at least 960,480")
-      ->type_name("W,H")
-      ->delimiter(',')
-      ->expected(2)
-      ->check(CLI::Range(200, 8000))
-      ->needs(picture);
-  addActs(*command, options->acts)->needs(picture);
+  addSwitches(*command, arguments);
+  addPictureSize(*command, *options, addWindowOptions(*command, *options), {960, 480});
   command->footer([] {
     return "Examples:\n"
            "  paperway preview ledger.txt\n"
@@ -137,9 +120,6 @@ void addPreview(CLI::App& app) {
            controlsOfWindow();
   });
   command->callback([options] {
-    if (!options->size.empty() && (options->size[0] < 960 || options->size[1] < 480)) {
-      throw CLI::ValidationError("--size", "the window is at least 960,480");
-    }
     options->desk.screenless = !options->picture.empty();
     forFile("show", options->file, [&] { preview(*options); });
   });

@@ -161,6 +161,34 @@ void printStyled(PrintOptions options) {
   drawn.draw(document, platform.printDevice);
 }
 
+/// Raw, with what the printer is told; drawn; or into a file.
+void addWays(CLI::App& print, PrintOptions& options) {
+  CLI::Option* pitch =
+      print.add_option("--pitch", options.pitch, "Characters to the inch: 10, 12 or 17")
+          ->check(CLI::IsMember({10, 12, 17}))
+          ->capture_default_str();
+  CLI::Option* paper = print.add_option("--paper", options.paper, "Height of the paper")
+                           ->type_name("INCHES")
+                           ->check(CLI::Range(1, 22))
+                           ->capture_default_str();
+  CLI::Option* tear =
+      print.add_option("--tear", options.tear, "Lines to feed back before, and on after, the job")
+          ->type_name("IN,OUT")
+          ->delimiter(',')
+          ->expected(2)
+          ->check(CLI::Range(0, 99));
+  CLI::Option* styled = print.add_flag("--styled", options.styled,
+                                       "Draw the pages, for printers that take more than raw text");
+  CLI::Option* pdf =
+      print.add_option("--pdf", options.pdf, "Draw the pages into a file; - is standard output")
+          ->type_name("OUT.pdf");
+  styled->excludes(pdf);
+  for (CLI::Option* raw : {pitch, paper, tear}) {
+    styled->excludes(raw);
+    pdf->excludes(raw);
+  }
+}
+
 }  // namespace
 
 void printPdf(const std::string& report, const std::string& pdf) {
@@ -183,30 +211,7 @@ void addPrint(CLI::App& app) {
       ->type_name("N")
       ->check(CLI::Range(0, 255))
       ->capture_default_str();
-  CLI::Option* pitch =
-      print->add_option("--pitch", options->pitch, "Characters to the inch: 10, 12 or 17")
-          ->check(CLI::IsMember({10, 12, 17}))
-          ->capture_default_str();
-  CLI::Option* paper = print->add_option("--paper", options->paper, "Height of the paper")
-                           ->type_name("INCHES")
-                           ->check(CLI::Range(1, 22))
-                           ->capture_default_str();
-  CLI::Option* tear =
-      print->add_option("--tear", options->tear, "Lines to feed back before, and on after, the job")
-          ->type_name("IN,OUT")
-          ->delimiter(',')
-          ->expected(2)
-          ->check(CLI::Range(0, 99));
-  CLI::Option* styled = print->add_flag(
-      "--styled", options->styled, "Draw the pages, for printers that take more than raw text");
-  CLI::Option* pdf =
-      print->add_option("--pdf", options->pdf, "Draw the pages into a file; - is standard output")
-          ->type_name("OUT.pdf");
-  styled->excludes(pdf);
-  for (CLI::Option* raw : {pitch, paper, tear}) {
-    styled->excludes(raw);
-    pdf->excludes(raw);
-  }
+  addWays(*print, *options);
   print->footer(
       "Examples:\n"
       "  paperway print ledger.txt --printer Matrix --pitch 17 --paper 12 --tear 3,5\n"

@@ -10,6 +10,7 @@
 #include "apps/paperway/progress.h"
 #include "apps/paperway/source.h"
 #include "apps/paperway/visible.h"
+#include "apps/paperway/window_options.h"
 #include "controls/form.h"
 #include "paperway/class1.h"
 #include "paperway/memory.h"
@@ -26,7 +27,7 @@
 namespace paperway::command {
 namespace {
 
-struct StickerOptions {
+struct StickerOptions : WindowOptions {
   Source source;
   std::string data;
   std::optional<int> preset;
@@ -38,9 +39,6 @@ struct StickerOptions {
   std::int64_t copies = 1;
   std::string out;
   bool preview = false;
-  std::string picture;
-  std::vector<std::string> acts;
-  Desk::Options desk;
 
   bool fromRows() const { return !data.empty(); }
   bool opensForm() const { return out.empty() && !savePreset; }
@@ -146,65 +144,86 @@ std::string controlsOfWindow() {
   return controlsToActOn(Frm0010Sticker(machine.platform(), RunContext(), {}));
 }
 
+/// What stands on a sheet, and how; gives --save-preset.
+CLI::Option* addSheet(CLI::App& command, StickerOptions& options) {
+  const auto number = [&](const char* name, std::optional<int>& value, const char* help, int least,
+                          int most) {
+    return command.add_option(name, value, help)->type_name("N")->check(CLI::Range(least, most));
+  };
+  command
+      .add_option("--line", options.lines,
+                  "A line of the sticker; up to five times. With --data, {field} stands for the "
+                  "field of the row, {field:pattern} for the field in a format pattern")
+      ->type_name("TEXT")
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  number("--preset", options.preset, "Begin with the preset of this number", 1, kStickerPresets);
+  CLI::Option* savePreset =
+      number("--save-preset", options.savePreset,
+             "Keep what is said here under this number, for the window too", 1, kStickerPresets);
+  number("--length", options.length, "Width of a sticker in characters; 20 without a preset", 0,
+         255);
+  number("--gap", options.gap, "Blanks behind each sticker; 3 without a preset", 0, 32767);
+  number("--columns", options.columns, "Stickers side by side; 4 without a preset", 0, 255);
+  number("--rows", options.rows, "Rows of stickers on a sheet; 12 without a preset", 0, 32767);
+  number("--blank", options.blank, "Blank lines between rows, less one; 3 without a preset", 0,
+         32767);
+  CLI::Option* condensed = command.add_flag("--condensed", options.condensed,
+                                            "Condensed print, 136 columns to the line");
+  command
+      .add_flag("--normal", options.normal,
+                "Normal print, 80 columns to the line, where a preset says otherwise")
+      ->excludes(condensed);
+  return savePreset;
+}
+
+/// Where it comes from and where it goes.
+void addRowsAndTargets(CLI::App& command, StickerOptions& options, CLI::Option* savePreset) {
+  options.source.addOptions(command);
+  CLI::Option* data =
+      command.add_option("--data", options.data, "Query whose rows make one sticker each");
+  data->type_name("SELECT");
+  command.add_option("--copies", options.copies, "Print each row's sticker so often")
+      ->type_name("N")
+      ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000}))
+      ->needs(data);
+  CLI::Option* out =
+      command.add_option("--out", options.out, "File to write; - is standard output");
+  out->type_name("FILE");
+  command.add_flag("--preview", options.preview, "Open the finished sheets in a window")
+      ->needs(out);
+  addWindowOptions(command, options)->excludes(out)->excludes(savePreset);
+  data->needs(out);
+}
+
+void check(const StickerOptions& options) {
+  if (options.lines.size() > kStickerLines) {
+    throw CLI::ValidationError("--line", "at most five lines");
+  }
+  requirePrintable(options.lines);
+  if (options.preview && options.out == "-") {
+    throw CLI::ValidationError("--preview",
+                               "standard output cannot be read again; give --out a file");
+  }
+  if (options.opensForm() && options.describesSheet()) {
+    throw CLI::RequiredError("--out or --save-preset");
+  }
+  if (!options.fromRows() && (!options.source.db.empty() || !options.source.odbc.empty())) {
+    throw CLI::RequiredError("--data");
+  }
+  if (options.desk.dark && !options.opensWindow()) {
+    throw CLI::ValidationError("--dark", "no window opens; --preview would open one");
+  }
+}
+
 }  // namespace
 
 void addStickers(CLI::App& app) {
   CLI::App* command = app.add_subcommand(
       "stickers", "Write sheets of stickers, from one text or from rows, or open their window");
   const auto options = std::make_shared<StickerOptions>();
-  const auto number = [&](const char* name, std::optional<int>& value, const char* help, int least,
-                          int most) {
-    return command->add_option(name, value, help)->type_name("N")->check(CLI::Range(least, most));
-  };
-  command
-      ->add_option("--line", options->lines,
-                   "A line of the sticker; up to five times. With --data, {field} stands for the "
-                   "field of the row, {field:pattern} for the field in a format pattern")
-      ->type_name("TEXT")
-      ->expected(1)
-      ->allow_extra_args(false)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  number("--preset", options->preset, "Begin with the preset of this number", 1, kStickerPresets);
-  CLI::Option* savePreset =
-      number("--save-preset", options->savePreset,
-             "Keep what is said here under this number, for the window too", 1, kStickerPresets);
-  number("--length", options->length, "Width of a sticker in characters; 20 without a preset", 0,
-         255);
-  number("--gap", options->gap, "Blanks behind each sticker; 3 without a preset", 0, 32767);
-  number("--columns", options->columns, "Stickers side by side; 4 without a preset", 0, 255);
-  number("--rows", options->rows, "Rows of stickers on a sheet; 12 without a preset", 0, 32767);
-  number("--blank", options->blank, "Blank lines between rows, less one; 3 without a preset", 0,
-         32767);
-  CLI::Option* condensed = command->add_flag("--condensed", options->condensed,
-                                             "Condensed print, 136 columns to the line");
-  command
-      ->add_flag("--normal", options->normal,
-                 "Normal print, 80 columns to the line, where a preset says otherwise")
-      ->excludes(condensed);
-  options->source.addOptions(*command);
-  CLI::Option* data =
-      command->add_option("--data", options->data, "Query whose rows make one sticker each");
-  data->type_name("SELECT");
-  command->add_option("--copies", options->copies, "Print each row's sticker so often")
-      ->type_name("N")
-      ->check(CLI::Range(std::int64_t{1}, std::int64_t{1'000'000}))
-      ->needs(data);
-  CLI::Option* out =
-      command->add_option("--out", options->out, "File to write; - is standard output");
-  out->type_name("FILE");
-  command->add_flag("--preview", options->preview, "Open the finished sheets in a window")
-      ->needs(out);
-  CLI::Option* picture =
-      command->add_option("--picture", options->picture,
-                          "Write a picture of the window instead of opening it; needs no display");
-  picture->type_name("OUT.png")->excludes(out)->excludes(savePreset);
-  command->add_option("--scale", options->desk.scale, "Scale of the picture")
-      ->type_name("FACTOR")
-      ->check(CLI::Range(1.0, 4.0))
-      ->needs(picture);
-  addActs(*command, options->acts)->needs(picture);
-  command->add_flag("--dark", options->desk.dark, "Dark colours, whatever the desktop says");
-  data->needs(out);
+  addRowsAndTargets(*command, *options, addSheet(*command, *options));
   command->footer([] {
     return "Examples:\n"
            "  paperway stickers\n"
@@ -216,23 +235,7 @@ void addStickers(CLI::App& app) {
            controlsOfWindow();
   });
   command->callback([options] {
-    if (options->lines.size() > kStickerLines) {
-      throw CLI::ValidationError("--line", "at most five lines");
-    }
-    requirePrintable(options->lines);
-    if (options->preview && options->out == "-") {
-      throw CLI::ValidationError("--preview",
-                                 "standard output cannot be read again; give --out a file");
-    }
-    if (options->opensForm() && options->describesSheet()) {
-      throw CLI::RequiredError("--out or --save-preset");
-    }
-    if (!options->fromRows() && (!options->source.db.empty() || !options->source.odbc.empty())) {
-      throw CLI::RequiredError("--data");
-    }
-    if (options->desk.dark && !options->opensWindow()) {
-      throw CLI::ValidationError("--dark", "no window opens; --preview would open one");
-    }
+    check(*options);
     options->desk.screenless = !options->picture.empty();
     if (options->opensForm()) return openForm(*options);
     const std::unique_ptr<Desk> desk = options->preview ? Desk::open(options->desk) : nullptr;

@@ -32,6 +32,7 @@ void panel(Frame& frame) {
 FrmReportControls::FrmReportControls() : Form("FrmReport") {
   Caption = " Report View";
   describe();
+  nameForReaders();
   placeSettingPanel();
   placePrintPanel();
 }
@@ -74,6 +75,11 @@ void FrmReportControls::describe() {
   VScroll1.Max = 100;
   VScroll1.Value.setQuietly(99);
 
+  for (Frame* frame : {&Frame8, &FrmMode}) groupOnly(*frame);
+  for (Frame* frame : {&Frame6, &Frame1}) panel(*frame);
+}
+
+void FrmReportControls::nameForReaders() {
   Rt1.AccessibleName = "Report";
   Text2.AccessibleName = "Go to page";
   Text4.AccessibleName = "Search String";
@@ -85,9 +91,6 @@ void FrmReportControls::describe() {
   Comtear.AccessibleName = "Lines in";
   ComtearOut.AccessibleName = "Lines out";
   Command3.AccessibleName = "Close";
-
-  for (Frame* frame : {&Frame8, &FrmMode}) groupOnly(*frame);
-  for (Frame* frame : {&Frame6, &Frame1}) panel(*frame);
 }
 
 void FrmReportControls::arrange(const ScreenSize& screen) {

@@ -21,6 +21,7 @@ class FrmReportControls : public Form {
 
  private:
   void describe();
+  void nameForReaders();  // of the screen, what has no caption
   void placeTopRow();
   void placeBottomRow();
   void placeSettingPanel();

@@ -21,7 +21,7 @@ depends() { [[ $(dpkg-deb -f "$1"_*.deb Depends) =~ $2 ]]; }
 
 holds libpaperway-dev include/paperway/class1.h 'lib/.*libpaperway\.a' 'lib/.*paperway-sqlite\.pc' \
   'lib/.*paperway-config\.cmake'
-holds paperway bin/paperway
+holds paperway bin/paperway 'lib/.*paperway/paperway-queues\.so'
 holds paperway-desktop bin/paperway-desk include/paperway/desktop.h 'lib/.*libpaperway-desktop\.a'
 holds paperway-web 'lib/.*paperway/paperway-web\.so' include/paperway/web.h \
   'lib/.*libpaperway-web\.a'
@@ -29,6 +29,7 @@ not grep -E 'desk|web|/bin/|/src/' libpaperway-dev.list
 not depends libpaperway-dev 'qt|cups|sqlite'
 not depends paperway qt
 depends paperway libsqlite3
+depends paperway libcups
 depends paperway-desktop libqt6
 not depends paperway-desktop webengine
 depends paperway-web libqt6webengine
