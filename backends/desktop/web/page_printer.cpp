@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 #include <QRectF>
+#include <QThread>
 #include <QTimer>
 #include <QWebEngineScript>
 #include <algorithm>
@@ -29,7 +30,10 @@ class Wait {
  public:
   explicit Wait(QWebEnginePage& page) {
     QEventLoop* const loop = &state_->loop;
-    QObject::connect(&page, &QWebEnginePage::renderProcessTerminated, loop, &QEventLoop::quit);
+    QObject::connect(&page, &QWebEnginePage::renderProcessTerminated, loop, [state = state_.get()] {
+      state->ended = true;
+      state->loop.quit();
+    });
     QObject::connect(&timer_, &QTimer::timeout, loop, &QEventLoop::quit);
     timer_.setSingleShot(true);
   }
@@ -45,9 +49,9 @@ class Wait {
 
   Answer take() {
     timer_.start(kPatience);
-    if (!state_->answer) state_->loop.exec();
+    if (!state_->answer && !state_->ended) state_->loop.exec();
     if (state_->answer) return *std::move(state_->answer);
-    if (timer_.isActive()) fail("The page's renderer has ended; the document may be too large.");
+    if (state_->ended) fail("The page's renderer has ended; the document may be too large.");
     fail("The page's renderer does not answer.");
   }
 
@@ -55,6 +59,7 @@ class Wait {
   struct State {
     QEventLoop loop;
     std::optional<Answer> answer;
+    bool ended = false;  // the renderer
   };
 
   std::shared_ptr<State> state_ = std::make_shared<State>();
@@ -79,10 +84,14 @@ class PieceLoader {
   double width() { return ask(QStringLiteral("document.documentElement.scrollWidth")); }
   void scale(double factor) { ask(QStringLiteral("document.body.style.zoom = %1").arg(factor)); }
 
-  std::string print(const QPageLayout& layout) {
-    Wait<QByteArray> wait(page_);
-    page_.printToPdf(wait.taker(), layout);
-    const QByteArray pdf = wait.take();
+  /// The printing goes on by itself until endPrint() takes its bytes.
+  void beginPrint(const QPageLayout& layout) {
+    printing_.emplace(page_);
+    page_.printToPdf(printing_->taker(), layout);
+  }
+  std::string endPrint() {
+    const QByteArray pdf = printing_->take();
+    printing_.reset();
     if (pdf.isEmpty()) fail("The page cannot be printed.");
     return pdf.toStdString();
   }
@@ -96,6 +105,81 @@ class PieceLoader {
 
   SafeProfile& profile_;
   SafePage page_;
+  std::optional<Wait<QByteArray>> printing_;
+};
+
+/// The pieces of a document, printed at one scale, several at once. The engine shrinks each page
+/// for itself, and none to less than two thirds; so what is wider than the paper is scaled here, by
+/// the widest piece, unless a single one is left to the engine.
+class PiecePrinter {
+ public:
+  PiecePrinter(SafeProfile& profile, int textSize, const HtmlPieces& pieces,
+               const QPageLayout& layout, const PrintProgress& progress)
+      : pieces_(pieces),
+        layout_(layout),
+        progress_(progress),
+        room_(layout.paintRect(QPageLayout::Inch).width() * kPixelsPerInch) {
+    const auto cores = static_cast<std::size_t>(std::clamp(QThread::idealThreadCount(), 1, 4));
+    while (lanes_.size() < std::min(cores, pieces.count())) {
+      lanes_.push_back(std::make_unique<PieceLoader>(profile, textSize));
+    }
+  }
+
+  /// Most documents are as wide as their first piece, and are printed once.
+  std::vector<std::string> print() {
+    load(0);
+    if (!printAll()) {
+      for (std::size_t i = 1; i < pieces_.count(); ++i) load(i);
+      printAll();
+    }
+    return std::move(printed_);
+  }
+
+ private:
+  PieceLoader& lane(std::size_t piece) { return *lanes_[piece % lanes_.size()]; }
+
+  void load(std::size_t piece) {
+    if (!progress_(piece, pieces_.count())) fail("The print was stopped.");
+    lane(piece).load(pieces_.piece(piece));
+    widest_ = std::max(widest_, lane(piece).width());
+  }
+
+  /// False when a piece is wider than those before it.
+  bool printAll() {
+    const double scale = scaleOf(widest_);
+    printed_.clear();
+    for (std::size_t i = 0; i < pieces_.count(); ++i) {
+      if (i >= lanes_.size()) printed_.push_back(lane(i).endPrint());
+      load(i);
+      if (scaleOf(widest_) != scale) {
+        takeRest(i);
+        return false;
+      }
+      if (scale != 1) lane(i).scale(scale);
+      lane(i).beginPrint(layout_);
+    }
+    takeRest(pieces_.count());
+    return true;
+  }
+
+  /// The pieces up to that one which are still being printed.
+  void takeRest(std::size_t end) {
+    while (printed_.size() < end) printed_.push_back(lane(printed_.size()).endPrint());
+  }
+
+  double scaleOf(double width) const {
+    const bool isCut = width > room_ * 1.5;
+    const bool isUneven = width > room_ && pieces_.count() > 1;
+    return isCut || isUneven ? room_ / width : 1;
+  }
+
+  const HtmlPieces& pieces_;
+  const QPageLayout& layout_;
+  const PrintProgress& progress_;
+  const double room_;  // pixels across the paper
+  double widest_ = 0;
+  std::vector<std::unique_ptr<PieceLoader>> lanes_;
+  std::vector<std::string> printed_;
 };
 
 }  // namespace
@@ -104,25 +188,7 @@ std::vector<std::string> printedPieces(SafeProfile& profile, const std::string& 
                                        int textSize, const QPageLayout& layout,
                                        const PrintProgress& progress) {
   const HtmlPieces pieces(document, kPagesOfAPiece);
-  const double room = layout.paintRect(QPageLayout::Inch).width() * kPixelsPerInch;
-  double widest = 0;
-  const auto printAll = [&](double scale) {
-    PieceLoader loader(profile, textSize);
-    std::vector<std::string> printed;
-    for (std::size_t i = 0; i < pieces.count(); ++i) {
-      if (!progress(i, pieces.count())) fail("The print was stopped.");
-      loader.load(pieces.piece(i));
-      widest = std::max(widest, loader.width());
-      if (scale != 1) loader.scale(scale);
-      printed.push_back(loader.print(layout));
-    }
-    return printed;
-  };
-  std::vector<std::string> printed = printAll(1);
-  // The engine shrinks each piece for itself, and none to less than two thirds.
-  const bool isCut = widest > room * 1.5;
-  const bool isUneven = widest > room && pieces.count() > 1;
-  return isCut || isUneven ? printAll(room / widest) : printed;
+  return PiecePrinter(profile, textSize, pieces, layout, progress).print();
 }
 
 }  // namespace paperway::web
