@@ -146,12 +146,18 @@ ShownNumberReader::ShownNumberReader(std::string_view pattern) {
     const auto behind = last != section.end() && last->is('.') ? last + 1 : last;
     Words words{wordsOf(section.begin(), pointFirst ? first - 1 : first),
                 wordsOf(behind, section.end())};
+    saysPercent_ |= (words.before + words.after).find('%') != std::string::npos;
     if (!words.before.empty() || !words.after.empty()) sections_.push_back(std::move(words));
   }
 }
 
 std::optional<double> ShownNumberReader::operator()(std::string_view text) const {
+  if (saysPercent_ && text.find('%') != text.npos) return readAsWorded(text);
   if (const auto number = shownNumber(text)) return number;
+  return readAsWorded(text);
+}
+
+std::optional<double> ShownNumberReader::readAsWorded(std::string_view text) const {
   for (const Words& words : sections_) {
     if (const auto number = readWithin(text, words)) return number;
   }

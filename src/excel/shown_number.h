@@ -24,9 +24,11 @@ class ShownNumberReader {
     std::string after;
   };
 
+  std::optional<double> readAsWorded(std::string_view text) const;
   static std::optional<double> readWithin(std::string_view text, const Words& words);
 
   std::vector<Words> sections_;  // of the pattern, where they have any
+  bool saysPercent_ = false;     // as a word, which divides nothing
 };
 
 }  // namespace paperway

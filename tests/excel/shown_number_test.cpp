@@ -41,6 +41,8 @@ TEST(ShownNumber, LeavesOutThePatternsWords) {
              Row{"$#,##0.00;($#,##0.00)", -5.5, Number(-5.5)},
              Row{"0.00 Dr;0.00 Cr", -2.0, Number(2)},  // no sign is shown
              Row{"0.00 \"Dr\";-0.00 \"Cr\"", -2.0, Number(-2)},
+             Row{"0\"%\"", 12.0, Number(12)},
+             Row{"0%", 0.12, Number(0.12)},
              Row{"Fixed", 0.125, Number(0.13)},
              Row{"00-00", 1234.0, Number()});
 }
