@@ -92,7 +92,7 @@ case "${1-}" in
     packages
     format
     build dev
-    build core -DPAPERWAY_TESTS=OFF -DPAPERWAY_WERROR=ON
+    build core -DCMAKE_BUILD_TYPE=Debug -DPAPERWAY_TESTS=OFF -DPAPERWAY_WERROR=ON
     static_checks
     fuzz --inputs 20000 --seconds 12
     tests dev

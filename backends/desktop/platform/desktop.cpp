@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <cmath>
 #include <cstdlib>
+#include <iostream>
 #include <string>
 
 #include "backends/desktop/browser_widget.h"
@@ -53,7 +54,14 @@ std::string offscreen(desktop::System& system, double scale) {
   return "offscreen:configfile=" + screen.string();
 }
 
+/// A screen that nobody sees has no use for the least size of a window, and Qt says so each time.
+void withoutSizeHints(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (text.contains(QLatin1String("propagateSizeHints"))) return;
+  std::cerr << qFormatLogMessage(type, context, text).toStdString() << "\n";
+}
+
 void leaveTheScreen(desktop::System& system, double scale) {
+  qInstallMessageHandler(withoutSizeHints);
   setenv("QT_QPA_PLATFORM", offscreen(system, scale).c_str(), 1);
   setenv("QT_SCALE_FACTOR", std::to_string(scale).c_str(), 1);
   setenv("XDG_RUNTIME_DIR", system.folders.temporary().c_str(), 0);
