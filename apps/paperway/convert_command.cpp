@@ -98,7 +98,9 @@ ReportTableArguments tableArguments(const Conversion& conversion, Progress& prog
       .totals = conversion.options.totals,
       .caller = kCaller,
       .onProgress = [&progress](const ReportProgress& done) { progress.tell(done); }};
-  if (!conversion.options.map.empty()) arguments.inputs.push_back(pathOf(conversion.options.map));
+  for (const std::string& map : {conversion.options.map, conversion.options.saveMap}) {
+    if (!map.empty()) arguments.inputs.push_back(pathOf(map));
+  }
   return arguments;
 }
 
@@ -110,7 +112,7 @@ FoundReport findReport(const Conversion& conversion) {
   if (!options.map.empty()) found.map = loadColumnMap(storage, pathOf(options.map), kCaller);
   if (!options.saveMap.empty()) {
     saveColumnMap(storage, pathOf(options.saveMap), found.map, kCaller,
-                  {pathOf(conversion.input.source())});
+                  {pathOf(conversion.input.source()), pathOf(options.out)});
   }
   if (options.show) std::cout << drawColumns(found, found.map);
   return found;
@@ -124,8 +126,9 @@ void warn(const ReportTableResult& result) {
               << "; see --show\n";
   }
   if (result.otherHeads > 0) {
-    std::cerr << "warning: " << result.otherHeads << " pages have another heading than the first; "
-              << "their rows are cut as those of the first are\n";
+    std::cerr << "warning: another heading than the first page's stands on " << result.otherHeads
+              << (result.otherHeads == 1 ? " page" : " pages")
+              << "; the rows there are cut as those of the first page are\n";
   }
 }
 

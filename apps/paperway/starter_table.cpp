@@ -107,19 +107,16 @@ std::string headingOf(const std::string& field) {
   return result + heading.substr(behindFirst);
 }
 
-std::string inQuotes(std::string_view text) {
-  if (text.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(text);
-  std::string cell = "\"";
-  for (const char c : text) cell += c == '"' ? "\"\"" : std::string(1, c);
-  return cell + '"';
-}
-
 std::string lineOf(const FieldSample& field) {
   const std::string heading = headingOf(field.name);
   const std::size_t width = std::max({field.width(), characterCount(heading), std::size_t{1}});
   const std::string type(1, field.type());
-  return inQuotes(field.name) + "," + inQuotes(heading) + "," + std::to_string(width) + ",1," +
-         type + (type == "N" ? ",R," : ",L,") + inQuotes(field.pattern()) + ",N\n";
+  std::string line;
+  appendCsvCell(line, field.name);
+  appendCsvCell(line += ',', heading);
+  line += "," + std::to_string(width) + ",1," + type + (type == "N" ? ",R," : ",L,");
+  appendCsvCell(line, field.pattern());
+  return line + ",N\n";
 }
 
 void warnOfWidth(const FieldSample& field) {

@@ -97,9 +97,9 @@ class ColumnSearch {
     joinPieces();
     ColumnMap map;
     for (const Piece& piece : pieces_) {
-      const PieceFacts known = facts(piece);
+      facts_.push_back(facts(piece));
       ReportColumn column{.begin = piece.begin, .end = piece.end};
-      known.kind.tell(column);
+      facts_.back().kind.tell(column);
       column.heading = headingOf(piece);
       map.columns.push_back(std::move(column));
     }
@@ -199,7 +199,7 @@ class ColumnSearch {
     for (std::size_t i = 1; i < map.columns.size(); ++i) {
       ReportColumn& before = map.columns[i - 1];
       ReportColumn& column = map.columns[i];
-      const std::size_t edge = edgeBetween(pieces_[i - 1], pieces_[i]);
+      const std::size_t edge = edgeBefore(i);
       before.end = column.begin = edge;
       column.leftSlack = edge - pieces_[i - 1].end;
       column.rightSlack = pieces_[i].begin - edge;
@@ -208,10 +208,12 @@ class ColumnSearch {
     map.columns.back().end = std::max(map.columns.back().end, widest());
   }
 
-  std::size_t edgeBetween(const Piece& left, const Piece& right) const {
+  std::size_t edgeBefore(std::size_t piece) const {
+    const Piece& left = pieces_[piece - 1];
+    const Piece& right = pieces_[piece];
     if (const auto edge = edgeWithin(left.end, right.begin)) return *edge;
-    if (facts(right).left) return right.begin;
-    if (facts(left).right) return left.end;
+    if (facts_[piece].left) return right.begin;
+    if (facts_[piece - 1].right) return left.end;
     return (left.end + right.begin + 1) / 2;
   }
 
@@ -223,6 +225,7 @@ class ColumnSearch {
 
   const Evidence& evidence_;
   std::vector<Piece> pieces_;
+  std::vector<PieceFacts> facts_;  // of each, when they are joined
 };
 
 /// Without a head the first row may be one: words above numbers.
@@ -301,7 +304,7 @@ FoundReport findColumns(Storage& storage, const std::filesystem::path& file,
   found.form = std::move(reader.form);
   found.groups = std::min<std::size_t>(evidence.groups, 2);
   found.firstRowIsHeading = takesFirstRowAsHeading(evidence);
-  if (found.form.paperways) addSerialEdge(evidence);
+  if (found.form.byTextRpt) addSerialEdge(evidence);
   evidence.tidyEdges();
   found.map = ColumnSearch(evidence).find();
   found.headings = std::move(evidence.headings);

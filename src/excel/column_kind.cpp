@@ -35,8 +35,10 @@ bool isExact(std::string_view cell) {
 
 }  // namespace
 
-bool isNumberCell(std::string_view text) {
-  return text.find_first_of("Ee") == text.npos && shownNumber(text).has_value() && isExact(text);
+std::optional<double> cellNumber(std::string_view text) {
+  if (text.find_first_of("Ee") != text.npos) return std::nullopt;
+  const auto number = shownNumber(text);
+  return number && isExact(text) ? number : std::nullopt;
 }
 
 ColumnKind::ColumnKind() : patterns_(datePatterns()) {}
@@ -44,7 +46,7 @@ ColumnKind::ColumnKind() : patterns_(datePatterns()) {}
 void ColumnKind::add(std::string_view cell) {
   if (cell.find_first_not_of('-') == cell.npos) return;
   ++cells_;
-  numbers_ = numbers_ && isNumberCell(cell);
+  numbers_ = numbers_ && cellNumber(cell).has_value();
   if (numbers_) return addNumber(cell);
   std::erase_if(patterns_, [&](std::string_view pattern) { return !shownDate(cell, pattern); });
 }

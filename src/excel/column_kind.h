@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,9 +9,9 @@
 
 namespace paperway {
 
-/// Whether a cell says a number that loses nothing when it becomes one: no code with a leading
-/// zero, no more than fifteen digits that tell.
-bool isNumberCell(std::string_view text);
+/// The number that a cell says, when nothing is lost by taking it: no code with a leading zero, no
+/// more than fifteen digits that tell.
+std::optional<double> cellNumber(std::string_view text);
 
 /// What the cells of one column have in common, as they come. Empty ones, and dashes that stand for
 /// nothing, count for no kind.

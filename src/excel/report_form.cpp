@@ -45,13 +45,13 @@ class FormFinder {
  public:
   explicit FormFinder(std::string_view beginning) : lines_(linesOf(beginning)) {
     constexpr std::string_view kIndent = "                 ";
-    form_.paperways = !lines_.empty() && lines_[0].text == kIndent;
+    form_.byTextRpt = !lines_.empty() && lines_[0].text == kIndent;
   }
 
   ReportForm find() {
     findHead();
     if (form_.head == ReportForm::Head::none) {
-      form_.paperways = false;
+      form_.byTextRpt = false;
       findRepeated();
     }
     countLengths();
@@ -70,14 +70,14 @@ class FormFinder {
     for (std::size_t i = 0; i < end; ++i) {
       if (!isFull(lines_[i])) continue;
       const std::size_t between = before ? i - *before - 1 : 0;
-      const bool frames = form_.paperways ? between == 1 && lines_[i - 1].styled
+      const bool frames = form_.byTextRpt ? between == 1 && lines_[i - 1].styled
                                           : between >= 1 && between <= kMostHeadings &&
                                                 saysHeadings(i - between, i);
       if (before && frames) return setHead(ReportForm::Head::framed, i);
       if (!before) first_ = i;
       before = i;
     }
-    if (first_ && *first_ > 0 && *first_ < kMostUnderlined && !form_.paperways) {
+    if (first_ && *first_ > 0 && *first_ < kMostUnderlined && !form_.byTextRpt) {
       setHead(ReportForm::Head::underlined, *first_);
     }
   }
@@ -113,7 +113,7 @@ class FormFinder {
     };
     for (std::size_t i = form_.headLines; i < lines_.size(); ++i) {
       const FormLine& line = lines_[i];
-      if (line.text.empty() || rule(i) || (form_.paperways && line.styled)) continue;
+      if (line.text.empty() || rule(i) || (form_.byTextRpt && line.styled)) continue;
       if (rule(i + 1) && (rule(i - 1) || lines_[i + 1].text.find('=') != std::string::npos)) {
         continue;
       }
@@ -128,7 +128,7 @@ class FormFinder {
     const auto most = std::max_element(lengths_.begin(), lengths_.end());
     if (most == lengths_.end()) return;
     const auto usual = static_cast<std::size_t>(most - lengths_.begin());
-    if (form_.paperways) {
+    if (form_.byTextRpt) {
       const bool full = width_ < lengths_.size() && lengths_[width_] * 3 >= *most;
       form_.rowLength = full ? width_ : usual;
     } else if (*most * 10 >= counted_ * 6 && lengthTellsRows(usual)) {

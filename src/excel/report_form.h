@@ -20,7 +20,7 @@ struct ReportForm {
   std::size_t headLines = 0;               // of the first page
   std::vector<std::string> repeated;       // without a heading: what each page begins with
   std::optional<std::size_t> rowLength{};  // of every row; none: rows are of any length
-  bool paperways = false;                  // written by Text_Rpt, whose rules are known
+  bool byTextRpt = false;                  // written by Text_Rpt, whose rules are known
   bool allRows = false;                    // no line is a group's header
 };
 

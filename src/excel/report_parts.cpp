@@ -26,7 +26,7 @@ void ReportParts::line(std::string_view raw) {
 
 /// Cells keep the bytes that the host put into them, a form feed included.
 bool ReportParts::isRowWithControls(std::string_view raw) const {
-  return state_ != State::head && form_.paperways && form_.rowLength == raw.size() &&
+  return state_ != State::head && form_.byTextRpt && form_.rowLength == raw.size() &&
          !isControl(raw.front());
 }
 
@@ -83,7 +83,7 @@ bool ReportParts::endsHead(const Line& line) {
   if (form_.head == ReportForm::Head::underlined) return true;
   const std::size_t at = held_.size() - 1;
   const std::size_t between = firstRule_ ? at - *firstRule_ - 1 : 0;
-  const bool frames = form_.paperways ? between == 1 && held_[at - 1].styled
+  const bool frames = form_.byTextRpt ? between == 1 && held_[at - 1].styled
                                       : between >= 1 && between <= kMostHeadings;
   if (!frames) firstRule_ = at;
   return frames;
@@ -133,7 +133,7 @@ void ReportParts::body(Line line) {
   }
   if (!line.styled && isRule(line.text)) return rule(line);
   const bool empty = isBlank(line.text) && form_.rowLength != line.text.size();
-  if (empty && !form_.paperways) return;
+  if (empty && !form_.byTextRpt) return;
   if (state_ == State::section) {
     held_.push_back(line);
     if (held_.size() > kMostTotals + 1) {
@@ -149,7 +149,7 @@ void ReportParts::body(Line line) {
 /// Double dashes close what stands above them; others open a total, or close it.
 void ReportParts::rule(Line line) {
   if (state_ == State::section) return closeSection(line.text);
-  if (form_.paperways && line.text.find('=') != line.text.npos) {
+  if (form_.byTextRpt && line.text.find('=') != line.text.npos) {
     sink_.footRule(line.text);
     tellTotal();
     if (!held_.empty()) sink_.total(held_.back().text, ReportPartsSink::Total::outer);
@@ -200,7 +200,7 @@ void ReportParts::rowOrGroup(const Line& line) {
 
 bool ReportParts::isRow(const Line& line) const {
   if (form_.allRows) return true;
-  if (form_.paperways && line.styled) return false;
+  if (form_.byTextRpt && line.styled) return false;
   if (form_.rowLength) return line.text.size() == *form_.rowLength;
   return pieces(line.text) > 1;
 }

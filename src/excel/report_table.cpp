@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <utility>
 
 #include "excel/column_cuts.h"
@@ -10,14 +9,15 @@
 #include "excel/report_lines.h"
 #include "excel/report_parts.h"
 #include "excel/shown_date.h"
-#include "excel/shown_number.h"
 #include "platform/input_file.h"
 #include "platform/output_file.h"
 #include "platform/output_lines.h"
 #include "printed/plain_line.h"
 #include "printed/printed_reader.h"
 #include "util/code_page.h"
+#include "util/format_pattern.h"
 #include "util/text.h"
+#include "util/value_text.h"
 
 namespace paperway {
 namespace {
@@ -81,8 +81,10 @@ class SheetRows {
   void group(std::string_view text, bool bold) { putText(bold ? kBold : kPlain, text); }
 
   void cell(std::size_t index, const ReportColumn& column, std::string_view bytes, bool bold) {
-    if (column.kind == ReportColumn::Kind::number && isNumberCell(bytes)) {
-      return book_->numberCell(formatOf(index, bold), *shownNumber(bytes));
+    if (column.kind == ReportColumn::Kind::number) {
+      if (const auto number = cellNumber(bytes)) {
+        return book_->numberCell(formatOf(index, bold), *number);
+      }
     }
     if (column.kind == ReportColumn::Kind::date) {
       if (const auto date = shownDate(bytes, column.pattern)) {
@@ -156,56 +158,36 @@ class CsvRows {
   }
 
  private:
-  static bool needsQuotes(char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; }
-
   void beginCell() {
     if (std::exchange(begun_, true)) line_ += ',';
   }
 
   void put(std::string_view text) {
     beginCell();
-    if (std::none_of(text.begin(), text.end(), needsQuotes)) {
-      line_ += text;
-      return;
-    }
-    line_ += '"';
-    for (const char c : text) line_.append(c == '"' ? 2 : 1, c);
-    line_ += '"';
+    appendCsvCell(line_, text);
   }
 
   bool putNumber(std::string_view shown) {
-    if (!isNumberCell(shown)) return false;
+    const auto number = cellNumber(shown);
+    if (!number) return false;
     beginCell();
-    if (!appendDigits(line_, shown)) appendValue(*shownNumber(shown));
+    if (!appendDigits(line_, shown)) appendDecimalText(line_, *number);
     return true;
   }
 
-  void appendValue(double number);
-
   void putDate(const Date& date) {
-    std::array<char, 32> text;
-    const int day = std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", date.year,
-                                  int{date.month}, int{date.day});
     beginCell();
-    line_.append(text.data(), static_cast<std::size_t>(day));
-    if (!date.hasTime()) return;
-    const int time = std::snprintf(text.data(), text.size(), " %02d:%02d:%02d", int{date.hour},
-                                   int{date.minute}, int{date.second});
-    line_.append(text.data(), static_cast<std::size_t>(time));
+    (date.hasTime() ? dayAndTime_ : day_).append(line_, ValueView(date));
   }
 
+  const FormatPattern day_{"yyyy-mm-dd"};
+  const FormatPattern dayAndTime_{"yyyy-mm-dd hh:nn:ss"};
   OutputFile file_;
   OutputLines out_;
   std::string line_;
   bool begun_ = false;
   Decoded decoded_;
 };
-
-void CsvRows::appendValue(double number) {
-  std::array<char, 32> text;
-  const int size = std::snprintf(text.data(), text.size(), "%.15g", number);
-  line_.append(text.data(), static_cast<std::size_t>(size));
-}
 
 /// Tells the rows of a table of what a report has.
 template <class Rows>

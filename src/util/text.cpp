@@ -149,6 +149,17 @@ std::string_view trimBlanks(std::string_view text) {
   return text.substr(begin, end - begin);
 }
 
+void appendCsvCell(std::string& out, std::string_view text) {
+  const auto needsQuotes = [](char c) { return c == ',' || c == '"' || c == '\r' || c == '\n'; };
+  if (std::none_of(text.begin(), text.end(), needsQuotes)) {
+    out += text;
+    return;
+  }
+  out += '"';
+  for (const char c : text) out.append(c == '"' ? 2 : 1, c);
+  out += '"';
+}
+
 std::size_t asciiLength(std::string_view text) {
   constexpr std::uint64_t kHighBits = 0x8080808080808080;
   std::size_t i = 0;

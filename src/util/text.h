@@ -68,6 +68,9 @@ void appendCharacter(std::string& out, char32_t character);
 std::string_view leftCharacters(std::string_view text, std::size_t count);
 std::string_view rightCharacters(std::string_view text, std::size_t count);
 
+/// A text as a cell of comma-separated values: in quotes where it needs them.
+void appendCsvCell(std::string& out, std::string_view text);
+
 /// Takes the first line off the text. A line ends at CR LF or at LF; a lone CR is text.
 std::string_view takeLine(std::string_view& text);
 

@@ -58,5 +58,6 @@ for same in a.csv page.html; do
 done
 printf '   1 |    7 | number | 0 | #\n   8 | 18 | text | | Voucher\n' >wrong.map
 expect 0 'have words across the edge of a column, the first is row 1' convert a.txt b.csv --map wrong.map
+expect 1 'Cannot write "./a.csv"' convert a.txt a.csv --save-map ./a.csv
 same a.csv before.csv
 finish

@@ -4,9 +4,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "excel/shown_date.h"
 #include "support/error_of.h"
-#include "support/expect_each.h"
 #include "support/files.h"
 #include "support/report_fixture.h"
 #include "util/format_pattern.h"

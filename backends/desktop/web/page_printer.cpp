@@ -127,10 +127,10 @@ class PiecePrinter {
 
   /// Most documents are as wide as their first piece, and are printed once.
   std::vector<std::string> print() {
-    load(0);
     if (!printAll()) {
-      for (std::size_t i = 1; i < pieces_.count(); ++i) load(i);
-      printAll();
+      for (std::size_t i = 0; i < pieces_.count(); ++i) load(i);
+      while (!printAll()) {  // each time because something has become wider
+      }
     }
     return std::move(printed_);
   }
@@ -146,11 +146,12 @@ class PiecePrinter {
 
   /// False when a piece is wider than those before it.
   bool printAll() {
-    const double scale = scaleOf(widest_);
     printed_.clear();
+    double scale = 1;
     for (std::size_t i = 0; i < pieces_.count(); ++i) {
       if (i >= lanes_.size()) printed_.push_back(lane(i).endPrint());
       load(i);
+      if (i == 0) scale = scaleOf(widest_);
       if (scaleOf(widest_) != scale) {
         takeRest(i);
         return false;
