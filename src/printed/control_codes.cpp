@@ -7,7 +7,6 @@ namespace {
 
 using std::string_view_literals::operator""sv;
 
-constexpr char kEscape = '\x1B';
 constexpr std::size_t kMostStops = 32;  // of a tab list
 
 constexpr std::string_view kOneParameter = "-WxktpSAJj3NlQaUrsRwImiqV+ !/%\x19"sv;

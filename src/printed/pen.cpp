@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "printed/bit_image.h"
+#include "printed/control_codes.h"
+
 namespace paperway {
 namespace {
 
-constexpr char kEscape = '\x1B';
 constexpr double kTabColumns = 8;
-constexpr double kRounding = 1e-6;  // columns
+constexpr double kRounding = 1e-6;     // columns
+constexpr double kPlacesPerInch = 60;  // of ESC $
+constexpr double kStepsPerInch = 120;  // of ESC \ and ESC SP
 
 constexpr char kShiftOut = '\x0E';
 constexpr char kShiftIn = '\x0F';
@@ -61,6 +65,9 @@ void PrinterPitch::obey(std::string_view code) {
     case kEscaped + 'W':
       wide_ = isOn(byteAt(code, 2));
       break;
+    case kEscaped + ' ':
+      space_ = numberAt(code, 2);
+      break;
     case kEscaped + '!':
       selectAll(static_cast<unsigned char>(byteAt(code, 2)));
       break;
@@ -79,8 +86,8 @@ void PrinterPitch::selectAll(unsigned mask) {
 }
 
 double PrinterPitch::singleCpi() const {
-  if (!condensed_ || base_ == 15) return base_;
-  return base_ == 12 ? 20 : 120.0 / 7;
+  const double cpi = !condensed_ || base_ == 15 ? base_ : base_ == 12 ? 20 : 120.0 / 7;
+  return space_ == 0 ? cpi : 1 / (1 / cpi + space_ / kStepsPerInch);
 }
 
 void PrintedStyle::obey(std::string_view code) {
@@ -121,18 +128,48 @@ void Pen::obey(std::string_view code) {
     case '\t':
       return tab();
     case '\b':
-      return moveTo(std::max(0.0, left() - 1 / cpi_));
+      return moveTo(std::max(margin_, left() - 1 / cpi_));
     case '\r':
-      moveTo(0);
+      moveTo(margin_);
       break;
     default:
       style_.obey(code);
+      if (widths_ != Widths::given) obeyMotion(code);
       break;
   }
   pitch_.obey(code);
   if (cpiInForce() == cpi_) return;
   moveTo(left());
   cpi_ = cpiInForce();
+}
+
+/// Columns of a margin and of stops are those of the pitch in which they are set.
+void Pen::obeyMotion(std::string_view code) {
+  const auto columns = [&](std::size_t offset) { return numberAt(code, offset) / cpi_; };
+  const int number = numberAt(code, 2) + 256 * numberAt(code, 3);
+  if (const auto image = bitImageOf(code)) return moveTo(left() + image->width());
+  switch (commandOf(code)) {
+    case '\v':
+      return moveTo(margin_);
+    case kEscaped + '$':
+      return moveTo(margin_ + number / kPlacesPerInch);
+    case kEscaped + '\\':
+      return moveTo(std::max(margin_, left() + static_cast<std::int16_t>(number) / kStepsPerInch));
+    case kEscaped + 'l':
+      margin_ = columns(2);
+      return moveTo(margin_);
+    case kEscaped + 'D':
+      stopsSet_ = true;
+      stops_.clear();
+      for (std::size_t at = 2; at + 1 < code.size(); ++at) stops_.push_back(columns(at));
+      break;
+    case kEscaped + '@':
+      margin_ = 0;
+      stopsSet_ = false;
+      break;
+    default:
+      break;
+  }
 }
 
 double Pen::cpiInForce() const {
@@ -154,7 +191,7 @@ void Pen::giveCpi(double cpi) {
 void Pen::endLine() {
   pitch_.endLine();
   cpi_ = cpiInForce();
-  moveTo(0);
+  moveTo(margin_);
 }
 
 void Pen::moveTo(double left) {
@@ -163,8 +200,13 @@ void Pen::moveTo(double left) {
 }
 
 void Pen::tab() {
-  const double columns = left() * cpi_;
-  moveTo((std::floor(columns / kTabColumns + kRounding) + 1) * kTabColumns / cpi_);
+  if (stopsSet_) {
+    const auto isBeyond = [&](double stop) { return margin_ + stop > left() + kRounding; };
+    const auto next = std::find_if(stops_.begin(), stops_.end(), isBeyond);
+    return next == stops_.end() ? void() : moveTo(margin_ + *next);
+  }
+  const double columns = (left() - margin_) * cpi_;
+  moveTo(margin_ + (std::floor(columns / kTabColumns + kRounding) + 1) * kTabColumns / cpi_);
 }
 
 }  // namespace paperway

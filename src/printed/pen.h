@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 namespace paperway {
 
@@ -27,6 +28,7 @@ class PrinterPitch {
   void selectAll(unsigned mask);
 
   int base_ = 10;
+  int space_ = 0;  // 1/120 inch more between two characters
   bool condensed_ = false;
   bool wide_ = false;
   bool wideLine_ = false;  // until the line ends
@@ -44,8 +46,9 @@ struct PrintedStyle {
 
 /// Where the next character of a line stands, how wide it is and in what style. The rules are the
 /// same for everything that reads printed text: a tab goes to the next eighth column at the pitch
-/// in force, a backspace one character back, a CR to the beginning of the line; a DEL takes no
-/// place.
+/// in force, or to the stops that were set, a backspace one character back, a CR to the beginning
+/// of the line, which is the left margin; a DEL takes no place. Places in inches and stops are
+/// nothing for text of a given pitch.
 class Pen {
  public:
   /// Pages drawn by a computer know no double width; text in fonts of its own has a given pitch.
@@ -56,7 +59,7 @@ class Pen {
     cpi_ = cpiInForce();
   }
 
-  /// Inches from the beginning of the line.
+  /// Inches from where a line without a margin begins.
   double left() const { return from_ + static_cast<double>(count_) / cpi_; }
   double leftAfter(std::size_t characters) const {
     return from_ + static_cast<double>(count_ + characters) / cpi_;
@@ -74,6 +77,7 @@ class Pen {
 
  private:
   double cpiInForce() const;
+  void obeyMotion(std::string_view code);
   void moveTo(double left);
   void tab();
 
@@ -81,6 +85,9 @@ class Pen {
   Widths widths_;
   PrintedStyle style_;
   double cpi_ = 10;
+  double margin_ = 0;          // inches
+  std::vector<double> stops_;  // inches from the margin
+  bool stopsSet_ = false;
   double from_ = 0;        // inches, and behind it
   std::size_t count_ = 0;  // characters at the pitch in force
 };

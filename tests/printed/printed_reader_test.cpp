@@ -64,7 +64,7 @@ TEST(PrintedReader, TellsTextAndWhereItStands) {
              Row{"\033-1a\033!\110b\033@c", " 3! 0_a 3! 1*~b 2! 2c"},
              Row{std::string("\033C\0\fx", 5), " 4! 0x"},
              Row{"\033", " 1! "},
-             Row{"\033$\f\nx", " 4! 0x"},
+             Row{std::string("\033$\036\000x", 5), " 4! 5x"},
              Row{std::string("\033K\002\000\f\nx", 7), " 6! 0x"},
              Row{"x\033*\041\002", "0x 4! "},
              Row{std::string("\033(U\001\000\nx", 7), " 6! 0x"},

@@ -42,7 +42,7 @@ TEST(ExtentScan, MeasuresLinesByTheirCommands) {
              Row{"\017\033Mxx\033P\ty", plain, 315},
              Row{ten + "\b\b\x7F" + "xy", plain, 600},
              Row{"\b\bx", plain, 60},
-             Row{ten + "\033*\001\003" + std::string("\000ABCx", 5), plain, 660},
+             Row{ten + "\033*\001\003" + std::string("\000ABCx", 5), plain, 675},
              Row{std::string("\033D\004\010\000x", 6) + "\033J\n" + ten, plain, 660},
              Row{ten + "\r" + ten, plain, 600},
              Row{"ab\f\r\n" + ten, plain, 600});
