@@ -12,10 +12,10 @@
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
 #include "apps/paperway/machine.h"
+#include "apps/paperway/print_options.h"
 #include "apps/paperway/printer_choice.h"
 #include "apps/paperway/report_input.h"
 #include "apps/paperway/user_printers.h"
-#include "backends/desktop/system/work_file.h"
 #include "platform/input_file.h"
 #include "printed/page_ranges.h"
 #include "printing/drawn_report.h"
@@ -27,31 +27,11 @@
 namespace paperway::command {
 namespace {
 
-struct PrintOptions {
-  std::string file;
-  std::string printer;
-  std::string pages;
-  int copies = 1;
-  int pitch = 10;
-  int paper = kUsualPaper;
-  std::vector<int> tear{0, 0};
-  bool styled = false;
-  std::string pdf;
-  PageRanges chosen = PageRange{0, PageRanges::kToTheEnd};
-};
-
 void readPages(PrintOptions& options) {
   if (options.pages.empty()) return;
   const auto chosen = PageRanges::read(options.pages);
   if (!chosen) throw CLI::ValidationError("--pages", "takes pages and ranges, such as 1,3,7-9,12-");
   options.chosen = *chosen;
-}
-
-void requirePages(const PrintOptions& options, std::int64_t count) {
-  const auto missing = options.chosen.missing(count);
-  if (!missing) return;
-  throw std::runtime_error(options.file + " has " + std::to_string(count) + " pages, and no page " +
-                           std::to_string(*missing + 1) + ".");
 }
 
 void warn(const std::vector<std::string>& warnings) {
@@ -64,24 +44,6 @@ ReportExtent extentOf(Storage& storage, const std::string& file, const PrintOpti
   return scan.end();
 }
 
-/// The report, or a work file of this job alone with the pages that were asked for.
-class FileToPrint {
- public:
-  FileToPrint(const PrintOptions& options, Storage& storage, Folders& folders)
-      : path_(options.file) {
-    if (options.pages.empty() || !std::filesystem::exists(path_)) return;
-    part_.emplace(folders, path_.filename().string());
-    path_ = part_->path();
-    requirePages(options, writePages(storage, options.file, options.chosen, path_));
-  }
-
-  std::string path() const { return path_.string(); }
-
- private:
-  std::filesystem::path path_;
-  std::optional<desktop::WorkFile> part_;
-};
-
 void printRaw(PrintOptions options) {
   Machine machine;
   StoppablePrinters user;
@@ -91,15 +53,7 @@ void printRaw(PrintOptions options) {
   const Platform platform = screenless.with(user.spooler, user.printers, screenless.printDevice);
   const FileToPrint part(options, platform.storage, platform.folders);
   const std::string file = part.path();
-  PrintFileArguments arguments{.fileName = file,
-                               .printerName = options.printer,
-                               .paperHeight = static_cast<std::int16_t>(options.paper),
-                               .cond = options.pitch == 17 ? std::uint8_t{1} : std::uint8_t{0},
-                               .semiCond = options.pitch == 12 ? std::uint8_t{1} : std::uint8_t{0},
-                               .copies = static_cast<std::uint8_t>(options.copies),
-                               .linesIn = static_cast<std::uint8_t>(options.tear[0]),
-                               .linesOut = static_cast<std::uint8_t>(options.tear[1]),
-                               .sources = {input.source()}};
+  PrintFileArguments arguments = rawArguments(options, file, input.source());
   arguments.printerName = printerFor(options.printer, user.printers);
   if (std::filesystem::is_regular_file(file)) {
     warn(
@@ -182,8 +136,22 @@ void addWays(CLI::App& print, PrintOptions& options) {
   CLI::Option* pdf =
       print.add_option("--pdf", options.pdf, "Draw the pages into a file; - is standard output")
           ->type_name("OUT.pdf");
-  styled->excludes(pdf);
-  for (CLI::Option* raw : {pitch, paper, tear}) {
+  CLI::Option* picture = print
+                             .add_option("--paper-picture", options.paperPicture,
+                                         "Draw the paper as it will come out of the printer")
+                             ->type_name("OUT.pdf|OUT.png");
+  CLI::Option* fanfold =
+      print.add_option("--fanfold", options.fanfold, "The sheets of that paper, in inches")
+          ->type_name("HEIGHT|WIDTHxHEIGHT")
+          ->default_str("the printer's, or as high as --paper")
+          ->needs(picture);
+  CLI::Option* pins = print.add_option("--pins", options.pins, "Of the printer's head: 9 or 24")
+                          ->check(CLI::IsMember({9, 24}))
+                          ->capture_default_str()
+                          ->needs(picture);
+  styled->excludes(pdf)->excludes(picture);
+  pdf->excludes(picture);
+  for (CLI::Option* raw : {pitch, paper, tear, fanfold, pins}) {
     styled->excludes(raw);
     pdf->excludes(raw);
   }
@@ -217,14 +185,19 @@ void addPrint(CLI::App& app) {
       "  paperway print ledger.txt --printer Matrix --pitch 17 --paper 12 --tear 3,5\n"
       "  paperway print ledger.txt --pages 1,3,7-9 --copies 2\n"
       "  paperway print ledger.txt --styled --printer Laser\n"
-      "  paperway print ledger.txt --pages 1 --pdf first.pdf");
+      "  paperway print ledger.txt --pages 1 --pdf first.pdf\n"
+      "  paperway print ledger.txt --pitch 17 --paper 12 --paper-picture paper.pdf --fanfold 11");
   print->callback([options] {
     readPages(*options);
     if (options->pdf == "-" && isatty(STDOUT_FILENO) != 0) {
       throw CLI::ValidationError("--pdf", "a PDF is nothing for a terminal to show");
     }
     const bool drawn = options->styled || !options->pdf.empty();
-    forFile("print", options->file, [&] { drawn ? printStyled(*options) : printRaw(*options); });
+    if (!options->paperPicture.empty()) requirePaperPicture(*options);
+    forFile("print", options->file, [&] {
+      if (!options->paperPicture.empty()) return drawPaper(*options);
+      drawn ? printStyled(*options) : printRaw(*options);
+    });
   });
 }
 

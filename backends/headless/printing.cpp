@@ -57,6 +57,18 @@ class RecordedPages : public StyledJob {
   std::shared_ptr<PrintDevice::Drawn> drawn_;
 };
 
+class RecordedSheets : public SheetJob {
+ public:
+  explicit RecordedSheets(std::shared_ptr<PrintDevice::Pictured> pictured)
+      : pictured_(std::move(pictured)) {}
+
+  void sheet(const Sheet& sheet) override { pictured_->sheets.push_back(sheet); }
+  void end() override { pictured_->ended = true; }
+
+ private:
+  std::shared_ptr<PrintDevice::Pictured> pictured_;
+};
+
 }  // namespace
 
 const PrinterInfo* Printers::find(const std::string& printer) const {
@@ -107,6 +119,12 @@ std::unique_ptr<StyledJob> PrintDevice::start(const StyledDocument& document) {
   documents.push_back(std::make_shared<Drawn>());
   documents.back()->document = document;
   return std::make_unique<RecordedPages>(documents.back());
+}
+
+std::unique_ptr<SheetJob> PrintDevice::startSheets(const SheetDocument& document) {
+  pictures.push_back(std::make_shared<Pictured>());
+  pictures.back()->document = document;
+  return std::make_unique<RecordedSheets>(pictures.back());
 }
 
 }  // namespace paperway::headless

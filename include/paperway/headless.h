@@ -191,9 +191,17 @@ class PAPERWAY_API PrintDevice : public paperway::PrintDevice {
 
   explicit PrintDevice(const Printers& printers) : printers_(printers) {}
 
-  std::unique_ptr<StyledJob> start(const StyledDocument& document) override;
+  struct Pictured {
+    SheetDocument document;
+    std::vector<Sheet> sheets;
+    bool ended = false;
+  };
 
-  std::vector<std::shared_ptr<Drawn>> documents;  // newest last
+  std::unique_ptr<StyledJob> start(const StyledDocument& document) override;
+  std::unique_ptr<SheetJob> startSheets(const SheetDocument& document) override;
+
+  std::vector<std::shared_ptr<Drawn>> documents;    // newest last
+  std::vector<std::shared_ptr<Pictured>> pictures;  // the same
 
  private:
   const Printers& printers_;

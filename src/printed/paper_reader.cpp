@@ -99,7 +99,24 @@ void PaperReader::text(std::string_view bytes, const Pen& pen) {
     text.height = 0.5;
     if (script_ < 0) text.top += kLine / 2;
   }
-  sink_.text(text);
+  text.codeTable == kItalicTable ? italicText(text) : sink_.text(text);
+}
+
+/// The upper half of the italic table is the lower one, slanted.
+void PaperReader::italicText(PaperText text) {
+  const auto isUpper = [](char byte) { return (byte & '\x80') != 0; };
+  const bool italic = text.style.italic;
+  for (std::string_view left = text.bytes; !left.empty(); left.remove_prefix(text.bytes.size())) {
+    const bool slanted = isUpper(left[0]);
+    const auto end =
+        std::find_if(left.begin(), left.end(), [&](char byte) { return isUpper(byte) != slanted; });
+    std::string letters(left.begin(), end);
+    for (char& letter : letters) letter = static_cast<char>(letter & 0x7F);
+    text.bytes = letters;
+    text.style.italic = italic || slanted;
+    sink_.text(text);
+    text.left += static_cast<double>(letters.size()) / text.cpi;
+  }
 }
 
 bool PaperReader::lineEnd(const Pen&) {

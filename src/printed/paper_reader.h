@@ -20,7 +20,7 @@ struct PaperText {
   double height = 1;  // of a usual character
   PrintedStyle style;
   int color = 0;  // of the ribbon: 0 black, 1 magenta, 2 cyan, 3 violet, 4 yellow, 5 red, 6 green
-  int codeTable = 437;  // of the bytes from 128 up
+  int codeTable = 437;  // of the bytes from 128 up; 0 when there are none
 };
 
 struct PaperImage {
@@ -70,6 +70,7 @@ class PaperReader {
  private:
   static constexpr int kTables = 4;
 
+  void italicText(PaperText text);
   void resetTables();
   bool obeyLook(std::string_view code);
   bool obeyTable(std::string_view code);

@@ -13,7 +13,7 @@ namespace {
 /// pitch.
 class PageDrawing : public NoEvents {
  public:
-  explicit PageDrawing(PrinterPitch pitch) : reader_(*this, Pen(pitch, Pen::Widths::drawn)) {}
+  explicit PageDrawing(Pen pen) : reader_(*this, std::move(pen)) {}
   PageDrawing(const PageDrawing&) = delete;
   PageDrawing& operator=(const PageDrawing&) = delete;
 
@@ -28,7 +28,7 @@ class PageDrawing : public NoEvents {
     return std::move(page_);
   }
 
-  const PrinterPitch& pitch() const { return reader_.pen().pitch(); }
+  const Pen& pen() const { return reader_.pen(); }
 
   // Events.
   void text(std::string_view bytes, const Pen& pen) {
@@ -50,13 +50,14 @@ class PageDrawing : public NoEvents {
 };
 
 /// Each character stands at the pitch that the page's codes ask for, in the look of its run; codes
-/// and what the page hides leave no trace. `pitch` is that of the page's beginning, and afterwards
-/// of its end.
-PrintedPage drawnPage(const std::vector<StyledRun>& runs, PrinterPitch& pitch) {
-  PageDrawing drawing(pitch);
+/// and what the page hides leave no trace. `pen` is that of the page's beginning, and afterwards
+/// of the next one's: pitch, margin and tab stops last.
+PrintedPage drawnPage(const std::vector<StyledRun>& runs, Pen& pen) {
+  PageDrawing drawing(pen);
   for (const StyledRun& run : runs) drawing.add(run);
   PrintedPage page = drawing.end();
-  pitch = drawing.pitch();
+  pen = drawing.pen();
+  pen.endLine();
   return page;
 }
 
@@ -68,11 +69,13 @@ PrintedPage drawnPage(const std::vector<StyledRun>& runs, PrinterPitch& pitch) {
 class PageByPage {
  public:
   PageByPage(const DrawnReport& drawn, StyledJob& job)
-      : drawn_(drawn), job_(job), pitch_(drawn.report.pitchOf(drawn.pages.at(0))) {}
+      : drawn_(drawn),
+        job_(job),
+        pen_(drawn.report.pitchOf(drawn.pages.at(0)), Pen::Widths::drawn) {}
 
   void draw(std::int64_t index) {
     if (drawn_.report.pages()[index].empty()) return;
-    const PrintedPage page = drawnPage(drawn_.report.styledPage(index, drawn_.look), pitch_);
+    const PrintedPage page = drawnPage(drawn_.report.styledPage(index, drawn_.look), pen_);
     for (std::int64_t copy = 0; copy < drawn_.copies; ++copy) job_.page(page);
     isBlank_ = false;
   }
@@ -83,7 +86,7 @@ class PageByPage {
  private:
   const DrawnReport& drawn_;
   StyledJob& job_;
-  PrinterPitch pitch_;
+  Pen pen_;
   bool isBlank_ = true;
 };
 

@@ -24,11 +24,9 @@ std::string onPage(std::int64_t page) {
 }  // namespace
 
 PaperRoom rawRoom(const std::optional<PageSettings>& settings, std::int16_t paperHeight) {
-  constexpr double kNarrow = 8;
-  constexpr double kWide = 13.6;
   constexpr double kNarrowPaper = 8.6;
-  double width = settings ? sheetRoom(*settings).width : kNarrow;
-  width = std::min(width, width <= kNarrowPaper ? kNarrow : kWide);
+  double width = settings ? sheetRoom(*settings).width : kNarrowRoom;
+  width = std::min(width, width <= kNarrowPaper ? kNarrowRoom : kWideRoom);
   return {width, static_cast<double>(paperHeight & 0xFF)};
 }
 

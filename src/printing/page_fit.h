@@ -16,6 +16,10 @@ struct PaperRoom {
   double height = 0;
 };
 
+/// Inches in a line of dot-matrix printers.
+inline constexpr double kNarrowRoom = 8;
+inline constexpr double kWideRoom = 13.6;
+
 /// Of a dot-matrix printer: 8 inches, or 13.6 on wide paper; the page is as long as it is told.
 PaperRoom rawRoom(const std::optional<PageSettings>& settings, std::int16_t paperHeight);
 /// Of a sheet for drawn pages.

@@ -26,16 +26,6 @@ void takeStoredTearLines(PrintFileArguments& arguments, const Platform& platform
   arguments.linesOut = static_cast<std::uint8_t>(std::max(lines.out, 0));
 }
 
-PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
-  return {.paperHeight = arguments.paperHeight,
-          .draft = arguments.draft,
-          .condensed = arguments.cond == 1,
-          .semiCondensed = arguments.semiCond == 1,
-          .copies = arguments.copies,
-          .linesIn = arguments.linesIn,
-          .linesOut = arguments.linesOut};
-}
-
 /// Pages that end among the first bytes of a job.
 class EndedPages : public NoEvents {
  public:
@@ -105,6 +95,16 @@ bool print(InputFile& file, const PrintFileArguments& arguments, Spooler& spoole
 }
 
 }  // namespace
+
+PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
+  return {.paperHeight = arguments.paperHeight,
+          .draft = arguments.draft,
+          .condensed = arguments.cond == 1,
+          .semiCondensed = arguments.semiCond == 1,
+          .copies = arguments.copies,
+          .linesIn = arguments.linesIn,
+          .linesOut = arguments.linesOut};
+}
 
 std::string documentNameOf(const std::filesystem::path& file) {
   const std::string name = textOf(file);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "paperway/platform.h"
+#include "printing/print_stream.h"
 
 namespace paperway {
 
@@ -25,6 +26,9 @@ struct PrintFileArguments {
   std::uint8_t linesOut = 0;  // written back
   std::vector<std::filesystem::path> sources{};  // what the file was made of, if not by hand
 };
+
+/// The stream of such a job.
+PrintStreamSettings streamSettings(const PrintFileArguments& arguments);
 
 /// Sends a report file to a printer as one raw document. An AutomationError says what stopped it.
 void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run);

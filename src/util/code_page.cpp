@@ -1,5 +1,6 @@
 #include "util/code_page.h"
 
+#include "util/code_page_tables.h"
 #include "util/text.h"
 
 namespace paperway {
@@ -8,8 +9,8 @@ namespace {
 
 constexpr char kLacking = '?';
 
-constexpr std::array<char16_t, 128> kWindows1252 = [] {
-  std::array<char16_t, 128> codes = {
+constexpr CodePage::UpperHalf kWindows1252 = [] {
+  CodePage::UpperHalf codes = {
       0x20AC, 0x81,   0x201A, 0x192,  0x201E, 0x2026, 0x2020, 0x2021,  // 80
       0x2C6,  0x2030, 0x160,  0x2039, 0x152,  0x8D,   0x17D,  0x8F,    // 88
       0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,  // 90
@@ -21,7 +22,7 @@ constexpr std::array<char16_t, 128> kWindows1252 = [] {
 
 }  // namespace
 
-CodePage::CodePage(const std::array<char16_t, 128>& upperHalf) : upperHalf_(upperHalf) {
+CodePage::CodePage(const UpperHalf& upperHalf) : upperHalf_(upperHalf) {
   for (std::size_t i = 0; i < upperHalf.size(); ++i) {
     codes_.emplace(upperHalf[i], static_cast<unsigned char>(0x80 + i));
   }
@@ -30,6 +31,17 @@ CodePage::CodePage(const std::array<char16_t, 128>& upperHalf) : upperHalf_(uppe
 const CodePage& CodePage::windows1252() {
   static const CodePage page(kWindows1252);
   return page;
+}
+
+const CodePage* CodePage::byNumber(int number) {
+  static const std::array<CodePage, kPrinterCodePages.size()> pages = {
+      CodePage(kCodePage437), CodePage(kCodePage850), CodePage(kCodePage858),
+      CodePage(kCodePage860), CodePage(kCodePage863), CodePage(kCodePage865)};
+  if (number == 1252) return &windows1252();
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    if (kPrinterCodePages[i] == number) return &pages[i];
+  }
+  return nullptr;
 }
 
 void CodePage::encode(std::string_view utf8, std::string& out) const {

@@ -8,15 +8,21 @@
 
 namespace paperway {
 
+/// In which dot-matrix printers take their letters.
+inline constexpr std::array<int, 6> kPrinterCodePages = {437, 850, 858, 860, 863, 865};
+
 /// A single-byte code page: the bytes of report files against the characters of UTF-8 texts. All
 /// 256 codes are mapped both ways, so that decoding and encoding again gives the same bytes; codes
 /// that the page leaves open stand for the control characters of the same number.
 class CodePage {
  public:
   /// Characters of the codes 128 to 255.
-  explicit CodePage(const std::array<char16_t, 128>& upperHalf);
+  using UpperHalf = std::array<char16_t, 128>;
+  explicit CodePage(const UpperHalf& upperHalf);
 
   static const CodePage& windows1252();
+  /// One of kPrinterCodePages, or 1252; null for another number.
+  static const CodePage* byNumber(int number);
 
   /// Appends one byte for each character; '?' for one that the page lacks.
   void encode(std::string_view utf8, std::string& out) const;
@@ -28,7 +34,7 @@ class CodePage {
   char32_t decode(char byte) const;
 
  private:
-  std::array<char16_t, 128> upperHalf_;
+  UpperHalf upperHalf_;
   std::unordered_map<char32_t, unsigned char> codes_;
 };
 

@@ -3,15 +3,14 @@
 #include <QColor>
 #include <QFont>
 #include <QFontMetricsF>
-#include <QIODevice>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
 #include <algorithm>
-#include <exception>
 #include <optional>
 
-#include "platform/output_file.h"
+#include "backends/desktop/qt/document_sink.h"
+#include "backends/desktop/qt/sheet_files.h"
 #include "util/paper.h"
 
 namespace paperway::qt {
@@ -22,52 +21,7 @@ constexpr double kLinesPerInch = 6;
 constexpr double kMargin = 0.25;     // inches, where the paper has them to spare
 constexpr double kPaperUnit = 2540;  // to the inch
 
-/// Where the PDF goes. An exception cannot pass through Qt: it is kept and raised afterwards.
-class Sink : public QIODevice {
- public:
-  void raiseFailure() {
-    if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
-  }
-
-  /// What still comes goes nowhere.
-  void drop() { dropped_ = true; }
-
-  virtual void take(std::string_view bytes) = 0;
-  virtual void finish() = 0;
-
-  bool isSequential() const override { return true; }
-
- protected:
-  qint64 readData(char* /*bytes*/, qint64 /*size*/) override { return -1; }
-  qint64 writeData(const char* bytes, qint64 size) override {
-    if (failure_) return -1;
-    if (dropped_) return size;
-    try {
-      take({bytes, static_cast<std::size_t>(size)});
-      return size;
-    } catch (...) {
-      failure_ = std::current_exception();
-      return -1;
-    }
-  }
-
- private:
-  std::exception_ptr failure_;
-  bool dropped_ = false;
-};
-
-class FileSink : public Sink {
- public:
-  FileSink(Storage& storage, const StyledDocument& document)
-      : file_(storage, document.file, "PrintExport", {.inputs = document.sources}) {}
-  void take(std::string_view bytes) override { file_.write(bytes); }
-  void finish() override { file_.commit(); }
-
- private:
-  OutputFile file_;
-};
-
-class SpoolerSink : public Sink {
+class SpoolerSink : public DocumentSink {
  public:
   explicit SpoolerSink(std::unique_ptr<PrintJob> job) : job_(std::move(job)) {}
   void take(std::string_view bytes) override { job_->write(bytes); }
@@ -93,7 +47,7 @@ double margin(double paper, double content) {
 
 class PdfJob : public StyledJob {
  public:
-  PdfJob(const StyledDocument& document, std::unique_ptr<Sink> sink)
+  PdfJob(const StyledDocument& document, std::unique_ptr<DocumentSink> sink)
       : document_(document), sink_(std::move(sink)) {
     sink_->open(QIODevice::WriteOnly | QIODevice::Unbuffered);
   }
@@ -110,7 +64,7 @@ class PdfJob : public StyledJob {
   const QFont& font(const PrintedText& piece);
 
   const StyledDocument document_;
-  std::unique_ptr<Sink> sink_;
+  std::unique_ptr<DocumentSink> sink_;
   std::unique_ptr<QPdfWriter> writer_;
   std::unique_ptr<QPainter> painter_;
   QFont font_;
@@ -186,7 +140,9 @@ void PdfJob::end() {
 
 std::unique_ptr<StyledJob> PrintDevice::start(const StyledDocument& document) {
   if (!document.file.empty()) {
-    return std::make_unique<PdfJob>(document, std::make_unique<FileSink>(storage_, document));
+    return std::make_unique<PdfJob>(
+        document,
+        std::make_unique<FileSink>(storage_, document.file, document.sources, "PrintExport"));
   }
   if (document.printer.empty()) {
     throw AutomationError(AutomationError::kPathNotFound, "PrintExport", "There is no printer.");
@@ -195,6 +151,10 @@ std::unique_ptr<StyledJob> PrintDevice::start(const StyledDocument& document) {
   if (!job) throw SpoolError(document.printer, "There is no such printer");
   job->start(document.name, DocumentFormat::pdf);
   return std::make_unique<PdfJob>(document, std::make_unique<SpoolerSink>(std::move(job)));
+}
+
+std::unique_ptr<SheetJob> PrintDevice::startSheets(const SheetDocument& document) {
+  return startSheetFile(storage_, document);
 }
 
 }  // namespace paperway::qt

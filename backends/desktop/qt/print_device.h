@@ -15,6 +15,7 @@ class PrintDevice : public paperway::PrintDevice {
   PrintDevice(Storage& storage, Spooler& spooler) : storage_(storage), spooler_(spooler) {}
 
   std::unique_ptr<StyledJob> start(const StyledDocument& document) override;
+  std::unique_ptr<SheetJob> startSheets(const SheetDocument& document) override;
 
  private:
   Storage& storage_;

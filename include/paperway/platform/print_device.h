@@ -8,6 +8,7 @@
 
 #include "paperway/export.h"
 #include "paperway/platform/printers.h"
+#include "paperway/platform/sheet.h"
 
 namespace paperway {
 
@@ -48,13 +49,15 @@ class PAPERWAY_API StyledJob {
   virtual void end() = 0;
 };
 
-/// Draws styled text on paper.
+/// Draws styled text on paper, and pictures of paper.
 class PAPERWAY_API PrintDevice {
  public:
   virtual ~PrintDevice() = default;
 
   /// A SpoolError with the reason when the printer cannot take drawn pages.
   virtual std::unique_ptr<StyledJob> start(const StyledDocument& document) = 0;
+
+  virtual std::unique_ptr<SheetJob> startSheets(const SheetDocument& document) = 0;
 };
 
 }  // namespace paperway
