@@ -39,7 +39,7 @@ struct NoEvents {
 template <class Sink>
 class PrintedReader {
  public:
-  explicit PrintedReader(Sink& sink, Pen pen = Pen()) : sink_(sink), pen_(pen) {}
+  explicit PrintedReader(Sink& sink, Pen pen = Pen()) : sink_(sink), pen_(std::move(pen)) {}
 
   const Pen& pen() const { return pen_; }
 
