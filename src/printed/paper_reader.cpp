@@ -4,10 +4,11 @@
 #include <array>
 #include <cstdio>
 
+#include "printed/code_tables.h"
+
 namespace paperway {
 namespace {
 
-constexpr int kItalicTable = 0;
 constexpr double kLine = 1.0 / 6;  // inches that a usual character takes
 constexpr int kColors = 7;
 
@@ -54,28 +55,6 @@ std::string name(char byte) {
 
 }  // namespace
 
-std::optional<int> codeTableOf(int first, int second) {
-  if (second != 0) return {};
-  switch (first) {
-    case 0:
-      return kItalicTable;
-    case 1:
-      return 437;
-    case 3:
-      return 850;
-    case 7:
-      return 860;
-    case 8:
-      return 863;
-    case 9:
-      return 865;
-    case 44:
-      return 858;
-    default:
-      return {};
-  }
-}
-
 std::string codeName(std::string_view code) {
   std::string told = name(code[0]);
   if (code[0] != kEscape || code.size() < 2) return told;
@@ -102,7 +81,6 @@ void PaperReader::text(std::string_view bytes, const Pen& pen) {
   text.codeTable == kItalicTable ? italicText(text) : sink_.text(text);
 }
 
-/// The upper half of the italic table is the lower one, slanted.
 void PaperReader::italicText(PaperText text) {
   const auto isUpper = [](char byte) { return (byte & '\x80') != 0; };
   const bool italic = text.style.italic;
@@ -176,7 +154,7 @@ bool PaperReader::obeyTable(std::string_view code) {
   }
   if (code.size() != 8 || !code.starts_with("\x1B(t")) return false;
   const int slot = choice(code, 5);
-  const auto table = codeTableOf(numberAt(code, 6), numberAt(code, 7));
+  const auto table = numberAt(code, 7) == 0 ? codeTableOf(numberAt(code, 6)) : std::nullopt;
   if (slot >= kTables || !table) return false;
   tables_[slot] = *table;
   return true;

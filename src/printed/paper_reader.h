@@ -88,9 +88,6 @@ class PaperReader {
   PrintedReader<PaperReader> reader_;
 };
 
-/// The code table that ESC ( t means by these two numbers; nothing for one that is not known here.
-std::optional<int> codeTableOf(int first, int second);
-
 /// A code by the letters of printers' manuals: "ESC ( V", "CAN".
 std::string codeName(std::string_view code);
 

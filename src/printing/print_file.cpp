@@ -9,6 +9,7 @@
 #include "platform/input_file.h"
 #include "printed/printed_reader.h"
 #include "printing/print_stream.h"
+#include "printing/printer_letters.h"
 #include "session/run_state.h"
 #include "session/settings_store.h"
 #include "util/path_text.h"
@@ -77,7 +78,7 @@ std::string howFarItCame(InputFile& file, const PrintStreamSettings& settings,
 }
 
 /// Gives the bytes of the file to the printer. False when there is no such printer.
-bool print(InputFile& file, const PrintFileArguments& arguments, Spooler& spooler) {
+bool print(InputFile& file, PrintFileArguments& arguments, Spooler& spooler) {
   const PrintStreamSettings settings = streamSettings(arguments);
   try {
     const auto job = spooler.open(arguments.printerName);
@@ -86,7 +87,8 @@ bool print(InputFile& file, const PrintFileArguments& arguments, Spooler& spoole
     sources.emplace_back(arguments.fileName);
     job->setSources(std::move(sources));
     job->start(documentNameOf(arguments.fileName), DocumentFormat::raw);
-    writePrintStream(file, settings, [&](std::string_view piece) { job->write(piece); });
+    arguments.plain =
+        writePrintStream(file, settings, [&](std::string_view piece) { job->write(piece); });
     job->end();
     return true;
   } catch (const SpoolError& error) {
@@ -103,7 +105,8 @@ PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
           .semiCondensed = arguments.semiCond == 1,
           .copies = arguments.copies,
           .linesIn = arguments.linesIn,
-          .linesOut = arguments.linesOut};
+          .linesOut = arguments.linesOut,
+          .codeTable = arguments.codeTable};
 }
 
 std::string documentNameOf(const std::filesystem::path& file) {
@@ -121,6 +124,7 @@ void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState
   // Opened before the printer, which is not to move its paper for a report that cannot be read.
   InputFile file(platform.storage, arguments.fileName, kSource);
   if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
+  arguments.codeTable = keptCodeTable(platform.userStore, arguments.printerName);
   if (print(file, arguments, platform.spooler)) return;
   throw AutomationError(AutomationError::kInvalidCall, kSource,
                         "The Printer Name (" + arguments.printerName + ") wasn't recognized.");

@@ -24,6 +24,8 @@ struct PrintFileArguments {
   std::uint8_t tear = 0;      // 1: the stored tear lines take the place of the two below
   std::uint8_t linesIn = 0;   // written back
   std::uint8_t linesOut = 0;  // written back
+  int codeTable = 0;          // written back: what the user says of the printer
+  std::uint64_t plain = 0;    // written back: letters that the printer lacks
   std::vector<std::filesystem::path> sources{};  // what the file was made of, if not by hand
 };
 

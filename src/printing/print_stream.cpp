@@ -1,5 +1,6 @@
 #include "printing/print_stream.h"
 
+#include "printing/printer_letters.h"
 #include "util/control_strings.h"
 
 namespace paperway {
@@ -33,6 +34,8 @@ void sendSetup(const PrintStreamSettings& settings, const ByteSink& sink) {
   sink(kFeeder);
   for (int line = 0; line < settings.linesIn; ++line) sink(kReverseFeed);
   sink(pageLength(settings.paperHeight));
+  const std::string table = selectCodeTable(settings.codeTable);
+  if (!table.empty()) sink(table);
 }
 
 std::string printerSetup(const PrintStreamSettings& settings) {
@@ -76,15 +79,21 @@ void PrinterLines::end() {
   out_.clear();
 }
 
-void writePrintStream(InputFile& file, const PrintStreamSettings& settings, const ByteSink& sink) {
+std::uint64_t writePrintStream(InputFile& file, const PrintStreamSettings& settings,
+                               const ByteSink& sink) {
   sendSetup(settings, sink);
+  std::uint64_t plain = 0;
   PrinterLines lines(sink);
   for (int copy = 0; copy < settings.copies; ++copy) {
-    file.read([&](std::string_view block) { lines.block(block); });
+    PrinterLetters letters(settings.codeTable, [&](std::string_view block) { lines.block(block); });
+    file.read([&](std::string_view block) { letters.block(block); });
+    letters.end();
     lines.end();
+    plain = letters.plain();
   }
   const std::string feed = std::string(40, ' ') + "\r\n";
   for (int line = 0; line < settings.linesOut; ++line) sink(feed);
+  return plain;
 }
 
 }  // namespace paperway

@@ -17,6 +17,7 @@ struct PrintStreamSettings {
   std::uint8_t copies = 1;
   std::uint8_t linesIn = 0;   // reverse feeds of a third of an inch before the text
   std::uint8_t linesOut = 0;  // lines of blanks behind it, up to where paper is torn off
+  int codeTable = 0;          // of the printer; 0: the text goes as it is
 };
 
 /// Takes the stream piece by piece, in order.
@@ -49,7 +50,9 @@ class PrinterLines {
 };
 
 /// The whole job: set-up, the report file as often as there are copies, the feed behind it. Memory
-/// does not grow with the file. An AutomationError when the file cannot be read.
-void writePrintStream(InputFile& file, const PrintStreamSettings& settings, const ByteSink& sink);
+/// does not grow with the file. Gives the number of letters that the printer lacks, and gets as
+/// plain ones, in one copy. An AutomationError when the file cannot be read.
+std::uint64_t writePrintStream(InputFile& file, const PrintStreamSettings& settings,
+                               const ByteSink& sink);
 
 }  // namespace paperway
