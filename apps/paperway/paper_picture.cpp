@@ -10,6 +10,7 @@
 #include "apps/paperway/printer_choice.h"
 #include "apps/paperway/report_input.h"
 #include "paperway/platform/print_device.h"
+#include "printing/printer_letters.h"
 #include "util/numbers.h"
 
 namespace paperway::command {
@@ -67,9 +68,12 @@ void drawPaper(PrintOptions options) {
   const std::string printer = options.printer.empty()
                                   ? platform.printers.current()
                                   : printerFor(options.printer, platform.printers);
+  PrintFileArguments arguments = rawArguments(options, part.path(), input.source());
+  arguments.codeTable = keptCodeTable(platform.userStore, printer);
   const PaperJob job{
-      .stream = streamSettings(rawArguments(options, part.path(), input.source())),
-      .printer = {.pins = options.pins == 9 ? PaperFeed::Pins::nine : PaperFeed::Pins::twentyFour},
+      .stream = streamSettings(arguments),
+      .printer = {.pins = options.pins == 9 ? PaperFeed::Pins::nine : PaperFeed::Pins::twentyFour,
+                  .codeTable = firstCodeTable(arguments.codeTable)},
       .shape = shapeOf(options, platform.printers.settings(printer))};
   InputFile file(platform.storage, part.path(), "PaperPicture");
   const SheetDocument document{.name = documentNameOf(options.file),
@@ -83,6 +87,8 @@ void drawPaper(PrintOptions options) {
     return true;
   });
   pictures->end();
+  const std::string plain = plainLetters(findings->plain, arguments.codeTable);
+  if (!plain.empty()) std::cerr << "warning: " << plain << "\n";
   for (const std::string& finding : findings->told()) std::cerr << "warning: " << finding << "\n";
   if (isLimited && findings->sheets > kSheetsOfAPicture) {
     std::cerr << "warning: " << options.paperPicture << " shows " << kSheetsOfAPicture << " of "

@@ -21,6 +21,7 @@
 #include "printing/drawn_report.h"
 #include "printing/page_fit.h"
 #include "printing/print_file.h"
+#include "printing/printer_letters.h"
 #include "session/run_state.h"
 #include "session/settings_store.h"
 
@@ -61,14 +62,8 @@ void printRaw(PrintOptions options) {
                     rawRoom(user.printers.settings(arguments.printerName), arguments.paperHeight)));
   }
   PrintFile(arguments, platform, runState());
-}
-
-void requirePrinter(const std::string& name, Printers& printers) {
-  const std::vector<PrinterInfo> all = printers.list();
-  const auto isIt = [&](const PrinterInfo& printer) { return printer.DeviceName == name; };
-  if (std::none_of(all.begin(), all.end(), isIt)) {
-    throw std::runtime_error(noPrinter(name, printers));
-  }
+  const std::string plain = plainLetters(arguments.plain, arguments.codeTable);
+  if (!plain.empty()) std::cerr << "warning: " << plain << "\n";
 }
 
 /// The printer's paper. A file takes the first that holds the report: the usual one, upright or

@@ -30,6 +30,13 @@ std::vector<std::string> namesOf(Printers& printers) {
 
 }  // namespace
 
+void requirePrinter(const std::string& name, Printers& printers) {
+  const std::vector<std::string> names = namesOf(printers);
+  if (std::find(names.begin(), names.end(), name) == names.end()) {
+    throw std::runtime_error(noPrinter(name, printers));
+  }
+}
+
 std::string printerFor(const std::string& named, Printers& printers) {
   if (named.empty()) return currentPrinter(printers);
   const std::vector<std::string> names = namesOf(printers);

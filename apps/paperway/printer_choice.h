@@ -11,6 +11,9 @@ namespace paperway::command {
 /// one of the list's is an error that says which; any other is left to the job.
 std::string printerFor(const std::string& named, Printers& printers);
 
+/// An error when there is no such printer.
+void requirePrinter(const std::string& name, Printers& printers);
+
 /// "There is no printer …", with the one that was probably meant.
 std::string noPrinter(const std::string& name, Printers& printers);
 

@@ -7,9 +7,11 @@
 #include <string>
 
 #include "apps/paperway/commands.h"
+#include "apps/paperway/machine.h"
 #include "apps/paperway/near_miss.h"
 #include "apps/paperway/printer_choice.h"
 #include "apps/paperway/user_printers.h"
+#include "printing/printer_letters.h"
 #include "util/control_strings.h"
 
 namespace paperway::command {
@@ -47,6 +49,15 @@ void remove(const std::string& name) {
   }
   throw std::runtime_error("There is no direct printer \"" + name + "\"." +
                            didYouMean(name, names));
+}
+
+/// Printers outlive what is said of them: "none" takes it back also of one that has gone.
+void setCodeTable(const std::string& name, const std::string& table) {
+  Machine machine;
+  UserPrinters user;
+  const int number = table == "none" ? 0 : std::stoi(table);
+  if (number != 0) requirePrinter(name, user.printers);
+  keepCodeTable(machine.platform().userStore, name, number);
 }
 
 std::string ruler(const std::string& pitch, int columns, const std::string& title) {
@@ -88,6 +99,7 @@ void addPrinters(CLI::App& app) {
       "  paperway printers add Counter socket://192.168.1.40:9100\n"
       "  paperway printers add Matrix file:///dev/usb/lp0 --timeout 120\n"
       "  paperway printers add Archive \"|gzip > ~/last-job.gz\"\n"
+      "  paperway printers set Matrix --code-table 437\n"
       "  paperway printers test Counter");
   const auto namesAlone = std::make_shared<bool>(false);
   printers->add_subcommand("list", "List the printers; * is the default one")
@@ -111,6 +123,17 @@ void addPrinters(CLI::App& app) {
     printer->timeout = std::chrono::seconds(*seconds);
     DirectPrinterFile::ofUser().add(*printer);
   });
+
+  const auto table = std::make_shared<std::string>();
+  CLI::App* set = printers->add_subcommand("set", "Say what letters a printer has");
+  set->add_option("NAME", printer->name, "Any printer of the list")
+      ->type_name("PRINTER")
+      ->required();
+  set->add_option("--code-table", *table,
+                  "The code table of its letters; text goes to it in those. none: as it is")
+      ->check(CLI::IsMember({"437", "850", "858", "860", "863", "865", "1252", "none"}))
+      ->required();
+  set->callback([printer, table] { setCodeTable(printer->name, *table); });
 
   CLI::App* take = printers->add_subcommand("remove", "Remove a direct printer");
   take->add_option("NAME", printer->name, "What it is called")->type_name("PRINTER")->required();

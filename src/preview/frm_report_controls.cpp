@@ -88,6 +88,8 @@ void FrmReportControls::nameForReaders() {
   Tend.AccessibleName = "Last page";
   Text3.AccessibleName = VScroll1.AccessibleName = "No of Copies";
   ComPaperHeight.AccessibleName = Combo1.AccessibleName = "Paper Height";
+  CboLetters.AccessibleName = "Letters of the printer";
+  CboLetters.ToolTipText = "Code table of the printer's letters";
   Comtear.AccessibleName = "Lines in";
   ComtearOut.AccessibleName = "Lines out";
   Command3.AccessibleName = "Close";
@@ -210,6 +212,9 @@ void FrmReportControls::placePrintPanel() {
   place(VScroll1, 7080, 3450, 270, kBoxHeight);
   place(Label5, kMiddle + 120, 3930, 1600, kBoxHeight);
   place(ComPaperHeight, 6240, 3930, 1110, kBoxHeight);
+
+  place(LbLetters, kMiddle + 120, 4410, 1600, kBoxHeight);
+  place(CboLetters, 6240, 4410, 1110, kBoxHeight);
 
   place(LbFit, kLeft, 4980, 8160, 520);
   place(Label10, kMiddle + 120, 5520, 900, kButtonHeight);

@@ -47,9 +47,12 @@ std::optional<PaperFindings> layOutPaper(InputFile& file, const PaperJob& job,
   });
   PaperReader reader(sheets, job.printer);
   try {
-    writePrintStream(file, job.stream, [&](std::string_view piece) { reader.block(piece); });
+    const std::uint64_t plain =
+        writePrintStream(file, job.stream, [&](std::string_view piece) { reader.block(piece); });
     reader.end();
-    return sheets.end();
+    PaperFindings findings = sheets.end();
+    findings.plain = plain;
+    return findings;
   } catch (const Left&) {
     return {};
   }

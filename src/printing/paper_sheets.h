@@ -36,8 +36,9 @@ struct PaperFindings {
   std::int64_t firstCutSheet = 0;
   std::int64_t torn = 0;  // lines across a perforation
   std::int64_t firstTornSheet = 0;
-  std::int64_t lost = 0;  // texts on paper fed back farther than it can be
-  double nextJob = 0;     // how much lower on its sheet the next job begins
+  std::uint64_t plain = 0;  // letters that the printer lacks
+  std::int64_t lost = 0;    // texts on paper fed back farther than it can be
+  double nextJob = 0;       // how much lower on its sheet the next job begins
   std::map<std::string, Unknown> unknown{};
 
   /// A sentence each.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "paperway/platform/message_boxes.h"
+#include "printing/printer_letters.h"
 #include "session/run_state.h"
 #include "util/numbers.h"
 #include "util/utilities.h"
@@ -17,6 +18,8 @@ constexpr Color kEnabledBox = 16777215;
 constexpr Color kDisabledBox = 14139134;
 constexpr int kIgnoredKey = 1;
 constexpr int kLastCode = 255;
+
+constexpr const char* kAsItIs = "As it is";  // the text goes to the printer
 
 void filterDigits(int& key) {
   key = key > kLastCode ? kIgnoredKey : OnlyNum(static_cast<std::int16_t>(key));
@@ -62,7 +65,14 @@ void PrintPanel::bindLook() {
   };
   form_.Tst.onChange = form_.Tend.onChange = [this] { showFit(); };
   form_.Text3.onChange = [this] { Text3_Change(); };
-  form_.CboPrinters.onChange = form_.CboPrinters.onClick = [this] { showFit(); };
+  form_.CboPrinters.onChange = form_.CboPrinters.onClick = [this] {
+    showLetters();
+    showFit();
+  };
+  form_.CboLetters.AddItem(kAsItIs);
+  for (const int table : kPrinterCodePages) form_.CboLetters.AddItem(std::to_string(table));
+  form_.CboLetters.AddItem("1252");
+  form_.CboLetters.onClick = form_.CboLetters.onChange = [this] { CboLetters_Click(); };
   form_.ComPaperHeight.onChange = form_.ComPaperHeight.onClick = [this] { showFit(); };
 }
 
@@ -137,6 +147,7 @@ void PrintPanel::CmdPrint_Click() {
   form_.Frame1.Visible = true;
   addNewPrinters();
   settingsOf_.reset();
+  showLetters();
   showFit();
   ComboBox& printers = form_.CboPrinters;
   if (printers.ListCount() == 0) {
@@ -156,6 +167,7 @@ void PrintPanel::Mode_Click() {
       {&form_.OptCharMode, "D"}, {&form_.OptWinMode, "W"}, {&form_.OptDosLocal, "L"}};
   for (const auto& [option, name] : modes) option->Font.Bold = option->Value;
   form_.FrmWin.Enabled = form_.OptWinMode.Value;
+  form_.LbLetters.Enabled = form_.CboLetters.Enabled = form_.OptCharMode.Value;
   for (const auto& [option, name] : modes) {
     if (option->Value) keep(ReportViewKey::PrnDefult, name);
   }
@@ -279,24 +291,58 @@ std::string PrintPanel::fitText() {
   if (copiesCut_) return "A job takes " + std::to_string(kMostCopies) + " copies at most.";
   const PageRange pages = form_.chosenPages();
   if (pages.empty()) return "No page of the report is chosen.";
-  const ReportExtent extent =
-      form_.OptWinMode.Value ? drawnByPanel(form_, pages).extent() : rawExtent(pages);
-  return fitLine(fitWarnings(extent, room()));
+  const bool drawn = form_.OptWinMode.Value;
+  const ReportExtent extent = drawn ? drawnByPanel(form_, pages).extent() : rawExtent(pages);
+  const std::string fit = fitLine(fitWarnings(extent, room()));
+  const std::string plain = form_.OptCharMode.Value ? plainText(pages) : "";
+  return fit + (fit.empty() || plain.empty() ? "" : ". ") + plain;
 }
 
 /// The current page is printed as it is on show, with edits.
-ReportExtent PrintPanel::rawExtent(const PageRange& pages) const {
-  const PrinterPitch pitch(form_.Ch12.Value == 1, form_.Ch17.Value == 1);
-  constexpr auto kPrinted = Pen::Widths::printed;
-  if (!form_.Op[1].Value) return form_.document().extent(pages, pitch, kPrinted);
-  ExtentScan scan(pitch, kPrinted, pages);
+void PrintPanel::eachRawBlock(const PageRange& pages,
+                              const std::function<void(std::string_view)>& take) const {
+  const PageTable& known = form_.PageText;
+  if (!form_.Op[1].Value) {
+    const std::int64_t last = std::min(pages.last, known.PageCount() - 1);
+    const std::int64_t first = std::max<std::int64_t>(pages.first, 0);
+    if (first <= last) take(known.shown(first, last).view().substr(0, kMeasuredBytes));
+    return;
+  }
   const TextBuffer& shown = form_.Rt1.buffer();
   for (std::size_t at = 0; at < std::min(shown.size(), kMeasuredBytes);) {
     const std::string_view piece = shown.pieceAt(at).substr(0, kMeasuredBytes);
-    scan.block(piece);
+    take(piece);
     at += piece.size();
   }
+}
+
+ReportExtent PrintPanel::rawExtent(const PageRange& pages) const {
+  const PrinterPitch pitch(form_.Ch12.Value == 1, form_.Ch17.Value == 1);
+  ExtentScan scan(pitch, Pen::Widths::printed, pages);
+  eachRawBlock(pages, [&](std::string_view piece) { scan.block(piece); });
   return scan.end();
+}
+
+std::string PrintPanel::plainText(const PageRange& pages) const {
+  const int table = keptCodeTable(platform_.userStore, form_.CboPrinters.Text);
+  if (table == 0) return "";
+  PrinterLetters letters(table, [](std::string_view) {});
+  eachRawBlock(pages, [&](std::string_view piece) { letters.block(piece); });
+  return plainLetters(letters.plain(), table);
+}
+
+/// The box says what is kept of the printer.
+void PrintPanel::showLetters() {
+  if (!form_.Frame1.Visible) return;
+  const int table = keptCodeTable(platform_.userStore, form_.CboPrinters.Text);
+  form_.CboLetters.Text = table == 0 ? kAsItIs : std::to_string(table);
+}
+
+void PrintPanel::CboLetters_Click() {
+  const int table = static_cast<int>(leadingNumber(form_.CboLetters.Text.get()));
+  if (CodePage::byNumber(table) == nullptr && form_.CboLetters.Text.get() != kAsItIs) return;
+  keepCodeTable(platform_.userStore, form_.CboPrinters.Text, table);
+  showFit();
 }
 
 PaperRoom PrintPanel::room() {

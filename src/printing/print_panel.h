@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -37,6 +38,7 @@ class PrintPanel {
   void Ch17_Click();
   void ChDraft_Click();
   void VScroll1_Change();
+  void CboLetters_Click();
   void Text3_Change();
   void Tst_KeyPress(int& key) const;
   void Tend_Validate();
@@ -61,6 +63,11 @@ class PrintPanel {
   void showFit();
   std::string fitText();
   ReportExtent rawExtent(const PageRange& pages) const;
+  /// What of these pages is measured, as it would go to a printer.
+  void eachRawBlock(const PageRange& pages,
+                    const std::function<void(std::string_view)>& take) const;
+  std::string plainText(const PageRange& pages) const;
+  void showLetters();
   PaperRoom room();
   const std::optional<PageSettings>& settings();
 

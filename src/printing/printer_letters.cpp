@@ -58,6 +58,14 @@ void keepCodeTable(UserStore& store, const std::string& printer, int table) {
   store.save(kApplication, kSection, printer, table == 0 ? "" : std::to_string(table));
 }
 
+std::string plainLetters(std::uint64_t count, int table) {
+  if (count == 0) return "";
+  const bool one = count == 1;
+  return std::to_string(count) + (one ? " letter" : " letters") + " that code page " +
+         std::to_string(table) +
+         (one ? " lacks is printed as a plain one." : " lacks are printed as plain ones.");
+}
+
 /// Printers begin in 437, but may begin in the italic table beside it; the codes 128 to 159 may be
 /// control codes unless they are told otherwise.
 std::string selectCodeTable(int table) {

@@ -16,6 +16,14 @@ int keptCodeTable(UserStore& store, const std::string& printer);
 /// 0 takes it back.
 void keepCodeTable(UserStore& store, const std::string& printer, int table);
 
+/// In which table such a printer begins: in its own when no command selects that, else in 437.
+constexpr int firstCodeTable(int table) {
+  return table == 1252 ? 1252 : 437;
+}
+
+/// "3 letters that code page 437 lacks are printed as plain ones.", or nothing.
+std::string plainLetters(std::uint64_t count, int table);
+
 /// The commands that make a printer use this table: those of a printer that can be told of tables
 /// at all. Windows-1252 has none; a printer is set to it by hand.
 std::string selectCodeTable(int table);
