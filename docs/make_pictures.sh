@@ -41,6 +41,7 @@ picture pitch136 136
 picture search 136 --page 2 --do Text4=Assam
 picture setting 136 --do Label4
 picture print 136 --do CmdPrint
+picture paper 136 --do CmdPrint --do Ch17 --do CmdPaper
 picture zoom 136 --do Command2
 picture continuous 80 --do Check3
 picture dark 136 --page 7 --dark

@@ -70,25 +70,24 @@ void drawPaper(PrintOptions options) {
                                   : printerFor(options.printer, platform.printers);
   PrintFileArguments arguments = rawArguments(options, part.path(), input.source());
   arguments.codeTable = keptCodeTable(platform.userStore, printer);
+  InputFile file(platform.storage, part.path(), "PaperPicture");
   const PaperJob job{
+      .text = textOf(file),
       .stream = streamSettings(arguments),
       .printer = {.pins = options.pins == 9 ? PaperFeed::Pins::nine : PaperFeed::Pins::twentyFour,
                   .codeTable = firstCodeTable(arguments.codeTable)},
       .shape = shapeOf(options, platform.printers.settings(printer))};
-  InputFile file(platform.storage, part.path(), "PaperPicture");
   const SheetDocument document{.name = documentNameOf(options.file),
                                .file = options.paperPicture,
                                .format = *formatOf(options.paperPicture),
                                .sources = {input.source(), part.path()}};
   const auto pictures = platform.printDevice.startSheets(document);
   const bool isLimited = document.format == SheetDocument::Format::png;
-  const auto findings = layOutPaper(file, job, [&](const Sheet& sheet) {
+  const auto findings = layOutPaper(job, [&](const Sheet& sheet) {
     if (!isLimited || sheet.number <= kSheetsOfAPicture) pictures->sheet(sheet);
     return true;
   });
   pictures->end();
-  const std::string plain = plainLetters(findings->plain, arguments.codeTable);
-  if (!plain.empty()) std::cerr << "warning: " << plain << "\n";
   for (const std::string& finding : findings->told()) std::cerr << "warning: " << finding << "\n";
   if (isLimited && findings->sheets > kSheetsOfAPicture) {
     std::cerr << "warning: " << options.paperPicture << " shows " << kSheetsOfAPicture << " of "

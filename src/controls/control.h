@@ -27,6 +27,7 @@ enum class ControlKind {
   richText,
   spLebal,
   webBrowser,
+  sheet,
 };
 
 /// What stands on a form: plain values that a renderer copies to its widgets after each event, and

@@ -51,6 +51,7 @@ void FrmReportControls::describe() {
   SpLebal3.Caption = "GOTO";
   SpLebal3.View3D = 2;
   CmdExelExp.Visible = false;
+  CmdPaper.ToolTipText = "Show the paper as it will come out of the printer";
   CmdPrint.ToolTipText = "Open Print Dilog Box";
   Image1.ToolTipText = "Calculator";
   lb1.TextAlignment = LBPage.TextAlignment = Alignment::center;
@@ -217,6 +218,7 @@ void FrmReportControls::placePrintPanel() {
   place(CboLetters, 6240, 4410, 1110, kBoxHeight);
 
   place(LbFit, kLeft, 4980, 8160, 520);
+  place(CmdPaper, kLeft, 5520, 1320, kButtonHeight);
   place(Label10, kMiddle + 120, 5520, 900, kButtonHeight);
   place(CmdOk, 5640, 5520, 1320, kButtonHeight);
   place(CmdCancel, 7080, 5520, 1320, kButtonHeight);

@@ -110,6 +110,7 @@ class FrmReportControls : public Form {
   ScrollBar VScroll1{*this, "VScroll1", &Frame1};
   Label Label5{*this, "Label5", "Paper Height :", &Frame1};
   ComboBox ComPaperHeight{*this, "ComPaperHeight", {"3", "4", "6", "8", "10", "12"}, &Frame1};
+  JeweledButton CmdPaper{*this, "CmdPaper", "Paper", &Frame1};
   Label LbLetters{*this, "LbLetters", "Letters :", &Frame1};  // the printer's code table
   ComboBox CboLetters{*this, "CboLetters", {}, &Frame1};
   Label LbFit{*this, "LbFit", "", &Frame1};  // what will not fit on the paper

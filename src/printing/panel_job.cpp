@@ -9,8 +9,10 @@
 #include "paperway/platform/folders.h"
 #include "paperway/platform/message_boxes.h"
 #include "paperway/platform/windows.h"
+#include "printing/frm_paper.h"
 #include "printing/local_dos.h"
-#include "printing/print_file.h"
+#include "printing/printer_letters.h"
+#include "session/run_state.h"
 #include "util/numbers.h"
 #include "util/path_text.h"
 
@@ -87,32 +89,66 @@ std::filesystem::path PanelJob::keepPart(const char* name, const RichTextBox& bo
   return pathOf(platform_.files.GetFile(textOf(path)).ShortPath);
 }
 
+PrintFileArguments PanelJob::rawArguments() const {
+  const bool tears = form_.Chtear.Value != 0;
+  const auto lines = [&](const ComboBox& box) {
+    return tears ? numberIn<std::uint8_t>(box.Text) : std::uint8_t{0};
+  };
+  return {.fileName = form_.PrintPartFile.empty() ? form_.ReportPath : form_.PrintPartFile,
+          .printerName = form_.CboPrinters.Text,
+          .paperHeight = paperHeightOf(form_),
+          .draft = form_.ChDraft.Value == 1,
+          .cond = static_cast<std::uint8_t>(form_.Ch17.Value),
+          .semiCond = static_cast<std::uint8_t>(form_.Ch12.Value),
+          .copies = numberIn<std::uint8_t>(form_.Text3.Text),
+          .tear = static_cast<std::uint8_t>(form_.Chtear.Value),
+          .linesIn = lines(form_.Comtear),
+          .linesOut = lines(form_.ComtearOut),
+          .sources = {form_.ReportPath}};
+}
+
 void PanelJob::PrintReport() {
   if (form_.OptDosLocal.Value) {
     printLocalDos(form_.ReportPath, platform_);
     return;
   }
-  const bool tears = form_.Chtear.Value != 0;
-  const auto lines = [&](const ComboBox& box) {
-    return tears ? numberIn<std::uint8_t>(box.Text) : std::uint8_t{0};
-  };
-  PrintFileArguments arguments{
-      .fileName = form_.PrintPartFile.empty() ? form_.ReportPath : form_.PrintPartFile,
-      .printerName = form_.CboPrinters.Text,
-      .paperHeight = paperHeightOf(form_),
-      .draft = form_.ChDraft.Value == 1,
-      .cond = static_cast<std::uint8_t>(form_.Ch17.Value),
-      .semiCond = static_cast<std::uint8_t>(form_.Ch12.Value),
-      .copies = numberIn<std::uint8_t>(form_.Text3.Text),
-      .tear = static_cast<std::uint8_t>(form_.Chtear.Value),
-      .linesIn = lines(form_.Comtear),
-      .linesOut = lines(form_.ComtearOut),
-      .sources = {form_.ReportPath}};
+  PrintFileArguments arguments = rawArguments();
   try {
     PrintFile(arguments, platform_, *form_.run);
   } catch (const AutomationError& error) {
     showPrintFailure(platform_.messageBox, error);
   }
+}
+
+/// Of the chosen pages, as they are now: the window may turn to others.
+TextSource PanelJob::rawText() const {
+  if (form_.Op[1].Value) {
+    return [text = form_.Rt1.Text.get()](const ByteSink& sink) { sink(text); };
+  }
+  const PageRange pages = form_.chosenPages();
+  const PageTable& known = form_.PageText;
+  if (form_.Op[2].Value) {
+    return [slice = known.shown(pages.first, pages.last)](const ByteSink& sink) {
+      sink(slice.view());
+    };
+  }
+  return [&storage = platform_.storage, path = form_.ReportPath](const ByteSink& sink) {
+    InputFile(storage, path, "PaperPicture").read(sink);
+  };
+}
+
+void PanelJob::showPaper() {
+  PrintFileArguments arguments = rawArguments();
+  takeKeptSettings(arguments, platform_, form_.run->ModGuidComp);
+  const PaperJob job{.text = rawText(),
+                     .stream = streamSettings(arguments),
+                     .printer = {.codeTable = firstCodeTable(arguments.codeTable)},
+                     .shape = paperShape(platform_.printers.settings(arguments.printerName),
+                                         arguments.paperHeight & 0xFF)};
+  const auto paper = std::make_shared<FrmPaper>(platform_, documentNameOf(form_.ReportPath), job,
+                                                arguments.sources);
+  paper->load();
+  platform_.windows.show(paper);
 }
 
 void PanelJob::printDrawn() {

@@ -7,6 +7,8 @@
 #include "paperway/platform.h"
 #include "preview/frm_report.h"
 #include "printing/drawn_report.h"
+#include "printing/print_file.h"
+#include "printing/print_stream.h"
 
 namespace paperway {
 
@@ -29,11 +31,15 @@ class PanelJob {
   /// The chosen pages to the current printer, without a question.
   void draw();
   void PrintReport();
+  /// Shows the paper of the raw job instead.
+  void showPaper();
 
  private:
   bool isConfirmed();
   void withPanelAway(const std::function<void()>& job);
   void saveChosenPages();
+  PrintFileArguments rawArguments() const;
+  TextSource rawText() const;
   std::filesystem::path keepPart(const char* name, const RichTextBox& box);
   void chooseCurrentPrinter();
   void requirePages(const PageRange& pages) const;

@@ -40,18 +40,18 @@ PaperShape paperShape(const std::optional<PageSettings>& settings, double height
   return fanfold(isWide ? sheetRoom({1, kWideFanfold}).width : usual.width, height);
 }
 
-std::optional<PaperFindings> layOutPaper(InputFile& file, const PaperJob& job,
-                                         const SheetSink& sink) {
+std::optional<PaperFindings> layOutPaper(const PaperJob& job, const SheetSink& sink) {
   PaperSheets sheets(job.shape, [&](Sheet sheet) {
     if (!sink(std::move(sheet))) throw Left();
   });
   PaperReader reader(sheets, job.printer);
   try {
-    const std::uint64_t plain =
-        writePrintStream(file, job.stream, [&](std::string_view piece) { reader.block(piece); });
+    const std::uint64_t plain = writePrintStream(
+        job.text, job.stream, [&](std::string_view piece) { reader.block(piece); });
     reader.end();
     PaperFindings findings = sheets.end();
     findings.plain = plain;
+    findings.codeTable = job.stream.codeTable;
     return findings;
   } catch (const Left&) {
     return {};

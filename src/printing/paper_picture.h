@@ -20,6 +20,7 @@ PaperShape fanfold(double width, double height);
 
 /// A job, and the printer and paper that it goes to.
 struct PaperJob {
+  TextSource text;
   PrintStreamSettings stream;
   PaperPrinter printer;
   PaperShape shape;
@@ -30,7 +31,6 @@ using SheetSink = std::function<bool(Sheet)>;
 
 /// Reads the stream that would be sent, and lays it out on sheets. Nothing is found of a job that
 /// the sink leaves before its end. Memory does not grow with the job.
-std::optional<PaperFindings> layOutPaper(InputFile& file, const PaperJob& job,
-                                         const SheetSink& sink);
+std::optional<PaperFindings> layOutPaper(const PaperJob& job, const SheetSink& sink);
 
 }  // namespace paperway

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "printing/printer_letters.h"
 #include "util/code_page.h"
 
 namespace paperway {
@@ -48,6 +49,7 @@ std::vector<std::string> PaperFindings::told() const {
                    ": each begins " + inches(std::abs(drift)) + (drift > 0 ? " lower" : " higher") +
                    " than the one before.");
   }
+  if (plain > 0) told.push_back(plainLetters(plain, codeTable));
   if (cutLines > 0) {
     told.push_back(counted(cutLines, "line is", "lines are") + " cut at the right edge" +
                    firstOn(firstCutSheet) + ".");
@@ -69,6 +71,12 @@ std::vector<std::string> PaperFindings::told() const {
                    counted(where.times, "time", "times") + firstOn(where.firstSheet) + ".");
   }
   return told;
+}
+
+std::string PaperFindings::line() const {
+  std::string line;
+  for (const std::string& sentence : told()) line += (line.empty() ? "" : " ") + sentence;
+  return line;
 }
 
 std::int64_t PaperSheets::indexAt(double down) const {

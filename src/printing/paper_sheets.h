@@ -36,13 +36,16 @@ struct PaperFindings {
   std::int64_t firstCutSheet = 0;
   std::int64_t torn = 0;  // lines across a perforation
   std::int64_t firstTornSheet = 0;
-  std::uint64_t plain = 0;  // letters that the printer lacks
-  std::int64_t lost = 0;    // texts on paper fed back farther than it can be
-  double nextJob = 0;       // how much lower on its sheet the next job begins
+  std::uint64_t plain = 0;  // letters that the printer's code table lacks
+  int codeTable = 0;
+  std::int64_t lost = 0;  // texts on paper fed back farther than it can be
+  double nextJob = 0;     // how much lower on its sheet the next job begins
   std::map<std::string, Unknown> unknown{};
 
   /// A sentence each.
   std::vector<std::string> told() const;
+  /// The same in one line.
+  std::string line() const;
 };
 
 /// Lays what a job leaves on the paper out on sheets, and gives them away one by one as soon as no

@@ -19,14 +19,6 @@ namespace {
 
 constexpr const char* kSource = "PrintFile";
 
-void takeStoredTearLines(PrintFileArguments& arguments, const Platform& platform,
-                         const std::string& company) {
-  const ReportViewSettings settings(platform.storage, settingsPath(platform.folders, company));
-  const TearLines lines = settings.tearLines();
-  arguments.linesIn = static_cast<std::uint8_t>(std::max(lines.in, 0));
-  arguments.linesOut = static_cast<std::uint8_t>(std::max(lines.out, 0));
-}
-
 /// Pages that end among the first bytes of a job.
 class EndedPages : public NoEvents {
  public:
@@ -55,7 +47,7 @@ std::uint64_t wholePages(InputFile& file, const PrintStreamSettings& settings,
   struct Enough {};
   EndedPages pages(bytes);
   try {
-    writePrintStream(file, settings, [&](std::string_view piece) {
+    writePrintStream(textOf(file), settings, [&](std::string_view piece) {
       pages.add(piece);
       if (pages.isComplete()) throw Enough();
     });
@@ -87,8 +79,8 @@ bool print(InputFile& file, PrintFileArguments& arguments, Spooler& spooler) {
     sources.emplace_back(arguments.fileName);
     job->setSources(std::move(sources));
     job->start(documentNameOf(arguments.fileName), DocumentFormat::raw);
-    arguments.plain =
-        writePrintStream(file, settings, [&](std::string_view piece) { job->write(piece); });
+    arguments.plain = writePrintStream(textOf(file), settings,
+                                       [&](std::string_view piece) { job->write(piece); });
     job->end();
     return true;
   } catch (const SpoolError& error) {
@@ -97,6 +89,17 @@ bool print(InputFile& file, PrintFileArguments& arguments, Spooler& spooler) {
 }
 
 }  // namespace
+
+void takeKeptSettings(PrintFileArguments& arguments, const Platform& platform,
+                      const std::string& company) {
+  if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
+  arguments.codeTable = keptCodeTable(platform.userStore, arguments.printerName);
+  if (arguments.tear != 1) return;
+  const ReportViewSettings settings(platform.storage, settingsPath(platform.folders, company));
+  const TearLines lines = settings.tearLines();
+  arguments.linesIn = static_cast<std::uint8_t>(std::max(lines.in, 0));
+  arguments.linesOut = static_cast<std::uint8_t>(std::max(lines.out, 0));
+}
 
 PrintStreamSettings streamSettings(const PrintFileArguments& arguments) {
   return {.paperHeight = arguments.paperHeight,
@@ -115,7 +118,7 @@ std::string documentNameOf(const std::filesystem::path& file) {
 }
 
 void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState& run) {
-  if (arguments.tear == 1) takeStoredTearLines(arguments, platform, run.ModGuidComp);
+  takeKeptSettings(arguments, platform, run.ModGuidComp);
   run.ModDosFont = DOSEFONTcHR{};
   if (!fileExists(platform.storage, arguments.fileName, kSource)) {
     throw AutomationError(AutomationError::kFileNotFound, kSource,
@@ -123,8 +126,6 @@ void PrintFile(PrintFileArguments& arguments, const Platform& platform, RunState
   }
   // Opened before the printer, which is not to move its paper for a report that cannot be read.
   InputFile file(platform.storage, arguments.fileName, kSource);
-  if (arguments.printerName.empty()) arguments.printerName = platform.printers.current();
-  arguments.codeTable = keptCodeTable(platform.userStore, arguments.printerName);
   if (print(file, arguments, platform.spooler)) return;
   throw AutomationError(AutomationError::kInvalidCall, kSource,
                         "The Printer Name (" + arguments.printerName + ") wasn't recognized.");

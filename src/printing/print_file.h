@@ -29,6 +29,10 @@ struct PrintFileArguments {
   std::vector<std::filesystem::path> sources{};  // what the file was made of, if not by hand
 };
 
+/// Fills in what is kept for the user: the current printer, its code table, the tear lines.
+void takeKeptSettings(PrintFileArguments& arguments, const Platform& platform,
+                      const std::string& company);
+
 /// The stream of such a job.
 PrintStreamSettings streamSettings(const PrintFileArguments& arguments);
 

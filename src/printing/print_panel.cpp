@@ -50,6 +50,7 @@ void PrintPanel::bindLook() {
   form_.CmdPrint.onClick = [this] { CmdPrint_Click(); };
   form_.printSteps.drawPages = [this] { job_.draw(); };
   form_.CmdOk.onClick = [this] { CmdOk_Click(); };
+  form_.CmdPaper.onClick = [this] { CmdPaper_Click(); };
   form_.CmdCancel.onClick = [this] { CmdCancel_Click(); };
   for (OptionButton& option : form_.Op) option.onClick = [this] { Op_Click(); };
   form_.Ch10.onClick = [this] { Ch10_Click(); };
@@ -167,7 +168,8 @@ void PrintPanel::Mode_Click() {
       {&form_.OptCharMode, "D"}, {&form_.OptWinMode, "W"}, {&form_.OptDosLocal, "L"}};
   for (const auto& [option, name] : modes) option->Font.Bold = option->Value;
   form_.FrmWin.Enabled = form_.OptWinMode.Value;
-  form_.LbLetters.Enabled = form_.CboLetters.Enabled = form_.OptCharMode.Value;
+  form_.CmdPaper.Enabled = form_.LbLetters.Enabled = form_.CboLetters.Enabled =
+      form_.OptCharMode.Value;
   for (const auto& [option, name] : modes) {
     if (option->Value) keep(ReportViewKey::PrnDefult, name);
   }
@@ -244,14 +246,21 @@ void PrintPanel::Tend_Validate() {
   showFit();
 }
 
+/// A range is put right first; false when it cannot be.
+bool PrintPanel::hasPages() {
+  if (!form_.Op[2].Value) return true;
+  Tend_Validate();
+  return form_.Tend.Tag != "0";
+}
+
 void PrintPanel::CmdOk_Click() {
   if (form_.OptWinMode.Value) return job_.printDrawn();
   form_.PrintPartFile.clear();
-  if (form_.Op[2].Value) {
-    Tend_Validate();
-    if (form_.Tend.Tag == "0") return;
-  }
-  job_.printRaw();
+  if (hasPages()) job_.printRaw();
+}
+
+void PrintPanel::CmdPaper_Click() {
+  if (hasPages()) job_.showPaper();
 }
 
 void PrintPanel::Comtear_Change() {

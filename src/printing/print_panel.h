@@ -49,6 +49,7 @@ class PrintPanel {
   void ChL_Click();
 
   void CmdOk_Click();
+  void CmdPaper_Click();
 
  private:
   void bindLook();
@@ -56,6 +57,7 @@ class PrintPanel {
   /// Writes a setting that differs from what is stored.
   void keep(ReportViewKey key, const std::string& text) const;
 
+  bool hasPages();
   void showDefaultPrinter();
   void addNewPrinters();
 

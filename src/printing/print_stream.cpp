@@ -79,14 +79,18 @@ void PrinterLines::end() {
   out_.clear();
 }
 
-std::uint64_t writePrintStream(InputFile& file, const PrintStreamSettings& settings,
+TextSource textOf(InputFile& file) {
+  return [&file](const ByteSink& sink) { file.read(sink); };
+}
+
+std::uint64_t writePrintStream(const TextSource& text, const PrintStreamSettings& settings,
                                const ByteSink& sink) {
   sendSetup(settings, sink);
   std::uint64_t plain = 0;
   PrinterLines lines(sink);
   for (int copy = 0; copy < settings.copies; ++copy) {
     PrinterLetters letters(settings.codeTable, [&](std::string_view block) { lines.block(block); });
-    file.read([&](std::string_view block) { letters.block(block); });
+    text([&](std::string_view block) { letters.block(block); });
     letters.end();
     lines.end();
     plain = letters.plain();

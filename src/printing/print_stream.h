@@ -49,10 +49,14 @@ class PrinterLines {
   bool heldReturn_ = false;  // and a CR at their end that may belong to a line end
 };
 
-/// The whole job: set-up, the report file as often as there are copies, the feed behind it. Memory
-/// does not grow with the file. Gives the number of letters that the printer lacks, and gets as
-/// plain ones, in one copy. An AutomationError when the file cannot be read.
-std::uint64_t writePrintStream(InputFile& file, const PrintStreamSettings& settings,
+/// Gives the report text to a sink, as often as it is asked.
+using TextSource = std::function<void(const ByteSink&)>;
+TextSource textOf(InputFile& file);
+
+/// The whole job: set-up, the report text as often as there are copies, the feed behind it. Memory
+/// does not grow with the text. Gives the number of letters that the printer lacks, and gets as
+/// plain ones, in one copy. What the source raises goes through.
+std::uint64_t writePrintStream(const TextSource& text, const PrintStreamSettings& settings,
                                const ByteSink& sink);
 
 }  // namespace paperway

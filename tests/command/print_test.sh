@@ -59,6 +59,17 @@ done
 expect 1 'report.txt has 3 pages, and no page 4.' env TMPDIR="$work" $print --pages 4
 [ -z "$(ls -A paperway-*)" ] || fail "work files are left: $(ls -A paperway-*)"
 
+# Letters of the printer, in text alone, behind the command that selects their table.
+expect 0 '' $printers set "A program" --code-table 858
+printf 'Cr\350me \200 \033$\350\350 \227\r\n' >letters.txt
+expect 0 'warning: 1 letter that code page 858 lacks is printed as a plain one.' \
+  "$paperway" print letters.txt --printer "A program"
+{ setup12 && printf '\033(t\003\0\001\054\0\033t\001\0336Cr\212me \325 \033$\350\350 -\r\n'; } |
+  cmp -s - program || fail "letters of code page 858"
+expect 0 '' $printers set "A program" --code-table none
+expect 1 'There is no printer "A progam". Did you mean A program?' \
+  $printers set "A progam" --code-table 437
+
 # Standard input; a printer that nobody chose; one that is nearly right.
 out=$("$paperway" print - --pages 2 --printer "A program" <report.txt 2>&1) || fail "standard input: $out"
 { setup12 && printf '\r\ntwo\r\n\f'; } | cmp -s - program || fail "a page of standard input"
@@ -86,6 +97,22 @@ if $print --pdf all.pdf 2>said; then
   [ "$(cat through.txt)" = $'one\fcafé\f' ] || fail "a PDF through a pipe"
   $print --pages 1 --pdf - >one.pdf && pdftotext one.pdf - | grep -qx one || fail "a PDF to a file"
   [ ! -e - ] || fail "a file named -"
+  # The paper: letters of the printer's table, what is cut, sheets of another height.
+  expect 0 'warning: Pages of 12 inches on sheets of 11 inches: each begins 1 inch lower' \
+    $print --paper-picture paper.pdf --fanfold 11
+  [ "$(pdftotext paper.pdf - | tr -d '\n')" = $'one\ftwo\fcaf\u0398\f\f' ] || fail "paper in 437"
+  [ "$(pdfinfo paper.pdf | awk '/Page size/ { print $3, $5 }')" = "684 792" ] || fail "its size"
+  expect 0 '' $printers set "A program" --code-table 850
+  expect 0 '' $print --pages 3 --printer "A program" --paper-picture paper.pdf
+  [ "$(pdftotext paper.pdf - | tr -d '\n')" = $'café\f' ] || fail "paper in the printer's table"
+  printf '%0200d\r\n' 0 >wide.txt
+  expect 0 'warning: 1 line is cut at the right edge' \
+    "$paperway" print wide.txt --paper-picture wide.png --pins 24
+  file wide.png | grep -q '912 x 1152' || fail "a picture of one sheet"
+  expect 2 'ends in .pdf or .png' $print --paper-picture paper.txt
+  expect 2 'of 1 to 24 inches' $print --paper-picture paper.pdf --fanfold 11x
+  ln -s report.txt link.pdf
+  expect 1 'it is read for what would be written' $print --paper-picture link.pdf
   expect 2 'nothing for a terminal' script -qec "$print --pdf -" /dev/null
 else
   grep -q 'This build has no windows' said || fail "a PDF: $(cat said)"

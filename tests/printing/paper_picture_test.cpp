@@ -89,7 +89,7 @@ class PaperPicture : public testing::Test {
     Places places;
     InputFile file(storage_, report_, "test");
     const PaperShape shape{.width = 60, .height = height, .printable = 50};
-    layOutPaper(file, {settings, {.codeTable = 1252}, shape}, [&](const Sheet& sheet) {
+    layOutPaper({textOf(file), settings, {.codeTable = 1252}, shape}, [&](const Sheet& sheet) {
       for (const SheetText& text : sheet.texts) {
         place(places,
               text.text,

@@ -14,7 +14,7 @@ std::string streamOf(const std::filesystem::path& path, const PrintStreamSetting
   std::string stream;
   headless::Storage storage;
   InputFile file(storage, path, "test");
-  writePrintStream(file, settings, [&](std::string_view piece) { stream += piece; });
+  writePrintStream(textOf(file), settings, [&](std::string_view piece) { stream += piece; });
   return stream;
 }
 

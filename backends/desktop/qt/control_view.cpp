@@ -140,6 +140,8 @@ std::unique_ptr<ControlView> makeView(FormWindow& window, Control& control, QWid
       return makeReportView(window, control, parent);
     case ControlKind::webBrowser:
       return makeBrowserView(window, control, parent);
+    case ControlKind::sheet:
+      return makeSheetView(window, control, parent);
     case ControlKind::timer:
     case ControlKind::menu:
     case ControlKind::menuItem:

@@ -115,7 +115,8 @@ void FormWindow::begin() {
 Control* FormWindow::page() const {
   const std::vector<Control*> order = form_->tabOrder();
   const auto found = std::find_if(order.begin(), order.end(), [](const Control* control) {
-    return control->kind == ControlKind::richText || control->kind == ControlKind::webBrowser;
+    return control->kind == ControlKind::richText || control->kind == ControlKind::webBrowser ||
+           control->kind == ControlKind::sheet;
   });
   return found == order.end() ? nullptr : *found;
 }

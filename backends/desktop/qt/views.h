@@ -11,5 +11,6 @@ std::unique_ptr<ControlView> makeLabelView(FormWindow& window, Control& control,
 std::unique_ptr<ControlView> makeFrameView(FormWindow& window, Control& control, QWidget* parent);
 std::unique_ptr<ControlView> makeReportView(FormWindow& window, Control& control, QWidget* parent);
 std::unique_ptr<ControlView> makeBrowserView(FormWindow& window, Control& control, QWidget* parent);
+std::unique_ptr<ControlView> makeSheetView(FormWindow& window, Control& control, QWidget* parent);
 
 }  // namespace paperway::qt
