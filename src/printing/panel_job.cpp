@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <memory>
+#include <vector>
 
 #include "paperway/automation_error.h"
 #include "paperway/platform/file_system.h"
@@ -25,6 +27,11 @@ Number numberIn(const std::string& text) {
   using Limits = std::numeric_limits<Number>;
   return static_cast<Number>(
       std::clamp<std::int64_t>(wholeNumber(leadingNumber(text)), Limits::min(), Limits::max()));
+}
+
+TextSlice wholeText(std::string bytes) {
+  const std::size_t size = bytes.size();
+  return {SharedText::of(std::move(bytes)), 0, size};
 }
 
 /// CmdOk.Tag says that pages are being drawn.
@@ -122,31 +129,31 @@ void PanelJob::PrintReport() {
 
 /// Of the chosen pages, as they are now: the window may turn to others.
 TextSource PanelJob::rawText() const {
-  if (form_.Op[1].Value) {
-    return [text = form_.Rt1.Text.get()](const ByteSink& sink) { sink(text); };
-  }
-  const PageRange pages = form_.chosenPages();
-  const PageTable& known = form_.PageText;
-  if (form_.Op[2].Value) {
-    return [slice = known.shown(pages.first, pages.last)](const ByteSink& sink) {
-      sink(slice.view());
+  if (form_.Op[0].Value) {
+    return [&storage = platform_.storage, path = form_.ReportPath](const ByteSink& sink) {
+      InputFile(storage, path, "PaperPicture").read(sink);
     };
   }
-  return [&storage = platform_.storage, path = form_.ReportPath](const ByteSink& sink) {
-    InputFile(storage, path, "PaperPicture").read(sink);
-  };
+  const PageRange pages = form_.chosenPages();
+  const TextSlice chosen =
+      form_.Op[2].Value ? form_.PageText.shown(pages.first, pages.last) : wholeText(form_.Rt1.Text);
+  return [chosen](const ByteSink& sink) { sink(chosen.view()); };
 }
 
-void PanelJob::showPaper() {
+PaperJob PanelJob::paperJob() const {
   PrintFileArguments arguments = rawArguments();
   takeKeptSettings(arguments, platform_, form_.run->ModGuidComp);
-  const PaperJob job{.text = rawText(),
-                     .stream = streamSettings(arguments),
-                     .printer = {.codeTable = firstCodeTable(arguments.codeTable)},
-                     .shape = paperShape(platform_.printers.settings(arguments.printerName),
-                                         arguments.paperHeight & 0xFF)};
-  const auto paper = std::make_shared<FrmPaper>(platform_, documentNameOf(form_.ReportPath), job,
-                                                arguments.sources);
+  return {.text = rawText(),
+          .stream = streamSettings(arguments),
+          .printer = {.codeTable = firstCodeTable(arguments.codeTable)},
+          .shape = paperShape(platform_.printers.settings(arguments.printerName),
+                              arguments.paperHeight & 0xFF)};
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the function moves into the job
+
+void PanelJob::showPaper() {
+  const std::filesystem::path& report = form_.ReportPath;
+  const auto paper = std::make_shared<FrmPaper>(platform_, documentNameOf(report), paperJob(),
+                                                std::vector{report});
   paper->load();
   platform_.windows.show(paper);
 }

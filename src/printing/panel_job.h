@@ -7,6 +7,7 @@
 #include "paperway/platform.h"
 #include "preview/frm_report.h"
 #include "printing/drawn_report.h"
+#include "printing/paper_picture.h"
 #include "printing/print_file.h"
 #include "printing/print_stream.h"
 
@@ -40,6 +41,7 @@ class PanelJob {
   void saveChosenPages();
   PrintFileArguments rawArguments() const;
   TextSource rawText() const;
+  PaperJob paperJob() const;
   std::filesystem::path keepPart(const char* name, const RichTextBox& box);
   void chooseCurrentPrinter();
   void requirePages(const PageRange& pages) const;
