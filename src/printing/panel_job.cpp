@@ -135,8 +135,8 @@ TextSource PanelJob::rawText() const {
     };
   }
   const PageRange pages = form_.chosenPages();
-  const TextSlice chosen =
-      form_.Op[2].Value ? form_.PageText.shown(pages.first, pages.last) : wholeText(form_.Rt1.Text);
+  TextSlice chosen = wholeText(form_.Op[1].Value ? form_.Rt1.Text.get() : "");
+  if (form_.Op[2].Value && !pages.empty()) chosen = form_.PageText.shown(pages.first, pages.last);
   return [chosen](const ByteSink& sink) { sink(chosen.view()); };
 }
 

@@ -53,6 +53,8 @@ TEST_F(FrmPaperTest, ShowsWhatThePanelAsksFor) {
   window_->Tend.Text = "9";
   EXPECT_EQ(firstText(paper()), "page 7");
   EXPECT_EQ(paper().count(), 3);
+  window_->Tst.Text = "999";
+  EXPECT_EQ(firstText(paper()), "");
   window_->Op[1].click();
   window_->Rt1.Text = "edited \xE8";
   EXPECT_EQ(firstText(paper()), "edited \xCE\xA6");
