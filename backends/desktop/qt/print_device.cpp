@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "backends/desktop/qt/document_sink.h"
+#include "backends/desktop/qt/paper_font.h"
 #include "backends/desktop/qt/sheet_files.h"
 #include "util/paper.h"
 
@@ -85,11 +86,7 @@ void PdfJob::begin() {
   left_ = margin(paper.width(), document_.width);
   top_ = margin(paper.height(), document_.height);
   height_ = paper.height();
-  font_ = QFont(QStringLiteral("Courier New"));
-  font_.setStyleHint(QFont::TypeWriter);
-  font_.setFixedPitch(true);
-  font_.setHintingPreference(QFont::PreferNoHinting);
-  font_.setKerning(false);
+  font_ = paperFont();
   constexpr double kReference = 100;  // points
   font_.setPointSizeF(kReference);
   const double advance = QFontMetricsF(font_, writer_.get()).horizontalAdvance(QLatin1Char('0'));

@@ -3,6 +3,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include "backends/desktop/qt/paper_font.h"
+
 namespace paperway::qt {
 namespace {
 
@@ -31,11 +33,7 @@ QColor inkOf(std::uint32_t color) {
 
 }  // namespace
 
-SheetPainter::SheetPainter() : font_(QStringLiteral("Courier New")) {
-  font_.setStyleHint(QFont::TypeWriter);
-  font_.setFixedPitch(true);
-  font_.setHintingPreference(QFont::PreferNoHinting);
-  font_.setKerning(false);
+SheetPainter::SheetPainter() : font_(paperFont()) {
   constexpr int kReference = 1000;  // pixels
   font_.setPixelSize(kReference);
   const double advance = QFontMetricsF(font_).horizontalAdvance(QLatin1Char('0'));
