@@ -11,6 +11,7 @@
 
 #include "apps/paperway/commands.h"
 #include "apps/paperway/desk.h"
+#include "apps/paperway/draw_paper.h"
 #include "apps/paperway/machine.h"
 #include "apps/paperway/print_options.h"
 #include "apps/paperway/printer_choice.h"

@@ -48,9 +48,4 @@ class FileToPrint {
   std::optional<desktop::WorkFile> part_;
 };
 
-/// Draws the paper that the job of these options would print. A CLI::ValidationError when they ask
-/// for no picture that can be made.
-void requirePaperPicture(const PrintOptions& options);
-void drawPaper(PrintOptions options);
-
 }  // namespace paperway::command

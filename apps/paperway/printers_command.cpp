@@ -51,13 +51,15 @@ void remove(const std::string& name) {
                            didYouMean(name, names));
 }
 
-/// Printers outlive what is said of them: "none" takes it back also of one that has gone.
+/// "none" takes back also what was said of a printer that has gone.
 void setCodeTable(const std::string& name, const std::string& table) {
   Machine machine;
   UserPrinters user;
   const int number = table == "none" ? 0 : std::stoi(table);
-  if (number != 0) requirePrinter(name, user.printers);
-  keepCodeTable(machine.platform().userStore, name, number);
+  UserStore& store = machine.platform().userStore;
+  const bool takesBack = number == 0 && keptCodeTable(store, name) != 0;
+  if (!takesBack) requirePrinter(name, user.printers);
+  keepCodeTable(store, name, number);
 }
 
 std::string ruler(const std::string& pitch, int columns, const std::string& title) {

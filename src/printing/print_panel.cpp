@@ -307,14 +307,18 @@ std::string PrintPanel::fitText() {
   return fit + (fit.empty() || plain.empty() ? "" : ". ") + plain;
 }
 
+PageRanges PrintPanel::knownPages(const PageRange& pages) const {
+  return PageRanges(pages).within(form_.PageCount());
+}
+
 /// The current page is printed as it is on show, with edits.
 void PrintPanel::eachRawBlock(const PageRange& pages,
                               const std::function<void(std::string_view)>& take) const {
-  const PageTable& known = form_.PageText;
   if (!form_.Op[1].Value) {
-    const std::int64_t last = std::min(pages.last, known.PageCount() - 1);
-    const std::int64_t first = std::max<std::int64_t>(pages.first, 0);
-    if (first <= last) take(known.shown(first, last).view().substr(0, kMeasuredBytes));
+    const PageRanges known = knownPages(pages);
+    for (const PageRange& range : known.ranges()) {
+      take(form_.PageText.shown(range.first, range.last).view().substr(0, kMeasuredBytes));
+    }
     return;
   }
   const TextBuffer& shown = form_.Rt1.buffer();
@@ -327,7 +331,7 @@ void PrintPanel::eachRawBlock(const PageRange& pages,
 
 ReportExtent PrintPanel::rawExtent(const PageRange& pages) const {
   const PrinterPitch pitch(form_.Ch12.Value == 1, form_.Ch17.Value == 1);
-  ExtentScan scan(pitch, Pen::Widths::printed, pages);
+  ExtentScan scan(pitch, Pen::Widths::printed, knownPages(pages));
   eachRawBlock(pages, [&](std::string_view piece) { scan.block(piece); });
   return scan.end();
 }
@@ -348,8 +352,10 @@ void PrintPanel::showLetters() {
 }
 
 void PrintPanel::CboLetters_Click() {
+  if (form_.CboPrinters.Text.get().empty()) return;
   const int table = static_cast<int>(leadingNumber(form_.CboLetters.Text.get()));
   if (CodePage::byNumber(table) == nullptr && form_.CboLetters.Text.get() != kAsItIs) return;
+  if (keptCodeTable(platform_.userStore, form_.CboPrinters.Text) == table) return;
   keepCodeTable(platform_.userStore, form_.CboPrinters.Text, table);
   showFit();
 }

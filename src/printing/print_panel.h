@@ -64,6 +64,7 @@ class PrintPanel {
   /// Says in the panel what will not fit on the paper.
   void showFit();
   std::string fitText();
+  PageRanges knownPages(const PageRange& pages) const;
   ReportExtent rawExtent(const PageRange& pages) const;
   /// What of these pages is measured, as it would go to a printer.
   void eachRawBlock(const PageRange& pages,

@@ -1,5 +1,7 @@
 #include "util/code_page.h"
 
+#include <algorithm>
+
 #include "util/code_page_tables.h"
 #include "util/text.h"
 
@@ -34,14 +36,13 @@ const CodePage& CodePage::windows1252() {
 }
 
 const CodePage* CodePage::byNumber(int number) {
+  if (number == 1252) return &windows1252();
+  const auto known = std::find(kPrinterCodePages.begin(), kPrinterCodePages.end(), number);
+  if (known == kPrinterCodePages.end()) return nullptr;
   static const std::array<CodePage, kPrinterCodePages.size()> pages = {
       CodePage(kCodePage437), CodePage(kCodePage850), CodePage(kCodePage858),
       CodePage(kCodePage860), CodePage(kCodePage863), CodePage(kCodePage865)};
-  if (number == 1252) return &windows1252();
-  for (std::size_t i = 0; i < pages.size(); ++i) {
-    if (kPrinterCodePages[i] == number) return &pages[i];
-  }
-  return nullptr;
+  return &pages[static_cast<std::size_t>(known - kPrinterCodePages.begin())];
 }
 
 void CodePage::encode(std::string_view utf8, std::string& out) const {

@@ -67,8 +67,10 @@ expect 0 'warning: 1 letter that code page 858 lacks is printed as a plain one.'
 { setup12 && printf '\033(t\003\0\001\054\0\033t\001\0336Cr\212me \325 \033$\350\350 -\r\n'; } |
   cmp -s - program || fail "letters of code page 858"
 expect 0 '' $printers set "A program" --code-table none
-expect 1 'There is no printer "A progam". Did you mean A program?' \
-  $printers set "A progam" --code-table 437
+for table in 437 none; do
+  expect 1 'There is no printer "A progam". Did you mean A program?' \
+    $printers set "A progam" --code-table $table
+done
 
 # Standard input; a printer that nobody chose; one that is nearly right.
 out=$("$paperway" print - --pages 2 --printer "A program" <report.txt 2>&1) || fail "standard input: $out"
@@ -109,6 +111,8 @@ if $print --pdf all.pdf 2>said; then
   expect 0 'warning: 1 line is cut at the right edge' \
     "$paperway" print wide.txt --paper-picture wide.png --pins 24
   file wide.png | grep -q '912 x 1152' || fail "a picture of one sheet"
+  expect 1 'There is no printer "Elsewhere".' $print --printer Elsewhere --paper-picture new.pdf
+  [ ! -e new.pdf ] || fail "the paper of a printer that is not there"
   expect 2 'ends in .pdf or .png' $print --paper-picture paper.txt
   expect 2 'of 1 to 24 inches' $print --paper-picture paper.pdf --fanfold 11x
   ln -s report.txt link.pdf

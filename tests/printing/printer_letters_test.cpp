@@ -54,7 +54,7 @@ TEST(PrinterLetters, AreSelectedByCommandsThatAPrinterFollows) {
   for (const int table : kPrinterCodePages) {
     Tables tables;
     PaperReader reader(tables, {.codeTable = 0});
-    reader.block("\033(t\003\000\001\001\000"s + selectCodeTable(table) + "\xE8");
+    reader.block("\033(t\003\000\001\001\000\033t0"s + selectCodeTable(table) + "\xE8");
     EXPECT_EQ(tables.table, table);
   }
   EXPECT_EQ(selectCodeTable(1252) + selectCodeTable(0), "");

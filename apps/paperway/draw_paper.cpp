@@ -1,4 +1,4 @@
-#include "printing/paper_picture.h"
+#include "apps/paperway/draw_paper.h"
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -6,12 +6,11 @@
 #include <optional>
 
 #include "apps/paperway/desk.h"
-#include "apps/paperway/print_options.h"
 #include "apps/paperway/printer_choice.h"
 #include "apps/paperway/report_input.h"
 #include "paperway/platform/print_device.h"
+#include "printing/paper_picture.h"
 #include "printing/printer_letters.h"
-#include "util/numbers.h"
 
 namespace paperway::command {
 namespace {
@@ -65,9 +64,9 @@ void drawPaper(PrintOptions options) {
   const ReportInput input(options.file, platform.folders);
   options.file = input.path();
   const FileToPrint part(options, platform.storage, platform.folders);
-  const std::string printer = options.printer.empty()
-                                  ? platform.printers.current()
-                                  : printerFor(options.printer, platform.printers);
+  if (!options.printer.empty()) requirePrinter(options.printer, platform.printers);
+  const std::string printer =
+      options.printer.empty() ? platform.printers.current() : options.printer;
   PrintFileArguments arguments = rawArguments(options, part.path(), input.source());
   arguments.codeTable = keptCodeTable(platform.userStore, printer);
   InputFile file(platform.storage, part.path(), "PaperPicture");
